@@ -1,0 +1,85 @@
+#pragma once
+
+#include <narmeta/infra/ZELProductStructure.h>
+
+#include <chrono>
+
+namespace NarMetaInfra
+{
+
+/// Called with the share done, from 0 to 1; sets the flag to stop. Null when nobody listens.
+using Progress = void (*)(double done, bool& cancel);
+
+/// How a read or a write ended.
+enum class IoOutcome {
+    Done,
+    /// No such file, no permission, a folder, not a regular file, a fault of the disk.
+    CannotRead,
+    /// Of no known kind, or broken.
+    Damaged,
+    /// Read well, but it holds nothing that can be shown.
+    NothingToShow,
+    /// Stopped by the caller, or over a limit of size or time.
+    Cancelled,
+    CannotWrite
+};
+
+/// A stage of a read and the time that it took.
+struct StageTiming {
+    std::wstring name;
+    std::chrono::duration<double> seconds{};
+};
+
+/// A kind of file, for the file dialogs. Extensions without a dot, in lower case.
+struct FileFormat {
+    std::wstring name;
+    std::vector<std::wstring> extensions;
+};
+
+/// Reads and writes models. What a file is is told by its first bytes, not by its name.
+class ZelIO
+{
+public:
+    /// Asks for visualisation data in place of bodies; see IsGraphicalMode.
+    void RequestGraphicalMode(bool graphical) { requestGraphical_ = graphical; }
+    /// What the last read gave: the reader of a format that knows no bodies refuses false, and the other way
+    /// round.
+    bool IsGraphicalMode() const { return graphical_; }
+    void SetReadPersistentNames(bool read) { persistentNames_ = read; }
+    void SetUseOccurrenceData(bool use) { occurrenceData_ = use; }
+    /// At least 1.
+    void SetNumProcessors(unsigned count) { processors_ = count ? count : 1; }
+
+    /// Fills @p structure, which keeps its contents if this gives false.
+    bool Read(wchar_t const* path, ZELProductStructure* structure, Progress progress);
+    /// The format follows from the extension. The file appears complete or not at all.
+    bool Write(wchar_t const* path, ZELProductStructure const* structure, Progress progress);
+    /// Forgets result, messages and timings; the settings stay.
+    void Reset();
+
+    IoOutcome GetOutcome() const { return outcome_; }
+    /// One line for the user; empty after success.
+    std::wstring const& GetErrorMessage() const { return error_; }
+    std::vector<std::wstring> const& GetWarningMessages() const { return warnings_; }
+    std::vector<StageTiming> const& GetTimings() const { return timings_; }
+    /// Replaces @p report by one line "\t<stage>   <seconds> [s].\n" for each stage of the last read.
+    void GetTimerReport(std::wstring& report) const;
+
+    static std::vector<FileFormat> ImportFormats();
+    static std::vector<FileFormat> ExportFormats();
+
+private:
+    bool fail(IoOutcome outcome, std::wstring cause);
+
+    bool requestGraphical_ = false;
+    bool graphical_ = false;
+    bool persistentNames_ = false;
+    bool occurrenceData_ = false;
+    unsigned processors_ = 1;
+    IoOutcome outcome_ = IoOutcome::Done;
+    std::wstring error_;
+    std::vector<std::wstring> warnings_;
+    std::vector<StageTiming> timings_;
+};
+
+} // namespace NarMetaInfra

@@ -1,0 +1,6 @@
+#pragma once
+
+// The whole model library.
+#include <narmeta/infra/ZELProductStructure.h>
+#include <narmeta/io/ZelIO.h>
+#include <narmeta/visu/MaterialContainer.h>

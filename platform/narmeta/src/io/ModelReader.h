@@ -1,0 +1,70 @@
+#pragma once
+
+#include <narmeta/io/ZelIO.h>
+
+#include <filesystem>
+#include <span>
+#include <string_view>
+
+namespace NarMetaInfra
+{
+
+/// What to read and how.
+struct ReadRequest {
+    std::filesystem::path path;
+    bool graphical = false;
+    bool persistentNames = false;
+    bool occurrenceData = false;
+    unsigned processors = 1;
+    Progress progress = nullptr;
+
+    /// Reports the share done; true if the reader shall stop.
+    bool Report(double done) const
+    {
+        bool cancel = false;
+        if (progress) progress(done, cancel);
+        return cancel;
+    }
+};
+
+/// How it went. Anything but Done comes with a one-line cause for the user.
+struct ReadResult {
+    IoOutcome outcome = IoOutcome::Done;
+    std::wstring error;
+    std::vector<std::wstring> warnings;
+    std::vector<StageTiming> timings;
+    /// The model holds visualisation data, whatever was asked for.
+    bool graphical = false;
+
+    static ReadResult Failure(IoOutcome outcome, std::wstring error)
+    {
+        return {outcome, std::move(error), {}, {}, false};
+    }
+};
+
+/// How sure a reader is that a file is its own.
+enum class Confidence {
+    No,
+    /// Nothing in the contents speaks against it, and the extension speaks for it.
+    ByName,
+    /// The contents look like it.
+    Likely,
+    /// The contents have the format's own mark.
+    Certain
+};
+
+/// Reads one family of files into a model.
+class ModelReader
+{
+public:
+    virtual ~ModelReader() = default;
+
+    virtual FileFormat Format() const = 0;
+    /// @p head: the first bytes of the file, up to ReaderRegistry::HeadSize. @p extension: in lower case, no
+    /// dot.
+    virtual Confidence Recognise(std::string_view head, std::string_view extension) const = 0;
+    /// @p model is empty at the start and thrown away unless the outcome is Done. Must not throw.
+    virtual ReadResult Read(ReadRequest const& request, ZELProductStructure& model) const = 0;
+};
+
+} // namespace NarMetaInfra
