@@ -1,0 +1,56 @@
+#pragma once
+#include "DrawList.h"
+#include "MeshStore.h"
+#include "Target.h"
+
+namespace HPS::render
+{
+
+struct FrameCounts {
+    std::uint64_t triangles = 0;
+    std::uint64_t lineSegments = 0;
+    std::uint64_t markers = 0;
+    std::uint32_t records = 0;       ///< drawn
+    std::uint32_t culledRecords = 0; ///< found outside the window
+    std::uint32_t calls = 0;         ///< draw calls to the driver
+    bool uploadedInstances = false;  ///< false as long as only the camera changes
+};
+
+/// Draws draw lists into targets; one per canvas. Keeps the instances of the last list on the device, so that
+/// a frame that differs by the camera alone uploads no more than its list of visible records.
+class Frame
+{
+public:
+    Frame() = default;
+    ~Frame();
+    Frame(Frame const&) = delete;
+    Frame& operator=(Frame const&) = delete;
+
+    /// Needs the device's context to be current. The picture is resolved and complete on return.
+    FrameCounts draw(Target const& target, DrawList const& list, Scene const& scene);
+
+private:
+    struct Command {
+        std::uint32_t indexCount, instanceCount, firstIndex, baseVertex, baseInstance;
+    };
+    struct Batch {
+        Pipeline pipeline;
+        std::size_t firstCommand, commandCount;
+        unsigned instances; ///< buffer that the commands' instances come from
+    };
+
+    void upload(DrawList const& list);
+    void choose(DrawList const& list, class Viewing const& viewing, FaceStyle style, FrameCounts& counts);
+    void chooseTransparent(DrawList const& list, class Viewing const& viewing);
+    void push(Pipeline const& pipeline, unsigned instances, MeshRange const& range, std::uint32_t instance);
+    void submit(Batch const& batch, FaceStyle style) const;
+
+    unsigned instanceBuffer_ = 0, sortedBuffer_ = 0, commandBuffer_ = 0, frameBuffer_ = 0;
+    std::uint64_t uploaded_ = 0; ///< version of the list in `instanceBuffer_`
+    std::vector<Command> commands_;
+    std::vector<Batch> batches_;
+    std::vector<std::uint32_t> transparent_; ///< visible transparent records of this frame
+    std::vector<Instance> sorted_;           ///< their instances, from back to front
+};
+
+} // namespace HPS::render

@@ -1,0 +1,193 @@
+#include "MeshStore.h"
+#include "Device.h"
+#include "shaders.h"
+#include <cstddef>
+#include <epoxy/gl.h>
+#include <utility>
+#include <vector>
+
+namespace HPS::render
+{
+namespace
+{
+
+constexpr unsigned meshBinding = 0, instanceBinding = 1;
+
+struct Format {
+    unsigned attribute;
+    int count;
+    GLenum type;
+    bool normalised;
+    unsigned offset;
+};
+
+void describe(unsigned array, unsigned binding, std::span<Format const> formats)
+{
+    for (Format const& f : formats) {
+        glEnableVertexArrayAttrib(array, f.attribute);
+        glVertexArrayAttribBinding(array, f.attribute, binding);
+        if (f.type == GL_UNSIGNED_INT)
+            glVertexArrayAttribIFormat(array, f.attribute, f.count, f.type, f.offset);
+        else
+            glVertexArrayAttribFormat(array, f.attribute, f.count, f.type, f.normalised ? GL_TRUE : GL_FALSE,
+                                      f.offset);
+    }
+}
+
+constexpr Format faceFormats[] = {
+    {Position, 3, GL_FLOAT, false, offsetof(FaceVertex, position)},
+    {NormalOrEnd, 4, GL_SHORT, true, offsetof(FaceVertex, normal)},
+    {VertexColour, 4, GL_UNSIGNED_BYTE, true, offsetof(FaceVertex, colour)},
+};
+constexpr Format lineFormats[] = {
+    {Position, 3, GL_FLOAT, false, offsetof(LineSegment, from)},
+    {NormalOrEnd, 3, GL_FLOAT, false, offsetof(LineSegment, to)},
+};
+constexpr Format markerFormats[] = {{Position, 3, GL_FLOAT, false, 0}};
+constexpr Format instanceFormats[] = {
+    {Row0, 4, GL_FLOAT, false, offsetof(Instance, rows)},
+    {Row1, 4, GL_FLOAT, false, offsetof(Instance, rows) + 16},
+    {Row2, 4, GL_FLOAT, false, offsetof(Instance, rows) + 32},
+    {Colour, 4, GL_UNSIGNED_BYTE, true, offsetof(Instance, colour)},
+    {Size, 1, GL_FLOAT, false, offsetof(Instance, size)},
+    {Flags, 1, GL_UNSIGNED_INT, false, offsetof(Instance, flags)},
+};
+
+constexpr GLsizei vertexSizes[] = {sizeof(FaceVertex), sizeof(LineSegment), sizeof(Point)};
+
+template <class T> std::vector<T> fourTimes(std::span<T const> elements)
+{
+    std::vector<T> quads;
+    quads.reserve(elements.size() * 4);
+    for (T const& e : elements) quads.insert(quads.end(), 4, e);
+    return quads;
+}
+
+} // namespace
+
+Mesh::Mesh(Mesh&& other) noexcept
+{
+    *this = std::move(other);
+}
+
+Mesh& Mesh::operator=(Mesh&& other) noexcept
+{
+    std::swap(primitive_, other.primitive_);
+    std::swap(range_, other.range_);
+    std::swap(vertexCount_, other.vertexCount_);
+    std::swap(box_, other.box_);
+    return *this;
+}
+
+Mesh::~Mesh()
+{
+    if (!empty()) MeshStore::instance().remove(*this);
+}
+
+MeshStore& MeshStore::instance()
+{
+    static MeshStore* const store = new MeshStore; // as long-lived as the device, see there
+    return *store;
+}
+
+MeshStore::MeshStore()
+{
+    glCreateVertexArrays(4, arrays_);
+    std::span<Format const> const formats[] = {faceFormats, lineFormats, markerFormats};
+    for (int i = 0; i < 3; ++i) {
+        describe(arrays_[i], meshBinding, formats[i]);
+        describe(arrays_[i], instanceBinding, instanceFormats);
+        glVertexArrayBindingDivisor(arrays_[i], instanceBinding, 1);
+    }
+}
+
+Arena& MeshStore::vertices(Primitive primitive)
+{
+    switch (primitive) {
+    case Primitive::Faces:
+        return faceVertices_;
+    case Primitive::Lines:
+        return lineVertices_;
+    case Primitive::Markers:
+        return markerVertices_;
+    }
+    return faceVertices_;
+}
+
+Mesh MeshStore::addFaces(std::span<FaceVertex const> vertices, std::span<std::uint32_t const> indices)
+{
+    Mesh mesh;
+    if (indices.empty()) return mesh;
+    for (FaceVertex const& v : vertices) mesh.box_.add(v.position[0], v.position[1], v.position[2]);
+    mesh.range_.baseVertex = faceVertices_.add(std::as_bytes(vertices));
+    mesh.range_.firstIndex = faceIndices_.add(std::as_bytes(indices));
+    mesh.range_.indexCount = std::uint32_t(indices.size());
+    mesh.vertexCount_ = std::uint32_t(vertices.size());
+    return mesh;
+}
+
+Mesh MeshStore::addLines(std::span<LineSegment const> segments)
+{
+    Box box;
+    for (LineSegment const& s : segments) {
+        box.add(s.from[0], s.from[1], s.from[2]);
+        box.add(s.to[0], s.to[1], s.to[2]);
+    }
+    std::vector<LineSegment> const quads = fourTimes(segments);
+    return addQuads(Primitive::Lines, std::as_bytes(std::span(quads)), std::uint32_t(segments.size()), box);
+}
+
+Mesh MeshStore::addMarkers(std::span<Point const> points)
+{
+    Box box;
+    for (Point const& p : points) box.add(p.position[0], p.position[1], p.position[2]);
+    std::vector<Point> const quads = fourTimes(points);
+    return addQuads(Primitive::Markers, std::as_bytes(std::span(quads)), std::uint32_t(points.size()), box);
+}
+
+Mesh MeshStore::addQuads(Primitive primitive, std::span<std::byte const> data, std::uint32_t quads,
+                         Box const& box)
+{
+    Mesh mesh;
+    if (quads == 0) return mesh;
+    if (quads > quadCapacity_) {
+        quadCapacity_ = std::max(quads, std::max(quadCapacity_ * 2, 4096u));
+        std::vector<std::uint32_t> indices;
+        indices.reserve(std::size_t(quadCapacity_) * 6);
+        for (std::uint32_t q = 0; q < quadCapacity_; ++q)
+            for (std::uint32_t corner : {0u, 1u, 2u, 2u, 1u, 3u}) indices.push_back(q * 4 + corner);
+        if (quadIndices_ != 0) glDeleteBuffers(1, &quadIndices_);
+        glCreateBuffers(1, &quadIndices_);
+        glNamedBufferStorage(quadIndices_, GLsizeiptr(indices.size() * sizeof(std::uint32_t)), indices.data(),
+                             0);
+    }
+    mesh.primitive_ = primitive;
+    mesh.box_ = box;
+    mesh.range_ = {0, quads * 6, vertices(primitive).add(data)};
+    mesh.vertexCount_ = quads * 4;
+    return mesh;
+}
+
+void MeshStore::remove(Mesh const& mesh)
+{
+    vertices(mesh.primitive_).remove(mesh.range_.baseVertex, mesh.vertexCount_);
+    if (mesh.primitive_ == Primitive::Faces)
+        faceIndices_.remove(mesh.range_.firstIndex, mesh.range_.indexCount);
+}
+
+void MeshStore::bindNothing()
+{
+    glBindVertexArray(arrays_[3]);
+}
+
+void MeshStore::bind(Primitive primitive, unsigned instanceBuffer)
+{
+    auto const i = std::size_t(primitive);
+    glBindVertexArray(arrays_[i]);
+    glVertexArrayVertexBuffer(arrays_[i], meshBinding, vertices(primitive).buffer(), 0, vertexSizes[i]);
+    glVertexArrayVertexBuffer(arrays_[i], instanceBinding, instanceBuffer, 0, sizeof(Instance));
+    glVertexArrayElementBuffer(arrays_[i],
+                               primitive == Primitive::Faces ? faceIndices_.buffer() : quadIndices_);
+}
+
+} // namespace HPS::render

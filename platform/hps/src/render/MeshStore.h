@@ -1,0 +1,86 @@
+#pragma once
+#include "Arena.h"
+#include "DrawList.h"
+#include <memory>
+#include <span>
+
+namespace HPS::render
+{
+
+/// A corner of a triangle as it lies in the device's memory.
+struct FaceVertex {
+    float position[3];
+    std::int16_t normal[3]; ///< length 32767, or zero: the triangle's own normal serves
+    std::int16_t ownColour; ///< 32767: `colour` counts, 0: the instance's does
+    std::uint8_t colour[4]; ///< its alpha is multiplied by the instance's
+};
+static_assert(sizeof(FaceVertex) == 24);
+
+struct LineSegment {
+    float from[3];
+    float to[3];
+};
+
+struct Point {
+    float position[3];
+};
+
+class MeshStore;
+
+/// An uploaded mesh; gives its place back when it goes. At most one of the three kinds.
+class Mesh
+{
+public:
+    Mesh() = default;
+    Mesh(Mesh&& other) noexcept;
+    Mesh& operator=(Mesh&& other) noexcept;
+    ~Mesh();
+
+    MeshRange const& range() const { return range_; }
+    Box const& box() const { return box_; }
+    bool empty() const { return range_.indexCount == 0; }
+
+private:
+    friend class MeshStore;
+    Primitive primitive_ = Primitive::Faces;
+    MeshRange range_;
+    std::uint32_t vertexCount_ = 0;
+    Box box_;
+};
+
+/// All vertices of the process, in one buffer per primitive, so that meshes of one kind draw in one call.
+/// Needs the device's context to be current.
+class MeshStore
+{
+public:
+    static MeshStore& instance();
+
+    /// `indices` count from the first of `vertices`, three a triangle.
+    Mesh addFaces(std::span<FaceVertex const> vertices, std::span<std::uint32_t const> indices);
+    Mesh addLines(std::span<LineSegment const> segments);
+    Mesh addMarkers(std::span<Point const> points);
+
+    /// Makes the vertex array of a primitive current, with the instances read from `instanceBuffer`.
+    void bind(Primitive primitive, unsigned instanceBuffer);
+
+    /// For a draw without vertices: core OpenGL wants some vertex array all the same.
+    void bindNothing();
+
+private:
+    friend class Mesh;
+    MeshStore();
+    void remove(Mesh const& mesh);
+    Mesh addQuads(Primitive primitive, std::span<std::byte const> vertices, std::uint32_t quads,
+                  Box const& box);
+    Arena& vertices(Primitive primitive);
+
+    Arena faceVertices_{sizeof(FaceVertex)};
+    Arena faceIndices_{sizeof(std::uint32_t)};
+    Arena lineVertices_{sizeof(LineSegment)};
+    Arena markerVertices_{sizeof(Point)};
+    unsigned quadIndices_ = 0; ///< 0 1 2 2 1 3, 4 5 6 6 5 7, ...
+    std::uint32_t quadCapacity_ = 0;
+    unsigned arrays_[4] = {}; ///< by Primitive, and an empty one
+};
+
+} // namespace HPS::render

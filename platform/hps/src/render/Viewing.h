@@ -1,0 +1,36 @@
+#pragma once
+#include "DrawList.h"
+
+namespace HPS::render
+{
+
+/// A camera worked out for a window: axes, depth range, the way to the screen and what it sees of the world.
+///
+/// View coordinates have x to the right, y up and z to the viewer, and count from the camera's target, which
+/// keeps them small wherever in the world the camera looks.
+struct Viewing {
+    /// The depth range is fitted around `bounds`.
+    Viewing(Camera const& camera, int width, int height, Box const& bounds);
+
+    Vec3 right, up, back; ///< axes of the view in the world
+    Vec3 target;
+    double distance; ///< of the eye from the target
+    bool perspective;
+    double halfWidth, halfHeight; ///< of what the window shows at the target
+    double nearest, farthest;     ///< distances from the eye
+    Mat4 projection;              ///< from view coordinates to clip coordinates
+
+    Vec3 toView(Vec3 const& world) const;
+
+    /// False only for a box that certainly lies outside what the window shows.
+    bool sees(Box const& world) const;
+
+private:
+    struct Plane {
+        Vec3 normal; ///< inwards
+        double offset;
+    };
+    std::array<Plane, 4> sides_; ///< in the world; near and far hold all by construction
+};
+
+} // namespace HPS::render

@@ -1,0 +1,258 @@
+#include "shaders.h"
+#include <array>
+#include <epoxy/gl.h>
+#include <string>
+
+namespace HPS::render
+{
+namespace
+{
+
+// The layout is that of FrameBlock in Frame.cpp.
+char const* const frameBlock = R"(#version 450 core
+struct Light { vec4 direction; vec4 colour; };
+layout(std140, binding = 0) uniform FrameBlock {
+    mat4 rotation;      // world axes to x right, y up, z to the viewer
+    mat4 projection;
+    vec4 target;        // in the world; view coordinates count from here, which keeps them small
+    vec4 eye;           // in view coordinates; w is 1 for a perspective
+    vec4 viewport;      // width, height in pixels
+    vec4 backgroundTop;
+    vec4 backgroundBottom;
+    Light lights[4];
+    ivec4 options;      // number of lights, flat
+};
+)";
+
+char const* const instanceAttributes = R"(
+layout(location = 0) in vec3 position;
+layout(location = 3) in vec4 row0;
+layout(location = 4) in vec4 row1;
+layout(location = 5) in vec4 row2;
+layout(location = 6) in vec4 colour;
+layout(location = 7) in float size;
+layout(location = 8) in uint flags;
+vec3 toView(vec3 p) {
+    vec4 h = vec4(p, 1.0);
+    return mat3(rotation) * (vec3(dot(row0, h), dot(row1, h), dot(row2, h)) - target.xyz);
+}
+float pixels(float w) {
+    return (flags & 8u) != 0u ? size * projection[1][1] * viewport.y * 0.5 / max(w, 1e-9) : size;
+}
+)";
+
+char const* const backgroundVertex = R"(
+out vec3 tint;
+void main() {
+    vec2 corner = vec2((gl_VertexID & 1) * 4 - 1, (gl_VertexID & 2) * 2 - 1);
+    tint = mix(backgroundBottom.rgb, backgroundTop.rgb, corner.y * 0.5 + 0.5);
+    gl_Position = vec4(corner, 0.0, 1.0);
+})";
+
+char const* const backgroundFragment = R"(
+in vec3 tint;
+layout(location = 0) out vec4 result;
+void main() { result = vec4(tint, 1.0); })";
+
+// The normal goes by the cofactors of the matrix: right for any scale, and a mirror's sign is settled per
+// pixel.
+char const* const facesVertex = R"(
+layout(location = 1) in vec4 normal;
+layout(location = 2) in vec4 vertexColour;
+out vec3 place;
+out vec3 direction;
+out vec4 tint;
+flat out uint bits;
+void main() {
+    place = toView(position);
+    direction = mat3(rotation) * vec3(dot(cross(row1.xyz, row2.xyz), normal.xyz),
+                                      dot(cross(row2.xyz, row0.xyz), normal.xyz),
+                                      dot(cross(row0.xyz, row1.xyz), normal.xyz));
+    tint = normal.w > 0.5 ? vec4(vertexColour.rgb, vertexColour.a * colour.a) : colour;
+    bits = flags;
+    gl_Position = projection * vec4(place, 1.0);
+})";
+
+// Which side a normal belongs to is decided by the triangle itself, not by the normal: a normal that leans
+// over the silhouette must not jump to the other side.
+char const* const facesFragment = R"(
+in vec3 place;
+in vec3 direction;
+in vec4 tint;
+flat in uint bits;
+layout(location = 0) out vec4 result;
+void main() {
+#ifdef TRANSPARENT
+    if ((bits & (gl_FrontFacing ? 4u : 2u)) != 0u) discard;
+#endif
+    vec3 viewer = eye.w > 0.5 ? eye.xyz - place : vec3(0.0, 0.0, 1.0);
+    vec3 face = cross(dFdx(place), dFdy(place));
+    if (dot(face, viewer) < 0.0) face = -face;
+    float square = dot(direction, direction);
+    vec3 n = options.y != 0 || square < 1e-20 ? face : direction;
+    n *= inversesqrt(max(dot(n, n), 1e-30));
+    if (dot(n, face) < 0.0) n = -n;
+    vec3 v = normalize(viewer);
+
+    // Sky, ground and a weak lamp at the viewer give every side a shade of its own before any light falls.
+    vec3 diffuse = vec3(0.34 + 0.13 * n.y + 0.27 * max(dot(n, v), 0.0));
+    vec3 gloss = vec3(0.0);
+    for (int i = 0; i < options.x; ++i) {
+        vec3 l = lights[i].direction.xyz;
+        diffuse += lights[i].colour.rgb * max(dot(n, l), 0.0);
+        float h = max(dot(n, normalize(l + v)), 0.0);
+        h *= h; h *= h; h *= h; h *= h; h *= h;
+        gloss += lights[i].colour.rgb * (0.25 * h);
+    }
+    vec3 lit = tint.rgb * diffuse + gloss;
+    result = vec4((bits & 1u) != 0u || options.x == 0 ? tint.rgb : min(lit, vec3(1.0)), tint.a);
+})";
+
+// Four vertices hold the same two ends; which corner of the strip one is, its number tells.
+char const* const linesVertex = R"(
+layout(location = 1) in vec3 end;
+flat out vec4 tint;
+void main() {
+    vec4 a = projection * vec4(toView(position), 1.0);
+    vec4 b = projection * vec4(toView(end), 1.0);
+    // An end behind the near plane has no place on the screen: the segment is cut there first.
+    float da = a.z + a.w, db = b.z + b.w;
+    if (da < 0.0 && db > 0.0) a = mix(a, b, da / (da - db));
+    else if (db < 0.0 && da > 0.0) b = mix(b, a, db / (db - da));
+    vec2 along = (b.xy / b.w - a.xy / a.w) * viewport.xy;
+    float l = length(along);
+    along = l > 1e-6 ? along / l : vec2(1.0, 0.0);
+    bool atEnd = (gl_VertexID & 2) != 0;
+    vec4 p = atEnd ? b : a;
+    float halfWidth = 0.5 * pixels(p.w);
+    vec2 across = vec2(-along.y, along.x) * ((gl_VertexID & 1) != 0 ? halfWidth : -halfWidth);
+    // Half a width beyond each end closes the corners of a polyline.
+    vec2 offset = across + along * (atEnd ? halfWidth : -halfWidth);
+    tint = colour;
+    gl_Position = p + vec4(offset * 2.0 / viewport.xy * p.w, 0.0, 0.0);
+})";
+
+char const* const linesFragment = R"(
+flat in vec4 tint;
+layout(location = 0) out vec4 result;
+void main() { result = tint; })";
+
+char const* const markersVertex = R"(
+flat out vec4 tint;
+flat out uint glyph;
+flat out float radius;
+out vec2 place;
+void main() {
+    gl_Position = projection * vec4(toView(position), 1.0);
+    radius = 0.5 * pixels(gl_Position.w);
+    // One pixel of margin for the soft rim.
+    place = vec2((gl_VertexID & 2) - 1, (gl_VertexID & 1) * 2 - 1) * (radius + 1.0);
+    gl_Position.xy += place * 2.0 / viewport.xy * gl_Position.w;
+    tint = colour;
+    glyph = flags >> 8;
+})";
+
+// Distances to the rim in pixels, negative inside. Numbers as in Glyph.
+char const* const markersFragment = R"(
+flat in vec4 tint;
+flat in uint glyph;
+flat in float radius;
+in vec2 place;
+layout(location = 0) out vec4 result;
+float bar(vec2 p, float pen) { return max(abs(p.x) - radius, abs(p.y) - pen); }
+void main() {
+    float pen = max(0.1 * radius, 0.6);
+    vec2 a = abs(place);
+    vec2 turned = vec2(place.x + place.y, place.y - place.x) * 0.70710678;
+    float disc = length(place) - radius, square = max(a.x, a.y) - radius;
+    float cross = min(bar(place, pen), bar(place.yx, pen));
+    float times = min(bar(turned, pen), bar(turned.yx, pen));
+    float rim = disc;
+    if (glyph == 1u) rim = abs(disc + pen) - pen;
+    if (glyph == 2u) rim = abs(square + pen) - pen;
+    if (glyph == 3u) rim = square;
+    if (glyph == 4u) rim = cross;
+    if (glyph == 5u) rim = times;
+    if (glyph == 6u) rim = min(cross, times);
+    if (glyph == 7u) rim = (a.x + a.y - radius) * 0.70710678;
+    if (glyph == 8u) rim = max(-place.y - 0.5 * radius, 0.8660254 * a.x + 0.5 * place.y - 0.5 * radius);
+    float cover = clamp(0.5 - rim, 0.0, 1.0);
+    if (cover <= 0.0) discard;
+    result = vec4(tint.rgb, tint.a * cover);
+})";
+
+struct Sources {
+    char const* attributes;
+    char const* vertex;
+    char const* define;
+    char const* fragment;
+};
+
+// Indexed by Program.
+constexpr std::array<Sources, programCount> sources{{
+    {"", backgroundVertex, "", backgroundFragment},
+    {instanceAttributes, facesVertex, "", facesFragment},
+    {instanceAttributes, facesVertex, "#define TRANSPARENT\n", facesFragment},
+    {instanceAttributes, linesVertex, "", linesFragment},
+    {instanceAttributes, markersVertex, "", markersFragment},
+}};
+
+std::string& failureText()
+{
+    static std::string text;
+    return text;
+}
+
+unsigned compile(GLenum stage, char const* before, char const* body)
+{
+    std::array const parts{frameBlock, before, body};
+    unsigned const shader = glCreateShader(stage);
+    glShaderSource(shader, GLsizei(parts.size()), parts.data(), nullptr);
+    glCompileShader(shader);
+    GLint good = 0;
+    glGetShaderiv(shader, GL_COMPILE_STATUS, &good);
+    if (good != GL_FALSE) return shader;
+    std::array<char, 1024> log{};
+    glGetShaderInfoLog(shader, GLsizei(log.size()), nullptr, log.data());
+    failureText() = log.data();
+    glDeleteShader(shader);
+    return 0;
+}
+
+unsigned link(Sources const& from)
+{
+    unsigned const vertex = compile(GL_VERTEX_SHADER, from.attributes, from.vertex);
+    unsigned const fragment = compile(GL_FRAGMENT_SHADER, from.define, from.fragment);
+    if (vertex == 0 || fragment == 0) return 0;
+    unsigned const linked = glCreateProgram();
+    glAttachShader(linked, vertex);
+    glAttachShader(linked, fragment);
+    glLinkProgram(linked);
+    glDeleteShader(vertex);
+    glDeleteShader(fragment);
+    GLint good = 0;
+    glGetProgramiv(linked, GL_LINK_STATUS, &good);
+    if (good != GL_FALSE) return linked;
+    std::array<char, 1024> log{};
+    glGetProgramInfoLog(linked, GLsizei(log.size()), nullptr, log.data());
+    failureText() = log.data();
+    glDeleteProgram(linked);
+    return 0;
+}
+
+} // namespace
+
+unsigned program(Program which)
+{
+    static std::array<unsigned, programCount> programs{};
+    unsigned& name = programs[std::size_t(which)];
+    if (name == 0) name = link(sources[std::size_t(which)]);
+    return name;
+}
+
+char const* programFailure()
+{
+    return failureText().c_str();
+}
+
+} // namespace HPS::render
