@@ -1,0 +1,45 @@
+#pragma once
+#include <hps/Model.h>
+#include <hps/Sprocket.h>
+#include <hps/Window.h>
+
+namespace HPS
+{
+
+class CameraKit;
+class SegmentKey;
+
+// One look at one model: a segment that carries camera, lights and attributes, and below it the model.
+class View : public SprocketOf<HPS::Type::View>
+{
+public:
+    using SprocketOf::SprocketOf;
+
+    SegmentKey GetSegmentKey() const;
+    // Below the view's segment; the attached model is included here.
+    SegmentKey GetModelIncludeKey() const;
+
+    // Replaces the model attached before. An empty model is the same as `DetachModel`. A view without a
+    // camera takes one that looks at the whole model from its front, right and top.
+    View& AttachModel(Model const& model);
+    View& DetachModel();
+    Model GetAttachedModel() const;
+
+    // Moves the camera along its own direction so that all that is visible fills the window with a small
+    // margin. What is excluded from bounding does not count. False, changing nothing, if there is nothing to
+    // frame.
+    bool FitWorld();
+    // The camera with which `FitWorld` would go on from `camera`.
+    bool ComputeFitWorldCamera(CameraKit const& camera, CameraKit& fitted) const;
+
+    bool SetCamera(CameraKit const& camera);
+    bool ShowCamera(CameraKit& camera) const;
+
+    View& SetRenderingMode(Rendering::Mode mode);
+    Rendering::Mode GetRenderingMode() const;
+
+    // Updates every canvas that shows this view.
+    void Update(Window::UpdateType type = Window::UpdateType::Default) const;
+};
+
+} // namespace HPS

@@ -1,0 +1,27 @@
+// The words of windows and pictures. The numbers are fixed.
+#pragma once
+#include <cstdint>
+
+namespace HPS
+{
+
+namespace Window
+{
+enum class Driver : std::uint32_t { Default3D = 0, OpenGL2 = 1, OffScreen = 2 };
+
+// How much of a picture is made anew.
+enum class UpdateType : std::uint32_t {
+    Default = 0,     // what changed; no picture is drawn if nothing did
+    Complete = 1,    // what changed, and the picture in any case
+    Refresh = 2,     // the picture in any case
+    CompileOnly = 3, // what changed, without a picture
+    Exhaustive = 4   // everything from the ground up
+};
+} // namespace Window
+
+namespace Rendering
+{
+enum class Mode : std::uint32_t { Gouraud = 0, Flat = 2, Phong = 4, HiddenLine = 7, Wireframe = 8 };
+}
+
+} // namespace HPS
