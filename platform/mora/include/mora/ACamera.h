@@ -101,6 +101,8 @@ private:
     /// Unit vectors of the picture: to the right, up, and from the eye to the target.
     struct Frame;
     Frame frame() const;
+    /// Height of the field seen at the target, world units.
+    float fieldHeight() const;
 
     float fieldOfView_ = 0.785398163f; ///< radians
     bool animate_ = false;

@@ -44,15 +44,15 @@ public:
     static constexpr std::int32_t NoItem = -1;
     /// Links are positions in Items().
     struct Item {
-        Id id;
+        Id id = 0;
         Name name;
-        std::int32_t parent;
+        std::int32_t parent = NoItem;
         std::int32_t firstChild = NoItem;
         std::int32_t nextSibling = NoItem;
         std::int32_t childCount = 0;
-        Kind kind;
+        Kind kind = Kind::Item;
         bool visible = true;
-        TreeItemStyles style;
+        TreeItemStyles style = TreeItemStyles::None;
     };
 
     virtual ~TreeBuilder() = default;
@@ -105,12 +105,12 @@ public:
     std::int32_t Find(RenderId const& id) const;
 
 private:
-    void open(Kind kind, Id id, Name const& name, TreeItemStyles style);
+    void open(Kind kind, Id id, Name const& name);
     void close(Kind kind);
-    void resetBuild();
 
     std::vector<Item> items_;
-    std::vector<std::int32_t> lastRootOrChild_; ///< last child of each open node, the last top node first
+    std::vector<std::int32_t>
+        lastSibling_; ///< one per level: the last node at the top, then the last child of each open node
     std::int32_t open_ = NoItem;
     bool building_ = false;
 };
