@@ -6,13 +6,6 @@ namespace MoraCore
 namespace
 {
 
-class PlainSession final : public ASession
-{
-};
-class PlainManager final : public SessionMgr
-{
-};
-
 SessionMgr* installed = nullptr;
 
 } // namespace
@@ -24,7 +17,7 @@ bool IDialogs::AskFileName(std::wstring&)
 
 SessionMgr& SessionMgr::Instance()
 {
-    static PlainManager plain;
+    static SessionMgr plain;
     return installed ? *installed : plain;
 }
 
@@ -41,7 +34,7 @@ IDialogs* SessionMgr::Dialogs()
 
 ASession& SessionMgr::CurrentSession()
 {
-    static PlainSession session;
+    static ASession session;
     return session;
 }
 

@@ -3,6 +3,7 @@
 #include <QFileInfo>
 #include <QSettings>
 #include <QStandardPaths>
+#include <algorithm>
 #include <mora/Settings.h>
 
 namespace ZELVizCore
@@ -29,11 +30,26 @@ std::wstring keepAside(QString const& path)
         .toStdWString();
 }
 
-/// The parser takes nearly anything for a file; one with a NUL byte was never a text.
-bool isText(QString const& path)
+enum class Condition {
+    Sound,
+    Damaged,    ///< some lines are not ours
+    Unreadable, ///< not a text at all
+};
+
+/// The parser takes nearly anything for a file of settings, so what it would pass over is looked for here.
+Condition examine(QString const& path)
 {
     QFile file(path);
-    return file.size() <= largestFile && file.open(QIODevice::ReadOnly) && !file.readAll().contains('\0');
+    if (file.size() > largestFile || !file.open(QIODevice::ReadOnly)) return Condition::Unreadable;
+    QByteArray const content = file.readAll();
+    if (content.contains('\0')) return Condition::Unreadable;
+    auto const lines = content.split('\n');
+    bool const sound = std::all_of(lines.begin(), lines.end(), [](QByteArray const& line) {
+        QByteArray const text = line.trimmed();
+        bool const heading = text.startsWith('[') && text.endsWith(']');
+        return text.isEmpty() || heading || text.startsWith(';') || text.indexOf('=') > 0;
+    });
+    return sound ? Condition::Sound : Condition::Damaged;
 }
 
 } // namespace
@@ -52,13 +68,14 @@ std::vector<std::wstring> Settings::Load(std::wstring const& path)
     std::vector<std::wstring> warnings;
     auto const warn = [&](QString const& text) { warnings.push_back(text.toStdWString()); };
 
-    if (!isText(name)) {
+    Condition const condition = examine(name);
+    if (condition == Condition::Unreadable) {
         warn(QStringLiteral("The settings file \"%1\" can't be read: the defaults are used.").arg(name));
         warnings.push_back(keepAside(name));
         return warnings;
     }
     QSettings file(name, QSettings::IniFormat);
-    if (file.status() != QSettings::NoError)
+    if (condition == Condition::Damaged || file.status() != QSettings::NoError)
         warn(QStringLiteral("The settings file \"%1\" is damaged: what can't be read takes its default.")
                  .arg(name));
     for (Field const& field : Fields()) {
@@ -79,8 +96,9 @@ std::wstring Settings::Save(std::wstring const& path) const
     QString const name = pathOrDefault(path);
     QString const failure = QStringLiteral("The settings can't be written to \"%1\".").arg(name);
     if (!QDir().mkpath(QFileInfo(name).absolutePath())) return failure.toStdWString();
-    // What isn't a text would be carried along as unreadable entries.
-    if (QFileInfo::exists(name) && !isText(name) && !QFile::remove(name)) return failure.toStdWString();
+    // Damaged lines would be carried along as entries.
+    if (QFileInfo::exists(name) && examine(name) != Condition::Sound && !QFile::remove(name))
+        return failure.toStdWString();
     QSettings file(name, QSettings::IniFormat);
     for (Field const& field : Fields())
         file.setValue(QString::fromLatin1(field.name), QString::fromStdString(GetText(field)));

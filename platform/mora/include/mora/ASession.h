@@ -39,6 +39,7 @@ public:
     virtual void PrepareActivation();
     /// False while the document is being replaced and must not be worked on, true afterwards.
     virtual void SetInteractive(bool interactive);
+    virtual ~ASession() = default;
 
     bool IsInteractive() const { return interactive_; }
 
@@ -58,9 +59,6 @@ public:
     std::deque<Message> const& Messages() const { return messages_; }
     void ClearMessages() { messages_.clear(); }
     void EchoToStandardError(bool echo) { echo_ = echo; }
-
-protected:
-    ~ASession() = default;
 
 private:
     IDocumentEvo* document_ = nullptr;

@@ -25,9 +25,7 @@ public:
     virtual ASession& CurrentSession();
     /// Folder of the material library; empty when there is none.
     virtual std::wstring MaterialLibraryDirectory();
-
-protected:
-    ~SessionMgr() = default;
+    virtual ~SessionMgr() = default;
 };
 
 } // namespace MoraCore
