@@ -1,0 +1,17 @@
+#pragma once
+#include <hps/SegmentKey.h>
+
+namespace HPS
+{
+
+// The scene database of the process. It is there from the first use on; it runs on the caller's thread alone.
+class Database
+{
+public:
+    // A segment that nothing holds, unnamed. It stays until it is deleted.
+    static SegmentKey CreateRootSegment();
+    static SegmentKeyArray GetRootSegments();
+    static PortfolioKey CreatePortfolio();
+};
+
+} // namespace HPS

@@ -1,0 +1,92 @@
+#pragma once
+#include <hps/Key.h>
+#include <map>
+#include <optional>
+
+namespace HPS
+{
+
+// What every geometry kit carries beside its shape.
+struct GeometryExtras {
+    std::map<std::int64_t, ByteArray> userData;
+    std::optional<int> priority; // drawn later the higher it is
+    bool operator==(GeometryExtras const&) const = default;
+};
+
+// Base of the geometry kits.
+template <class Self> class GeometryKit
+{
+public:
+    Self& SetUserData(std::int64_t index, std::size_t byteCount, byte const data[])
+    {
+        extras_.userData[index] = byteCount ? ByteArray(data, data + byteCount) : ByteArray();
+        return self();
+    }
+    Self& SetUserData(std::int64_t index, ByteArray const& data)
+    {
+        extras_.userData[index] = data;
+        return self();
+    }
+    Self& SetUserData(IntPtrTArray const& indices, ByteArrayArray const& data)
+    {
+        for (std::size_t i = 0; i < indices.size() && i < data.size(); ++i)
+            extras_.userData[indices[i]] = data[i];
+        return self();
+    }
+    Self& UnsetUserData(std::int64_t index)
+    {
+        extras_.userData.erase(index);
+        return self();
+    }
+    Self& UnsetAllUserData()
+    {
+        extras_.userData.clear();
+        return self();
+    }
+    std::size_t ShowUserDataCount() const { return extras_.userData.size(); }
+    bool ShowUserData(std::int64_t index, ByteArray& data) const
+    {
+        auto const found = extras_.userData.find(index);
+        if (found == extras_.userData.end()) return false;
+        data = found->second;
+        return true;
+    }
+    bool ShowUserData(IntPtrTArray& indices, ByteArrayArray& data) const
+    {
+        indices.clear();
+        data.clear();
+        for (auto const& [index, bytes] : extras_.userData) {
+            indices.push_back(index);
+            data.push_back(bytes);
+        }
+        return !indices.empty();
+    }
+
+    Self& SetPriority(int priority)
+    {
+        extras_.priority = priority;
+        return self();
+    }
+    Self& UnsetPriority()
+    {
+        extras_.priority.reset();
+        return self();
+    }
+    bool ShowPriority(int& priority) const
+    {
+        if (extras_.priority) priority = *extras_.priority;
+        return extras_.priority.has_value();
+    }
+
+    GeometryExtras const& extras() const { return extras_; }
+    GeometryExtras& extras() { return extras_; }
+
+protected:
+    friend bool operator==(GeometryKit const&, GeometryKit const&) = default;
+
+private:
+    Self& self() { return static_cast<Self&>(*this); }
+    GeometryExtras extras_;
+};
+
+} // namespace HPS

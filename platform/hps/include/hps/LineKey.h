@@ -1,0 +1,21 @@
+#pragma once
+#include <hps/GeometryKey.h>
+#include <hps/LineKit.h>
+
+namespace HPS
+{
+
+// A polyline.
+class LineKey : public KeyOf<Type::LineKey, GeometryKey>
+{
+public:
+    using KeyOf::KeyOf;
+    std::size_t GetPointCount() const;
+    // Copies what the database holds into the kit. False, with the kit emptied, for a stale key.
+    bool Show(LineKit& kit) const;
+    // Puts the kit in place of what the database holds and empties it. False, with nothing changed, if the
+    // kit could not be inserted either.
+    bool Consume(LineKit& kit);
+};
+
+} // namespace HPS

@@ -1,0 +1,14 @@
+#pragma once
+#include <hps/LineKit.h>
+
+namespace HPS
+{
+
+// A flat face with its outline; at least one point. The first point may stand again at the end.
+class PolygonKit : public PointChainKit<PolygonKit>
+{
+public:
+    friend bool operator==(PolygonKit const&, PolygonKit const&) = default;
+};
+
+} // namespace HPS
