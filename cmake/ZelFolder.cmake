@@ -6,6 +6,10 @@
 function(zel_folder name)
     cmake_parse_arguments(ARG "" "" "LINKS;USES" ${ARGN})
     file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
+    if(NOT sources) # a folder that waits for its first file
+        file(TOUCH ${CMAKE_CURRENT_BINARY_DIR}/empty.cpp)
+        set(sources ${CMAKE_CURRENT_BINARY_DIR}/empty.cpp)
+    endif()
     add_library(${name} OBJECT ${sources})
     set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX)
     target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
