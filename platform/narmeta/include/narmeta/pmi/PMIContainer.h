@@ -14,6 +14,8 @@ public:
     using Sets = std::vector<std::shared_ptr<PMIAnnotationSet>>;
 
     void AddAnnotationSet(std::wstring const& pid, std::shared_ptr<PMIAnnotationSet> set);
+    /// For an owner whose PID changes.
+    void RenameOwner(std::wstring const& from, std::wstring const& to);
     std::map<std::wstring, Sets> const& GetOwners() const { return sets_; }
 
     bool HasPMI() const { return !sets_.empty(); }

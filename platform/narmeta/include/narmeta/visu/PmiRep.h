@@ -18,6 +18,7 @@ public:
     void AddEdge(std::shared_ptr<EdgeRep> edge) { edges_.push_back(std::move(edge)); }
     void SetMesh(std::shared_ptr<MeshRep> mesh) { mesh_ = std::move(mesh); }
     std::vector<std::shared_ptr<TextRep>> const& GetStrings() const { return strings_; }
+    std::vector<std::shared_ptr<EdgeRep>>& GetEdges() { return edges_; }
     std::vector<std::shared_ptr<EdgeRep>> const& GetEdges() const { return edges_; }
     /// May be empty.
     std::shared_ptr<MeshRep> const& GetMesh() const { return mesh_; }

@@ -39,6 +39,7 @@ public:
     bool HasData() const { return !points_.empty(); }
 
     void AddPoints(std::shared_ptr<PointsRep> points) { points_.push_back(std::move(points)); }
+    std::vector<std::shared_ptr<PointsRep>>& GetPoints() { return points_; }
     std::vector<std::shared_ptr<PointsRep>> const& GetPoints() const { return points_; }
 
 private:

@@ -17,6 +17,8 @@ public:
 
     void AddRootNode(std::wstring const& group, std::shared_ptr<Node> root);
     void SetScaleFactor(std::wstring const& group, float scale) { groups_[group].scale = scale; }
+    /// For an owner whose PID changes.
+    void RenameGroup(std::wstring const& from, std::wstring const& to);
     std::map<std::wstring, Group> const& GetGroups() const { return groups_; }
 
     bool HasData() const;

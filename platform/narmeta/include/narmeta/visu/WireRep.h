@@ -15,6 +15,7 @@ public:
     bool HasData() const { return !edges_.empty(); }
 
     void AddEdge(std::shared_ptr<EdgeRep> edge) { edges_.push_back(std::move(edge)); }
+    std::vector<std::shared_ptr<EdgeRep>>& GetEdges() { return edges_; }
     std::vector<std::shared_ptr<EdgeRep>> const& GetEdges() const { return edges_; }
 
 private:
