@@ -36,10 +36,10 @@ void put(float* out, Vec3 const& v, double w = 0)
 FrameBlock describe(Viewing const& viewing, Scene const& scene, Target const& target)
 {
     FrameBlock block{};
-    for (int axis = 0; axis < 3; ++axis) {
-        double Vec3::const* const component[] = {&Vec3::x, &Vec3::y, &Vec3::z};
-        put(&block.rotation[axis * 4],
-            {viewing.right.*component[axis], viewing.up.*component[axis], viewing.back.*component[axis]});
+    std::array const components{&Vec3::x, &Vec3::y, &Vec3::z};
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        auto const c = components[axis];
+        put(&block.rotation[axis * 4], {viewing.right.*c, viewing.up.*c, viewing.back.*c});
     }
     std::copy(viewing.projection.begin(), viewing.projection.end(), block.projection);
     put(block.target, viewing.target);
