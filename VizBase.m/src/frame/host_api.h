@@ -1,8 +1,8 @@
 #pragma once
 
-/// The host framework as the plug-in sees it: sessions, documents, views and trees (MoraCore), ids, settings and
-/// rendering options (ZELVizCore). No other header of the plug-in includes one of that library; this is the
-/// place to put another one in.
+/// The host framework as the plug-in sees it: sessions, documents, views and trees (MoraCore), ids, settings
+/// and rendering options (ZELVizCore). No other header of the plug-in includes one of that library; this is
+/// the place to put another one in.
 #include <mora/ACamera.h>
 #include <mora/APluginFactory.h>
 #include <mora/ARenderer.h>
