@@ -1,0 +1,86 @@
+#pragma once
+
+// Only for sources of this folder that see Open CASCADE.
+
+#include "file_signature.h"
+
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include <Message_ProgressRange.hxx>
+#include <NCollection_DataMap.hxx>
+#include <TDF_Label.hxx>
+#include <TDF_LabelMapHasher.hxx>
+#include <TDocStd_Document.hxx>
+#include <TopoDS_TShape.hxx>
+#include <XCAFDoc_ColorTool.hxx>
+#include <XCAFDoc_ShapeTool.hxx>
+
+namespace NarMetaInfra
+{
+/// What the file says about a reference beyond its shape.
+struct ProductMark {
+    std::wstring id;         ///< PRODUCT id
+    std::wstring name;       ///< PRODUCT name
+    int number = 0;          ///< entity number of its definition
+    std::string storageFile; ///< name of the external file that should hold it, empty if it stands in this one
+    bool isMissing = false;  ///< that file could not be read
+};
+
+/// What the file says about one use of a reference in an assembly.
+struct OccurrenceMark {
+    std::wstring id;
+    std::wstring name;
+    int number = 0;
+};
+
+template <typename Mark> using LabelMap = NCollection_DataMap<TDF_Label, Mark, TDF_LabelMapHasher>;
+
+/// A translated file: the kernel's document and the identities that the document does not keep.
+struct KernelDocument {
+    KernelDocument();
+    ~KernelDocument();
+    KernelDocument(KernelDocument const&) = delete;
+    KernelDocument& operator=(KernelDocument const&) = delete;
+
+    Handle(XCAFDoc_ShapeTool) shapes() const;
+    Handle(XCAFDoc_ColorTool) colors() const;
+
+    Handle(TDocStd_Document) document;
+    LabelMap<ProductMark> products;
+    LabelMap<OccurrenceMark> occurrences;
+    /// Entity number of a solid, shell, face, edge, vertex or free curve, where the file has one.
+    std::unordered_map<TopoDS_TShape const*, int> entityNumbers;
+    /// The file's shapes are triangles by nature.
+    bool isMesh = false;
+    std::wstring title;
+    std::vector<std::string> warnings;
+};
+
+/// Seconds of the processor-independent clock spent in the two stages of a translation.
+struct LoadTimes {
+    double parse = 0.0;
+    double transfer = 0.0;
+};
+
+/// Cause of a failure as a sentence for the user, nothing on success. The file's path must be absolute: external
+/// references are looked for beside it.
+using LoadOutcome = std::optional<std::string>;
+
+LoadOutcome loadStep(std::filesystem::path const&, KernelDocument&, LoadTimes&, Message_ProgressRange const&);
+LoadOutcome loadIges(std::filesystem::path const&, KernelDocument&, LoadTimes&, Message_ProgressRange const&);
+LoadOutcome loadBrep(std::filesystem::path const&, KernelDocument&, LoadTimes&, Message_ProgressRange const&);
+LoadOutcome loadGltf(std::filesystem::path const&, KernelDocument&, LoadTimes&, Message_ProgressRange const&);
+LoadOutcome loadObj(std::filesystem::path const&, KernelDocument&, LoadTimes&, Message_ProgressRange const&);
+LoadOutcome loadStl(std::filesystem::path const&, KernelDocument&, LoadTimes&, Message_ProgressRange const&);
+
+/// Wide text of a kernel string.
+std::wstring wideText(TCollection_ExtendedString const& text);
+
+/// Name of a label; empty if it has none, or one that the kernel made up for want of one.
+std::wstring labelName(TDF_Label const& label);
+} // namespace NarMetaInfra

@@ -1,0 +1,86 @@
+#include "open_cascade_document.h"
+#include "open_cascade_guard.h"
+#include "stage_clock.h"
+#include "step_identity.h"
+#include "step_text.h"
+
+#include <Interface_Static.hxx>
+#include <STEPCAFControl_Controller.hxx>
+#include <STEPCAFControl_Reader.hxx>
+#include <TDF_LabelSequence.hxx>
+
+namespace NarMetaInfra
+{
+namespace
+{
+char const* kernelCodePage(TextEncoding encoding)
+{
+    switch (encoding) {
+    case TextEncoding::Utf8: return "UTF8";
+    case TextEncoding::Gbk: return "GBK";
+    case TextEncoding::Windows1252: return "CP1252";
+    }
+    return "UTF8";
+}
+
+bool hasShapes(KernelDocument const& document)
+{
+    TDF_LabelSequence roots;
+    document.shapes()->GetFreeShapes(roots);
+    return !roots.IsEmpty();
+}
+
+LoadOutcome parse(std::filesystem::path const& file, STEPCAFControl_Reader& reader, KernelDocument& document)
+{
+    auto const report = checkStepFile(file);
+    if (report.refusal) return report.refusal;
+    if (report.danglingCount > 0) {
+        document.warnings.push_back("The STEP file refers to " + std::to_string(report.danglingCount) +
+                                    " entities that it does not define. What depends on them is left out.");
+    }
+    if (report.duplicateCount > 0) {
+        document.warnings.push_back("The STEP file defines " + std::to_string(report.duplicateCount) +
+                                    " entity numbers more than once.");
+    }
+    Interface_Static::SetCVal("read.step.codepage", kernelCodePage(report.encoding));
+    auto status = IFSelect_RetVoid;
+    auto const failure = guarded([&] { status = reader.ReadFile(file.c_str()); });
+    if (failure) return "The STEP file is damaged: its data can't be parsed (" + *failure + ").";
+    if (status != IFSelect_RetDone) return "The STEP file is damaged: its data can't be parsed.";
+    return std::nullopt;
+}
+} // namespace
+
+LoadOutcome loadStep(std::filesystem::path const& file, KernelDocument& document, LoadTimes& times,
+                     Message_ProgressRange const& range)
+{
+    STEPCAFControl_Controller::Init();
+    Interface_Static::SetCVal("xstep.cascade.unit", "MM");
+    STEPCAFControl_Reader reader;
+    reader.SetNameMode(true);
+    reader.SetColorMode(true);
+    reader.SetLayerMode(true);
+    // These fail as a whole on files whose shapes are good.
+    reader.SetGDTMode(false);
+    reader.SetViewMode(false);
+    reader.SetMatMode(false);
+    reader.SetPropsMode(false);
+    {
+        StageClock const clock(times.parse);
+        if (auto failure = parse(file, reader, document)) return failure;
+    }
+    StageClock const clock(times.transfer);
+    auto failure = guarded([&] {
+        if (reader.NbRootsForTransfer() > 0) reader.Transfer(document.document, range);
+    });
+    if (range.UserBreak()) return std::nullopt;
+    if (!hasShapes(document)) {
+        if (failure) return "The STEP file could not be translated (" + *failure + ").";
+        return "The STEP file holds nothing to show.";
+    }
+    if (failure) document.warnings.push_back("Part of the STEP file could not be translated (" + *failure + ").");
+    failure = guarded([&] { identifyStep(reader, document); });
+    if (failure) document.warnings.push_back("Entities of the STEP file could not be identified (" + *failure + ").");
+    return std::nullopt;
+}
+} // namespace NarMetaInfra

@@ -1,0 +1,16 @@
+#pragma once
+
+// Only for sources of this folder that see Open CASCADE.
+
+#include "open_cascade_document.h"
+
+#include <STEPCAFControl_Reader.hxx>
+
+namespace NarMetaInfra
+{
+/// Ties the labels and shapes of a translated STEP file to the products, occurrences and entity numbers of its text.
+void identifyStep(STEPCAFControl_Reader& reader, KernelDocument& document);
+
+/// Enters the entity number of every topological shape that `session` has translated.
+void numberEntities(Handle(XSControl_WorkSession) const& session, KernelDocument& document);
+} // namespace NarMetaInfra
