@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
+#include <cmath>
 #include <cstdint>
 #include <cstring>
-#include <fstream>
-#include <string>
 
 namespace NarMetaInfra
 {
@@ -13,7 +13,7 @@ namespace
 {
 constexpr std::string_view Blanks = " \t\r\n\f\v";
 constexpr std::size_t StlHeaderLength = 84;
-constexpr std::uintmax_t StlTriangleLength = 50;
+constexpr std::size_t StlTriangleLength = 50;
 
 std::string_view withoutLeadingBlanks(std::string_view text)
 {
@@ -27,8 +27,10 @@ std::string_view takeLine(std::string_view& text)
     auto const end = std::min(text.find_first_of("\r\n"), text.size());
     auto const line = text.substr(0, end);
     text.remove_prefix(end);
-    if (text.starts_with("\r\n")) text.remove_prefix(2);
-    else if (!text.empty()) text.remove_prefix(1);
+    if (text.starts_with("\r\n"))
+        text.remove_prefix(2);
+    else if (!text.empty())
+        text.remove_prefix(1);
     return line;
 }
 
@@ -38,8 +40,8 @@ bool isStep(std::string_view head)
     return head.substr(0, 4096).find("ISO-10303-21") != std::string_view::npos;
 }
 
-// The first section of an IGES file has 80-column records with the letter S in column 73 and a number behind it.
-// A compressed or binary one begins with a flag record, C or B in its place.
+// The first section of an IGES file has 80-column records with the letter S in column 73 and a number behind
+// it. A compressed or binary one begins with a flag record, C or B in its place.
 bool isIges(std::string_view head)
 {
     auto const record = takeLine(head);
@@ -53,29 +55,47 @@ bool isIges(std::string_view head)
 bool isBrep(std::string_view head)
 {
     auto const start = withoutLeadingBlanks(head).substr(0, 256);
-    return start.starts_with("DBRep_DrawableShape") || start.find("CASCADE Topology V") != std::string_view::npos;
+    return start.starts_with("DBRep_DrawableShape") ||
+           start.find("CASCADE Topology V") != std::string_view::npos;
 }
 
-bool isGltfText(std::string_view head, std::uintmax_t fileSize)
+bool isGltfText(std::string_view head, bool wholeFile)
 {
     auto const text = withoutLeadingBlanks(head);
     if (!text.starts_with('{')) return false;
-    auto const names = {"\"asset\"", "\"buffers\"", "\"accessors\"", "\"meshes\"", "\"bufferViews\"", "\"nodes\""};
-    bool const whole = head.size() == fileSize;
-    if (whole) return text.find("\"asset\"") != std::string_view::npos;
-    return std::ranges::any_of(names, [&](char const* name) { return text.find(name) != std::string_view::npos; });
+    if (text.find("\"asset\"") != std::string_view::npos) return true;
+    // The asset may stand behind what the head shows, but then one of the big arrays has begun.
+    auto const names = {"\"buffers\"", "\"accessors\"", "\"meshes\"", "\"bufferViews\"", "\"nodes\""};
+    return !wholeFile && std::ranges::any_of(names, [&](char const* name) {
+        return text.find(name) != std::string_view::npos;
+    });
 }
 
-bool isStlBinary(std::string_view head, std::uintmax_t fileSize)
+template <typename Value> Value littleEndian(char const* bytes)
 {
-    if (head.size() < StlHeaderLength) return false;
-    std::array<std::uint8_t, 4> bytes;
-    std::memcpy(bytes.data(), head.data() + 80, bytes.size());
-    std::uintmax_t const triangles =
-        bytes[0] | (bytes[1] << 8) | (bytes[2] << 16) | (static_cast<std::uintmax_t>(bytes[3]) << 24);
-    // Writers append attributes or padding now and then, so up to a header's worth more is accepted.
-    auto const expected = StlHeaderLength + triangles * StlTriangleLength;
-    return triangles > 0 && fileSize >= expected && fileSize - expected <= StlHeaderLength;
+    static_assert(std::endian::native == std::endian::little);
+    Value value;
+    std::memcpy(&value, bytes, sizeof value);
+    return value;
+}
+
+// The format has no mark, so what should be triangles must look like triangles: a count that suits the size,
+// normals of length one or zero, and ordinary numbers.
+bool isStlBinary(std::string_view head, bool wholeFile)
+{
+    if (head.size() < StlHeaderLength + StlTriangleLength) return false;
+    auto const count = littleEndian<std::uint32_t>(head.data() + 80);
+    auto const shown = (head.size() - StlHeaderLength) / StlTriangleLength;
+    if (count == 0 || (wholeFile ? count > shown : count < shown)) return false;
+    for (std::size_t i = 0; i < std::min<std::size_t>(shown, count); ++i) {
+        std::array<float, 12> numbers;
+        std::memcpy(numbers.data(), head.data() + StlHeaderLength + i * StlTriangleLength, sizeof numbers);
+        bool const ordinary = std::ranges::all_of(
+            numbers, [](float x) { return x == 0.0f || (std::abs(x) > 1e-30f && std::abs(x) < 1e30f); });
+        auto const length = std::hypot(numbers[0], numbers[1], numbers[2]);
+        if (!ordinary || (length > 1e-6f && std::abs(length - 1.0f) > 0.1f)) return false;
+    }
+    return true;
 }
 
 bool isStlText(std::string_view head)
@@ -87,10 +107,11 @@ bool isStlText(std::string_view head)
     return text.starts_with("facet") || text.starts_with("endsolid");
 }
 
-// Half of the lines that say something must be of the kinds that an OBJ file has, a vertex or a material file among
-// them.
-bool isObj(std::string_view head)
+// Half of the lines that say something must be of the kinds that an OBJ file has, a vertex or a material file
+// among them.
+bool isObj(std::string_view head, bool wholeFile)
 {
+    if (!wholeFile) head = head.substr(0, head.find_last_of("\r\n")); // the last line may be cut
     if (head.find('\0') != std::string_view::npos) return false;
     std::size_t known = 0, other = 0;
     bool telling = false;
@@ -108,44 +129,16 @@ bool isObj(std::string_view head)
 }
 } // namespace
 
-FileFormat recogniseFormat(std::string_view head, std::uintmax_t fileSize)
+ModelFormat recogniseFormat(std::string_view head, bool wholeFile)
 {
-    if (head.starts_with("glTF")) return FileFormat::GltfBinary;
-    if (isBrep(head)) return FileFormat::Brep;
-    if (isStlText(head)) return FileFormat::StlText;
-    if (isStlBinary(head, fileSize)) return FileFormat::StlBinary;
-    if (isStep(head)) return FileFormat::Step;
-    if (isIges(head)) return FileFormat::Iges;
-    if (isGltfText(head, fileSize)) return FileFormat::GltfText;
-    if (isObj(head)) return FileFormat::Obj;
-    return FileFormat::Unknown;
-}
-
-FileFormat recogniseFormat(std::filesystem::path const& file)
-{
-    std::error_code error;
-    auto const size = std::filesystem::file_size(file, error);
-    std::ifstream stream(file, std::ios::binary);
-    if (error || !stream) return FileFormat::Unknown;
-    std::string head(std::min<std::uintmax_t>(size, SignatureLength), '\0');
-    stream.read(head.data(), static_cast<std::streamsize>(head.size()));
-    head.resize(static_cast<std::size_t>(std::max<std::streamsize>(stream.gcount(), 0)));
-    return recogniseFormat(head, size);
-}
-
-std::string_view formatName(FileFormat format)
-{
-    switch (format) {
-    case FileFormat::Unknown: return "unknown";
-    case FileFormat::Step: return "STEP";
-    case FileFormat::Iges: return "IGES";
-    case FileFormat::Brep: return "BREP";
-    case FileFormat::GltfText:
-    case FileFormat::GltfBinary: return "glTF";
-    case FileFormat::StlText:
-    case FileFormat::StlBinary: return "STL";
-    case FileFormat::Obj: return "OBJ";
-    }
-    return "unknown";
+    if (head.starts_with("glTF")) return ModelFormat::Gltf;
+    if (isBrep(head)) return ModelFormat::Brep;
+    if (isStlText(head)) return ModelFormat::Stl;
+    if (isStep(head)) return ModelFormat::Step;
+    if (isIges(head)) return ModelFormat::Iges;
+    if (isStlBinary(head, wholeFile)) return ModelFormat::Stl;
+    if (isGltfText(head, wholeFile)) return ModelFormat::Gltf;
+    if (isObj(head, wholeFile)) return ModelFormat::Obj;
+    return ModelFormat::Unknown;
 }
 } // namespace NarMetaInfra

@@ -2,7 +2,7 @@
 
 // Only for sources of this folder that see Open CASCADE.
 
-#include "file_signature.h"
+#include <narmeta/io/ZelIO.h>
 
 #include <filesystem>
 #include <map>
@@ -24,11 +24,12 @@ namespace NarMetaInfra
 {
 /// What the file says about a reference beyond its shape.
 struct ProductMark {
-    std::wstring id;         ///< PRODUCT id
-    std::wstring name;       ///< PRODUCT name
-    int number = 0;          ///< entity number of its definition
-    std::string storageFile; ///< name of the external file that should hold it, empty if it stands in this one
-    bool isMissing = false;  ///< that file could not be read
+    std::wstring id;   ///< PRODUCT id
+    std::wstring name; ///< PRODUCT name
+    int number = 0;    ///< entity number of its definition
+    std::string
+        storageFile;        ///< name of the external file that should hold it, empty if it stands in this one
+    bool isMissing = false; ///< that file could not be read
 };
 
 /// What the file says about one use of a reference in an assembly.
@@ -55,8 +56,19 @@ struct KernelDocument {
     LabelMap<OccurrenceMark> occurrences;
     /// Entity number of a solid, shell, face, edge, vertex or free curve, where the file has one.
     std::unordered_map<TopoDS_TShape const*, int> entityNumbers;
+    std::unordered_map<TopoDS_TShape const*, std::wstring> solidNames;
+    bool hasShapes() const;
+    /// Name of a label in the file's own words; empty if it has none, or one that the kernel made up for want
+    /// of one.
+    std::wstring nameOf(TDF_Label const& label) const;
+    /// Shapes on a layer that is switched off become hidden themselves.
+    void hideInvisibleLayers();
+
     /// The file's shapes are triangles by nature.
     bool isMesh = false;
+    /// Names are bytes of unknown encoding that the kernel widened one by one.
+    bool hasByteNames = false;
+    /// The file's name without folder and extension.
     std::wstring title;
     std::vector<std::string> warnings;
 };
@@ -67,9 +79,14 @@ struct LoadTimes {
     double transfer = 0.0;
 };
 
-/// Cause of a failure as a sentence for the user, nothing on success. The file's path must be absolute: external
-/// references are looked for beside it.
-using LoadOutcome = std::optional<std::string>;
+struct LoadFailure {
+    IoOutcome outcome;
+    std::string cause; ///< a sentence for the user
+};
+
+/// Nothing on success and after a break by the user. The file's path must be absolute: external references
+/// are looked for beside it.
+using LoadOutcome = std::optional<LoadFailure>;
 
 LoadOutcome loadStep(std::filesystem::path const&, KernelDocument&, LoadTimes&, Message_ProgressRange const&);
 LoadOutcome loadIges(std::filesystem::path const&, KernelDocument&, LoadTimes&, Message_ProgressRange const&);
@@ -77,10 +94,4 @@ LoadOutcome loadBrep(std::filesystem::path const&, KernelDocument&, LoadTimes&, 
 LoadOutcome loadGltf(std::filesystem::path const&, KernelDocument&, LoadTimes&, Message_ProgressRange const&);
 LoadOutcome loadObj(std::filesystem::path const&, KernelDocument&, LoadTimes&, Message_ProgressRange const&);
 LoadOutcome loadStl(std::filesystem::path const&, KernelDocument&, LoadTimes&, Message_ProgressRange const&);
-
-/// Wide text of a kernel string.
-std::wstring wideText(TCollection_ExtendedString const& text);
-
-/// Name of a label; empty if it has none, or one that the kernel made up for want of one.
-std::wstring labelName(TDF_Label const& label);
 } // namespace NarMetaInfra

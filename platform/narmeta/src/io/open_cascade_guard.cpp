@@ -15,7 +15,10 @@ KernelSession::KernelSession()
     Message::DefaultMessenger()->RemovePrinters(STANDARD_TYPE(Message_Printer));
 }
 
-KernelSession::~KernelSession() { restore(0, Signals.size()); }
+KernelSession::~KernelSession()
+{
+    restore(0, Signals.size());
+}
 
 void KernelSession::restore(std::size_t first, std::size_t last)
 {

@@ -16,8 +16,9 @@
 
 namespace NarMetaInfra
 {
-/// While it lives, faults of the kernel (bad memory access, division by zero) become exceptions that guarded() catches,
-/// and the kernel prints nothing. The handlers of the process that stood before come back in the end.
+/// While it lives, faults of the kernel (bad memory access, division by zero) become exceptions that
+/// guarded() catches, and the kernel prints nothing. The handlers of the process that stood before come back
+/// in the end.
 class KernelSession
 {
 public:
@@ -29,7 +30,8 @@ public:
 private:
     void restore(std::size_t first, std::size_t last);
 
-    // The first of them are breaks from outside, which the kernel takes over as well but which stay the host's affair.
+    // The first of them are breaks from outside, which the kernel takes over as well but which stay the
+    // host's affair.
     static constexpr std::array Signals = {SIGHUP, SIGINT, SIGQUIT, SIGILL, SIGFPE, SIGBUS, SIGSEGV, SIGSYS};
     static constexpr std::size_t BreakCount = 3;
     std::array<struct sigaction, Signals.size()> Previous;
@@ -38,8 +40,9 @@ private:
 /// One line about a failure of the kernel.
 std::string failureText(Standard_Failure const& failure);
 
-/// Runs `work`; if the kernel fails in it, the cause comes back. After a fault the destructors of the frames between
-/// the fault and this call have not run: what they held is lost memory, which is the price of going on.
+/// Runs `work`; if the kernel fails in it, the cause comes back. After a fault the destructors of the frames
+/// between the fault and this call have not run: what they held is lost memory, which is the price of going
+/// on.
 template <typename Work> std::optional<std::string> guarded(Work&& work)
 {
     try {

@@ -16,24 +16,20 @@ namespace
 char const* kernelCodePage(TextEncoding encoding)
 {
     switch (encoding) {
-    case TextEncoding::Utf8: return "UTF8";
-    case TextEncoding::Gbk: return "GBK";
-    case TextEncoding::Windows1252: return "CP1252";
+    case TextEncoding::Utf8:
+        return "UTF8";
+    case TextEncoding::Gbk:
+        return "GBK";
+    case TextEncoding::Windows1252:
+        return "CP1252";
     }
     return "UTF8";
-}
-
-bool hasShapes(KernelDocument const& document)
-{
-    TDF_LabelSequence roots;
-    document.shapes()->GetFreeShapes(roots);
-    return !roots.IsEmpty();
 }
 
 LoadOutcome parse(std::filesystem::path const& file, STEPCAFControl_Reader& reader, KernelDocument& document)
 {
     auto const report = checkStepFile(file);
-    if (report.refusal) return report.refusal;
+    if (report.refusal) return LoadFailure{IoOutcome::Damaged, *report.refusal};
     if (report.danglingCount > 0) {
         document.warnings.push_back("The STEP file refers to " + std::to_string(report.danglingCount) +
                                     " entities that it does not define. What depends on them is left out.");
@@ -45,8 +41,9 @@ LoadOutcome parse(std::filesystem::path const& file, STEPCAFControl_Reader& read
     Interface_Static::SetCVal("read.step.codepage", kernelCodePage(report.encoding));
     auto status = IFSelect_RetVoid;
     auto const failure = guarded([&] { status = reader.ReadFile(file.c_str()); });
-    if (failure) return "The STEP file is damaged: its data can't be parsed (" + *failure + ").";
-    if (status != IFSelect_RetDone) return "The STEP file is damaged: its data can't be parsed.";
+    auto const message = std::string("The STEP file is damaged: its data can't be parsed");
+    if (failure) return LoadFailure{IoOutcome::Damaged, message + " (" + *failure + ")."};
+    if (status != IFSelect_RetDone) return LoadFailure{IoOutcome::Damaged, message + "."};
     return std::nullopt;
 }
 } // namespace
@@ -74,13 +71,17 @@ LoadOutcome loadStep(std::filesystem::path const& file, KernelDocument& document
         if (reader.NbRootsForTransfer() > 0) reader.Transfer(document.document, range);
     });
     if (range.UserBreak()) return std::nullopt;
-    if (!hasShapes(document)) {
-        if (failure) return "The STEP file could not be translated (" + *failure + ").";
-        return "The STEP file holds nothing to show.";
+    if (!document.hasShapes()) {
+        if (failure)
+            return LoadFailure{IoOutcome::Damaged,
+                               "The STEP file could not be translated (" + *failure + ")."};
+        return LoadFailure{IoOutcome::NothingToShow, "The STEP file holds nothing to show."};
     }
-    if (failure) document.warnings.push_back("Part of the STEP file could not be translated (" + *failure + ").");
+    if (failure)
+        document.warnings.push_back("Part of the STEP file could not be translated (" + *failure + ").");
     failure = guarded([&] { identifyStep(reader, document); });
-    if (failure) document.warnings.push_back("Entities of the STEP file could not be identified (" + *failure + ").");
+    if (failure)
+        document.warnings.push_back("Entities of the STEP file could not be identified (" + *failure + ").");
     return std::nullopt;
 }
 } // namespace NarMetaInfra

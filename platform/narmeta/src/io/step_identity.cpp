@@ -13,6 +13,7 @@
 #include <StepData_StepModel.hxx>
 #include <StepGeom_GeometricRepresentationItem.hxx>
 #include <StepRepr_NextAssemblyUsageOccurrence.hxx>
+#include <StepShape_SolidModel.hxx>
 #include <StepShape_TopologicalRepresentationItem.hxx>
 #include <TColStd_MapTransientHasher.hxx>
 #include <TDF_LabelSequence.hxx>
@@ -45,9 +46,11 @@ public:
     {
         for (Standard_Integer i = 1; i <= Model->NbEntities(); ++i) {
             auto const entity = Model->Value(i);
-            if (auto const definition = Handle(StepBasic_ProductDefinition)::DownCast(entity); !definition.IsNull())
+            if (auto const definition = Handle(StepBasic_ProductDefinition)::DownCast(entity);
+                !definition.IsNull())
                 addProduct(definition);
-            else if (auto const use = Handle(StepRepr_NextAssemblyUsageOccurrence)::DownCast(entity); !use.IsNull())
+            else if (auto const use = Handle(StepRepr_NextAssemblyUsageOccurrence)::DownCast(entity);
+                     !use.IsNull())
                 addOccurrence(use);
         }
     }
@@ -83,8 +86,9 @@ private:
     Handle(StepData_StepModel) Model;
 };
 
-// Walks the labels from the roots down. The kernel loses the tie between a rebuilt assembly and its entities, so what
-// is not known directly is found by name among the entities that can stand there, and by order in the last resort.
+// Walks the labels from the roots down. The kernel loses the tie between a rebuilt assembly and its entities,
+// so what is not known directly is found by name among the entities that can stand there, and by order in the
+// last resort.
 class LabelMatcher
 {
 public:
@@ -115,7 +119,7 @@ public:
 private:
     void matchRoot(TDF_Label const& label)
     {
-        auto const name = labelName(label);
+        auto const name = Document.nameOf(label);
         int first = 0;
         for (auto const& [number, mark] : Graph.Products) {
             if (Graph.Used.contains(number) || MarkedNumbers.contains(number)) continue;
@@ -140,11 +144,12 @@ private:
         }
     }
 
-    void matchComponent(TDF_Label const& component, TDF_Label const& child, std::deque<Occurrence>& candidates)
+    void matchComponent(TDF_Label const& component, TDF_Label const& child,
+                        std::deque<Occurrence>& candidates)
     {
         auto const* const known = Document.products.Seek(child);
-        auto const name = labelName(component);
-        auto const childName = labelName(child);
+        auto const name = Document.nameOf(component);
+        auto const childName = Document.nameOf(child);
         Occurrence* best = nullptr;
         int bestScore = 0;
         while (!candidates.empty() && candidates.front().taken) candidates.pop_front();
@@ -152,8 +157,8 @@ private:
             if (candidate.taken || (known && candidate.child != known->number)) continue;
             bool const sameName = !name.empty() && (candidate.mark.name == name || candidate.mark.id == name);
             auto const product = Graph.Products.find(candidate.child);
-            bool const sameChild =
-                known || (product != Graph.Products.end() && !childName.empty() && product->second.name == childName);
+            bool const sameChild = known || (product != Graph.Products.end() && !childName.empty() &&
+                                             product->second.name == childName);
             // A geometry of the assembly's own has neither name nor product and is no occurrence.
             int const score = (sameName ? 2 : 0) + (sameChild ? 1 : 0);
             if (score > bestScore) {
@@ -202,7 +207,8 @@ void numberEntities(Handle(XSControl_WorkSession) const& session, KernelDocument
     auto const model = session->Model();
     auto const stepModel = Handle(StepData_StepModel)::DownCast(model);
     if (process.IsNull()) return;
-    document.entityNumbers.reserve(document.entityNumbers.size() + static_cast<std::size_t>(process->NbMapped()));
+    document.entityNumbers.reserve(document.entityNumbers.size() +
+                                   static_cast<std::size_t>(process->NbMapped()));
     for (Standard_Integer i = 1; i <= process->NbMapped(); ++i) {
         auto const entity = process->Mapped(i);
         bool const isShape = stepModel.IsNull() ||
@@ -214,6 +220,11 @@ void numberEntities(Handle(XSControl_WorkSession) const& session, KernelDocument
         auto const number = stepModel.IsNull() ? model->Number(entity) : stepModel->IdentLabel(entity);
         auto const [entry, isNew] = document.entityNumbers.emplace(shape.TShape().get(), number);
         if (!isNew) entry->second = std::min(entry->second, number);
+        if (auto const solid = Handle(StepShape_SolidModel)::DownCast(entity); !solid.IsNull()) {
+            auto name = textOf(solid->Name());
+            if (!name.empty() && name != L"NONE")
+                document.solidNames.emplace(shape.TShape().get(), std::move(name));
+        }
     }
 }
 

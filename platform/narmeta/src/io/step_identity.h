@@ -8,7 +8,8 @@
 
 namespace NarMetaInfra
 {
-/// Ties the labels and shapes of a translated STEP file to the products, occurrences and entity numbers of its text.
+/// Ties the labels and shapes of a translated STEP file to the products, occurrences and entity numbers of
+/// its text.
 void identifyStep(STEPCAFControl_Reader& reader, KernelDocument& document);
 
 /// Enters the entity number of every topological shape that `session` has translated.

@@ -9,8 +9,14 @@ namespace NarMetaInfra
 {
 namespace
 {
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+bool isDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+bool isBlank(char c)
+{
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
 
 class StepScanner
 {
@@ -21,11 +27,13 @@ public:
     {
         StepTextReport report;
         auto const start = Text.substr(0, 4096).find("ISO-10303-21");
-        if (start == std::string_view::npos) return refused("The file is not a STEP file: its header is missing.");
+        if (start == std::string_view::npos)
+            return refused("The file is not a STEP file: its header is missing.");
         Position = start;
         while (Position < Text.size() && !AtEnd) step();
 
-        if (HasScope) return refused("The STEP file uses the obsolete construct &SCOPE, which can't be read.");
+        if (HasScope)
+            return refused("The STEP file uses the obsolete construct &SCOPE, which can't be read.");
         if (!AtEnd) return refused("The STEP file is damaged: it ends before END-ISO-10303-21.");
         if (Defined.empty()) return refused("The STEP file holds no data.");
         report.entityCount = Defined.size();
@@ -52,12 +60,18 @@ private:
     void step()
     {
         char const c = Text[Position];
-        if (c == '\'') skipString();
-        else if (c == '/' && Text.substr(Position, 2) == "/*") skipComment();
-        else if (c == '#') readIdentifier();
-        else if (c == '&' && Text.substr(Position, 6) == "&SCOPE") HasScope = AtEnd = true;
-        else if (c == 'E' && Text.substr(Position, 16) == "END-ISO-10303-21") AtEnd = true;
-        else ++Position;
+        if (c == '\'')
+            skipString();
+        else if (c == '/' && Text.substr(Position, 2) == "/*")
+            skipComment();
+        else if (c == '#')
+            readIdentifier();
+        else if (c == '&' && Text.substr(Position, 6) == "&SCOPE")
+            HasScope = AtEnd = true;
+        else if (c == 'E' && Text.substr(Position, 16) == "END-ISO-10303-21")
+            AtEnd = true;
+        else
+            ++Position;
     }
 
     void skipString()
@@ -65,7 +79,8 @@ private:
         auto const first = Position + 1;
         auto const end = std::min(Text.find('\'', first), Text.size());
         auto const content = Text.substr(first, end - first);
-        bool const foreign = std::ranges::any_of(content, [](char c) { return static_cast<std::uint8_t>(c) >= 0x80; });
+        bool const foreign =
+            std::ranges::any_of(content, [](char c) { return static_cast<std::uint8_t>(c) >= 0x80; });
         if (foreign) Foreign.append(content).append(1, ' ');
         Position = std::min(end + 1, Text.size());
     }
@@ -96,7 +111,10 @@ private:
 };
 } // namespace
 
-StepTextReport checkStepText(std::string_view text) { return StepScanner(text).scan(); }
+StepTextReport checkStepText(std::string_view text)
+{
+    return StepScanner(text).scan();
+}
 
 StepTextReport checkStepFile(std::filesystem::path const& file)
 {

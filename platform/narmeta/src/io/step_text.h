@@ -22,8 +22,9 @@ struct StepTextReport {
     TextEncoding encoding = TextEncoding::Utf8;
 };
 
-/// One pass over the text, strings and comments skipped. Refused are: text that is no exchange structure, one that ends
-/// early, one without data, and the nesting construct of the first edition, which the kernel's parser does not survive.
+/// One pass over the text, strings and comments skipped. Refused are: text that is no exchange structure, one
+/// that ends early, one without data, and the nesting construct of the first edition, which the kernel's
+/// parser does not survive.
 StepTextReport checkStepText(std::string_view text);
 
 /// Reads and checks a file; a file that can't be read is refused too.

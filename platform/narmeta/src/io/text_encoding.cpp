@@ -17,7 +17,10 @@ constexpr std::array<std::uint16_t, 32> Windows1252Upper = {
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-bool isHigh(char c) { return static_cast<std::uint8_t>(c) >= 0x80; }
+bool isHigh(char c)
+{
+    return static_cast<std::uint8_t>(c) >= 0x80;
+}
 
 std::wstring decodedWith(QStringDecoder& decoder, std::string_view bytes)
 {
@@ -101,7 +104,7 @@ std::wstring idText(std::wstring_view name)
     text.reserve(name.size());
     for (char const c : utf8FromWide(name)) {
         auto const code = static_cast<std::uint8_t>(c);
-        if (code > 0x20 && code < 0x7F && code != '%' && code != '/') {
+        if (code > 0x20 && code < 0x7F && code != '%' && code != '/' && code != '\\') {
             text += static_cast<wchar_t>(code);
         } else {
             text += {L'%', Hex[code >> 4], Hex[code & 15]};

@@ -1,0 +1,77 @@
+#pragma once
+
+// Only for sources of this folder that see Open CASCADE.
+
+#include "open_cascade_style.h"
+
+#include <narmeta/infra/ZELProductStructure.h>
+
+#include <unordered_set>
+
+namespace NarMetaInfra
+{
+struct BuildOptions {
+    bool graphical = false;
+    bool entityNames = false;
+    bool parallel = false;
+};
+
+/// Seconds spent in the two stages of a build.
+struct BuildTimes {
+    double mesh = 0.0;
+    double convert = 0.0;
+};
+
+/// Fills a model from a translated file: first the references and instances, then the contents of the parts.
+class ModelBuilder
+{
+public:
+    ModelBuilder(KernelDocument& document, BuildOptions const& options, ZELProductStructure& model);
+
+    void buildStructure();
+    /// Meshes and converts the parts one after the other; a part that fails stays without what it could not
+    /// give, with a warning.
+    void buildParts(BuildTimes& times, Message_ProgressRange const& range);
+    bool hasContents() const { return HasContents; }
+
+private:
+    using ReferencePointer = std::shared_ptr<ZELReference>;
+    using InstancePointer = std::shared_ptr<ZELInstance>;
+
+    struct Part {
+        std::vector<TDF_Label> labels;
+        ReferencePointer reference;
+        int faceCount = 0;
+    };
+    struct OccurrenceColour {
+        InstancePointer instance;
+        ShapeStyle style;
+    };
+    /// What the contents of a reference say about colours.
+    enum class OwnColours { None, Bodies, Faces };
+
+    void buildRoots(std::vector<TDF_Label> const& roots);
+    void addPart(std::vector<TDF_Label> labels, ReferencePointer reference);
+    InstancePointer makeInstance(TDF_Label const& component, std::wstring const& ownerPid,
+                                 std::wstring const& ownerName);
+    ReferencePointer referenceOf(TDF_Label const& label, std::wstring const& ownerName);
+    bool isAssembly(TDF_Label const& label) const;
+    std::vector<TDF_Label> componentsOf(TDF_Label const& assembly) const;
+    std::wstring pidOf(TDF_Label const& label, std::wstring const& name) const;
+    std::wstring unique(std::wstring pid);
+    void buildPart(Part const& part, BuildTimes& times, Message_ProgressRange const& range);
+    void settleOccurrenceColours();
+    OwnColours ownColours(ZELReference const& reference) const;
+
+    KernelDocument& Document;
+    BuildOptions Options;
+    ZELProductStructure& Model;
+    Handle(XCAFDoc_ShapeTool) Shapes;
+    LabelMap<ReferencePointer> References;
+    std::vector<Part> Parts;
+    std::vector<OccurrenceColour> OccurrenceColours;
+    std::unordered_map<ZELReference const*, OwnColours> PartColours;
+    std::unordered_set<std::wstring> Pids;
+    bool HasContents = false;
+};
+} // namespace NarMetaInfra
