@@ -26,7 +26,7 @@ template <class Rep> std::wstring displayName(Rep const& rep, wchar_t const* oth
 template <class Rep> void collect(Node const& node, std::shared_ptr<Rep> const& (Node::*get)() const,
                                   unsigned depth, Reps<Rep>& reps)
 {
-    if (auto const& rep = (node.*get)(); node.IsLeaf() && rep && rep->HasData()) reps.push_back(rep);
+    if (auto const& rep = (node.*get)()) reps.push_back(rep);
     if (depth == 0) return;
     for (auto const& child : node.GetChildNodes())
         if (child) collect(*child, get, depth - 1, reps);

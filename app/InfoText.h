@@ -1,0 +1,36 @@
+#pragma once
+
+#include "CadDocument.h"
+#include "Picture.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace zelview
+{
+
+/// A step of the work and who did it.
+struct Stage {
+    std::string name;
+    double seconds;
+    bool own; ///< false: a library below us, or the graphics device
+};
+
+/// Every stage of a job that measures itself.
+/// @param picture null: none was made
+std::vector<Stage> stagesOf(ZelCad::CadDocument const& document, Picture const* picture,
+                            double encodeSeconds);
+
+struct JobFigures {
+    std::string file;
+    double totalSeconds;
+    Picture const* picture; ///< null: none was made
+    std::vector<Stage> stages;
+};
+
+/// What the model holds and where the time went: lines "label : value". Everything that no library below us
+/// has done counts as own work, what nobody measured included.
+std::string infoText(ZelCad::CadDocument const& document, JobFigures const& figures);
+
+} // namespace zelview

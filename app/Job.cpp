@@ -1,0 +1,188 @@
+#include "Job.h"
+
+#include "CadDocument.h"
+#include "InfoText.h"
+#include "Picture.h"
+#include "TreeText.h"
+
+#include <cerrno>
+#include <chrono>
+#include <cstring>
+#include <filesystem>
+#include <new>
+
+namespace zelview
+{
+namespace
+{
+
+using Clock = std::chrono::steady_clock;
+
+double secondsSince(Clock::time_point start)
+{
+    return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+ExitCode codeOf(NarMetaInfra::IoOutcome outcome)
+{
+    using NarMetaInfra::IoOutcome;
+    switch (outcome) {
+    case IoOutcome::Done:
+        return ExitCode::Good;
+    case IoOutcome::CannotRead:
+        return ExitCode::UnreadableFile;
+    case IoOutcome::Damaged:
+        return ExitCode::DamagedFile;
+    case IoOutcome::NothingToShow:
+        return ExitCode::NothingToShow;
+    case IoOutcome::Cancelled:
+        return ExitCode::Stopped;
+    case IoOutcome::CannotWrite:
+        return ExitCode::CannotWrite;
+    }
+    return ExitCode::DamagedFile;
+}
+
+/// Warnings of the session reach the user's console, the first of them.
+class WarningLines final : public MoraCore::IMessageListener
+{
+public:
+    explicit WarningLines(Console const& console) : Target(console) { session().RegisterListener(this); }
+    WarningLines(WarningLines const&) = delete;
+    WarningLines& operator=(WarningLines const&) = delete;
+
+    ~WarningLines() override
+    {
+        session().UnregisterListener(this);
+        if (Count > Shown) Target.warn("and " + std::to_string(Count - Shown) + " more");
+    }
+
+    void OnMessage(std::wstring const& text, MoraCore::MessageType type) override
+    {
+        if (type != MoraCore::MessageType::Information) add(text);
+    }
+
+    void add(std::wstring const& text)
+    {
+        if (++Count <= Shown) Target.warn(toUtf8(text));
+    }
+
+private:
+    static constexpr std::size_t Shown = 20;
+    static MoraCore::ASession& session() { return MoraCore::SessionMgr::Instance().CurrentSession(); }
+
+    Console const& Target;
+    std::size_t Count = 0;
+};
+
+class Job
+{
+public:
+    Job(Options const& options, OutputFile const* output, Console const& console)
+        : Asked(options), Output(output), Target(console), Document(&TreeView)
+    {
+    }
+
+    ExitCode run()
+    {
+        if (ExitCode const code = open(); code != ExitCode::Good) return code;
+        bool const nothingElse = !Asked.output && !Asked.info && !Asked.exportHsf;
+        if (Asked.tree || nothingElse)
+            if (!print(treeText(TreeView.GetTreeBuilder()))) return ExitCode::CannotWrite;
+        if (Asked.exportHsf && !Document.ExportHSF())
+            return fail(ExitCode::CannotWrite, Asked.file + ".hsf", "the stream file cannot be written");
+        if (Asked.output || Asked.info)
+            if (ExitCode const code = makePicture(); code != ExitCode::Good) return code;
+        if (Asked.info && !print(info())) return ExitCode::CannotWrite;
+        return ExitCode::Good;
+    }
+
+private:
+    ExitCode fail(ExitCode code, std::string const& name, std::string const& cause) const
+    {
+        Target.fail(name + ": " + cause);
+        return code;
+    }
+
+    bool print(std::string_view bytes) const
+    {
+        if (Target.print(bytes)) return true;
+        fail(ExitCode::CannotWrite, "standard output", std::strerror(errno));
+        return false;
+    }
+
+    ExitCode open()
+    {
+        ZELVizCore::Settings::Current().GraphicalMode = Asked.graphical;
+        // A reader looks for the files beside this one by its folder.
+        std::filesystem::path const path = std::filesystem::absolute(Asked.file);
+        Document.Open(fromUtf8(path.native()).c_str());
+
+        std::wstring error;
+        std::vector<std::wstring> warnings;
+        Document.GetErrorAndWarnings(&error, &warnings);
+        NarMetaInfra::IoOutcome const outcome = Document.GetIO().GetOutcome();
+        ExitCode const code = codeOf(outcome);
+        if (code != ExitCode::Good)
+            fail(code, Asked.file, error.empty() ? "the file cannot be read" : toUtf8(error));
+        else if (Document.IsEmpty())
+            return fail(ExitCode::NothingToShow, Asked.file, "there is nothing in it to show");
+        for (std::wstring const& warning : warnings) Warnings.add(warning);
+        return code;
+    }
+
+    ExitCode makePicture()
+    {
+        auto drawn = drawPicture(Document.GetModel(), Asked.resolution);
+        if (Refusal const* refusal = std::get_if<Refusal>(&drawn)) {
+            if (!Asked.output) return ExitCode::Good; // the figures stand without it
+            return fail(refusal->code, Asked.file, refusal->cause);
+        }
+        Drawn = std::move(std::get<Picture>(drawn));
+        auto const start = Clock::now();
+        QByteArray const png = encodePng(Drawn->image);
+        EncodeSeconds = secondsSince(start);
+        if (!Asked.output) return ExitCode::Good;
+        if (png.isEmpty()) return fail(ExitCode::CannotWrite, *Asked.output, "the picture cannot be encoded");
+        std::string_view const bytes(png.constData(), static_cast<std::size_t>(png.size()));
+        if (!Output) return print(bytes) ? ExitCode::Good : ExitCode::CannotWrite;
+        if (std::optional<std::string> const cause = Output->write(bytes))
+            return fail(ExitCode::CannotWrite, *Asked.output, *cause);
+        return ExitCode::Good;
+    }
+
+    std::string info() const
+    {
+        Picture const* const picture = Drawn ? &*Drawn : nullptr;
+        std::vector<Stage> stages = stagesOf(Document, picture, EncodeSeconds);
+        return infoText(Document, {Asked.file, secondsSince(Start), picture, std::move(stages)});
+    }
+
+    Clock::time_point const Start = Clock::now();
+    Options const& Asked;
+    OutputFile const* Output; ///< not owned; null: standard output
+    Console const& Target;
+    WarningLines Warnings{Target};
+    HPS::World World;
+    MoraCore::AViewTree TreeView;
+    ZelCad::CadDocument Document;
+    std::optional<Picture> Drawn;
+    double EncodeSeconds = 0;
+};
+
+} // namespace
+
+ExitCode runJob(Options const& options, OutputFile const* output, Console const& console)
+{
+    try {
+        return Job(options, output, console).run();
+    } catch (std::bad_alloc const&) {
+        console.fail(options.file + ": out of memory");
+        return ExitCode::Stopped;
+    } catch (std::exception const& fault) {
+        console.fail(options.file + ": " + fault.what());
+        return ExitCode::DamagedFile;
+    }
+}
+
+} // namespace zelview

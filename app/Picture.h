@@ -1,0 +1,29 @@
+#pragma once
+
+#include "ExitCode.h"
+#include "InputFile.h"
+#include "Options.h"
+
+#include "hps_api.h"
+
+#include <QImage>
+
+#include <variant>
+
+namespace zelview
+{
+
+/// A picture of a model and what it took.
+struct Picture {
+    QImage image;
+    HPS::UpdateReport report;
+    HPS::Cuboid box; ///< of what is shown, in the model's unit
+};
+
+/// Draws the whole model on a canvas without a window, from the front, right and top.
+std::variant<Picture, Refusal> drawPicture(HPS::Model const& model, PixelSize size);
+
+/// The bytes of a PNG file; empty if the image cannot be encoded.
+QByteArray encodePng(QImage const& image);
+
+} // namespace zelview

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "ZELRenderTree.h"
+
+#include <chrono>
+
+namespace ZelCad
+{
+
+/// Adds the bodies of a part below the number 80000, if the settings ask for them, and answers questions
+/// about the written tree.
+class CadTree : public ZelVizBase::ZELRenderTree
+{
+public:
+    using Seconds = std::chrono::duration<double>;
+    using ZELRenderTree::ZELRenderTree;
+
+    std::wstring GetRendererName() const override { return L"Product structure"; }
+    bool Render() override;
+    /// Bodies that the tree shows, and those of a model that is one part; false if there is none.
+    bool GetBodyList(std::vector<EntityId>& bodies) override;
+
+    /// Nodes whose name contains `text` without regard to case, in tree order; false if there is none.
+    bool FindNodes(std::wstring const& text, std::vector<RenderId>& out) const;
+    /// The node with this path, null if the tree has none.
+    MoraCore::TreeBuilder::Item const* FindNode(RenderId const& id) const;
+    /// Of the last Render.
+    Seconds GetRenderTime() const { return RenderTime; }
+
+protected:
+    bool hasPartContent(std::shared_ptr<ZELReference> const& reference) const override;
+    void renderPartContent(std::shared_ptr<ZELReference> const& reference, RenderId& id) override;
+
+private:
+    void enterBody(ZELReference const& reference, NarMetaInfra::BrepBody const& body, RenderId const& path);
+
+    Seconds RenderTime{};
+};
+
+} // namespace ZelCad

@@ -1,0 +1,24 @@
+#include "Zelview.h"
+
+#include <QFileInfo>
+#include <QProcess>
+
+Outcome runZelview(QStringList const& arguments)
+{
+    QProcess process;
+    process.start(QStringLiteral(ZEL_BINARY_DIR "/bin/zelview"), arguments);
+    bool const ended = process.waitForFinished(120'000) && process.exitStatus() == QProcess::NormalExit;
+    if (!ended) process.kill();
+    return {ended ? process.exitCode() : -1, process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+QString sharedModel(QString const& name)
+{
+    QFileInfo const file(QStringLiteral(ZEL_SOURCE_DIR "/../shared/models/") + name);
+    return file.exists() ? file.canonicalFilePath() : QString();
+}
+
+QString sample(QString const& name)
+{
+    return QStringLiteral(ZEL_SOURCE_DIR "/samples/") + name;
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+/// What one run of the built program left behind.
+struct Outcome {
+    int code; ///< exit status; -1 if it did not end by itself
+    QByteArray out;
+    QByteArray err;
+};
+
+/// Runs zelview as a user would and waits for its end.
+Outcome runZelview(QStringList const& arguments);
+
+/// A file among the shared models; empty if they are not at hand.
+QString sharedModel(QString const& name);
+
+QString sample(QString const& name);
