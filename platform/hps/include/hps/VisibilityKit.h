@@ -34,6 +34,8 @@ struct VisibilityKinds {
         KindCount
     };
     static constexpr std::uint32_t bit(Kind kind) { return 1u << kind; }
+
+    bool operator==(VisibilityKinds const&) const = default;
 };
 
 // What is seen, kind by kind, so that inheritance is a few operations on words.
