@@ -1,0 +1,125 @@
+#include <narmeta/io/ZelIO.h>
+
+#include "ReaderRegistry.h"
+#include "SourceFile.h"
+#include "ZelXmlFormat.h"
+#include "model_check.h"
+
+#include <cassert>
+#include <cwchar>
+
+namespace NarMetaInfra
+{
+
+namespace
+{
+
+class Stopwatch
+{
+public:
+    std::chrono::duration<double> Lap()
+    {
+        auto const now = std::chrono::steady_clock::now();
+        auto const elapsed = now - start_;
+        start_ = now;
+        return elapsed;
+    }
+
+private:
+    std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+};
+
+bool HasVisualisation(ZELProductStructure const& model)
+{
+    if (model.GetSG() && model.GetSG()->HasData()) return true;
+    for (auto const& reference : model.GetReferences())
+        if (reference->GetSG() && reference->GetSG()->HasData()) return true;
+    return false;
+}
+
+} // namespace
+
+void ZelIO::Reset()
+{
+    graphical_ = false;
+    outcome_ = IoOutcome::Done;
+    error_.clear();
+    warnings_.clear();
+    timings_.clear();
+}
+
+bool ZelIO::fail(IoOutcome outcome, std::wstring cause)
+{
+    outcome_ = outcome;
+    error_ = std::move(cause);
+    return false;
+}
+
+bool ZelIO::Read(wchar_t const* path, ZELProductStructure* structure, Progress progress)
+{
+    assert(path && "ZelIO::Read: path is null");
+    assert(structure && "ZelIO::Read: structure is null");
+    Reset();
+    Stopwatch stopwatch;
+    auto const source = SourceFile::Open(path);
+    if (!source.error.empty()) return fail(IoOutcome::CannotRead, source.error);
+    if (source.size == 0) return fail(IoOutcome::Damaged, source.quoted + L" is empty");
+    auto const* reader = ReaderRegistry::BuiltIn().Find(source.head, source.extension);
+    timings_.push_back({L"Recognition", stopwatch.Lap()});
+    if (!reader) return fail(IoOutcome::Damaged, source.quoted + L" is of no known kind");
+
+    ZELProductStructure model;
+    auto result = reader->Read(
+        {source.path, requestGraphical_, persistentNames_, occurrenceData_, processors_, progress}, model);
+    auto const spent = stopwatch.Lap();
+    if (result.timings.empty()) result.timings.push_back({L"Reading", spent});
+    timings_.insert(timings_.end(), result.timings.begin(), result.timings.end());
+    warnings_ = std::move(result.warnings);
+    if (result.outcome != IoOutcome::Done) return fail(result.outcome, source.quoted + L": " + result.error);
+
+    CheckModel(model, warnings_);
+    timings_.push_back({L"Checking", stopwatch.Lap()});
+    if (model.GetRootInstancesCount() == 0 && !HasVisualisation(model))
+        return fail(IoOutcome::NothingToShow, source.quoted + L" holds nothing that can be shown");
+
+    graphical_ = result.graphical;
+    structure->Swap(model);
+    return true;
+}
+
+bool ZelIO::Write(wchar_t const* path, ZELProductStructure const* structure, Progress progress)
+{
+    assert(path && "ZelIO::Write: path is null");
+    assert(structure && "ZelIO::Write: structure is null");
+    Reset();
+    if (LowerExtension(path) != "zel_xml")
+        return fail(IoOutcome::CannotWrite, Quoted(path) + L": models are written as \"zel_xml\" only");
+    auto const text = ZelXmlText(*structure, progress);
+    if (!text) return fail(IoOutcome::Cancelled, Quoted(path) + L": writing was stopped");
+    auto const cause = ReplaceFile(path, *text);
+    return cause.empty() ? true : fail(IoOutcome::CannotWrite, cause);
+}
+
+void ZelIO::GetTimerReport(std::wstring& report) const
+{
+    report.clear();
+    for (auto const& [name, seconds] : timings_) {
+        wchar_t line[256];
+        std::swprintf(line, std::size(line), L"\t%-26.200ls %f [s].\n", name.c_str(), seconds.count());
+        report += line;
+    }
+}
+
+std::vector<FileFormat> ZelIO::ImportFormats()
+{
+    std::vector<FileFormat> formats;
+    for (auto const& reader : ReaderRegistry::BuiltIn().GetReaders()) formats.push_back(reader->Format());
+    return formats;
+}
+
+std::vector<FileFormat> ZelIO::ExportFormats()
+{
+    return {ZelXmlReader().Format()};
+}
+
+} // namespace NarMetaInfra
