@@ -103,7 +103,7 @@ private:
                        QStringLiteral("\"%1\" must hold %2 valid numbers").arg(QLatin1String(name)).arg(N));
             return {};
         }
-        std::array<Number, N> tuple;
+        std::array<Number, N> tuple{};
         std::copy(numbers->begin(), numbers->end(), tuple.begin());
         return tuple;
     }
