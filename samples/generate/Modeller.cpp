@@ -27,7 +27,7 @@ void AddPoint(std::vector<float>& list, double x, double y, double z)
 
 void AddNormal(std::vector<float>& list, double x, double y, double z)
 {
-    for (double value : {x, y, z}) list.push_back(Rounded(value, 1e5));
+    for (double value : {x, y, z}) list.push_back(Rounded(value, 1e4));
 }
 
 /// The triangles of a strip of quads between rows of @p columns points, the rows one behind the other.

@@ -11,7 +11,7 @@ using std::numbers::pi;
 
 int ChordsOf(double radius, double sweep)
 {
-    double const step = std::min(pi / 15, 2 * std::acos(1 - std::min(0.5, 0.04 / radius)));
+    double const step = std::min(pi / 12, 2 * std::acos(1 - std::min(0.5, 0.08 / radius)));
     return std::max(1, static_cast<int>(std::ceil(std::abs(sweep) / step - 1e-9)));
 }
 

@@ -42,7 +42,7 @@ Outline CircularHole(Point2 centre, double radius);
 Outline RoundedRectangle(double width, double height, double radius);
 Outline Hexagon(double acrossFlats);
 
-/// Number of chords for an arc: at most 12 degrees and 0.04 mm from the curve each.
+/// Number of chords for an arc: at most 15 degrees and 0.08 mm from the curve each.
 int ChordsOf(double radius, double sweep);
 
 } // namespace samples

@@ -50,7 +50,7 @@ Flank FlankOf(Gear const& gear)
         flank.pressure.push_back(pressure);
     };
     if (root < base) add(root);
-    constexpr int steps = 4;
+    constexpr int steps = 3;
     double const start = std::max(root, base);
     for (int i = 0; i <= steps; ++i) {
         // Denser near the base circle, where the curve bends most.

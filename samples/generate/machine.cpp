@@ -117,7 +117,7 @@ Reference MakeFrame(NarMetaInfra::ZELProductStructure& model, MachineParts const
     frame.Add(parts.gusset, L"Rippe rechts (gespiegelt)",
               Axes({-1, 0, 0}, {0, 0, 1}, {0, -1, 0}, {26, -40, 0}));
     frame.Add(parts.stand, L"Lagerbock", AlongBase());
-    frame.Add(parts.namePlate, L"Typenschild", Translation(-54, -60, 0));
+    frame.Add(parts.namePlate, L"Typenschild", Axes({0, 1, 0}, {-1, 0, 0}, {0, 0, 1}, {94, 0, 0}));
     return frame.Get();
 }
 

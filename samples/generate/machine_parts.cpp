@@ -17,7 +17,7 @@ using namespace dimension;
 namespace
 {
 
-constexpr Colour Graphite{58, 64, 73}, Rubber{34, 36, 40}, Teal{22, 116, 130}, LightTeal{64, 156, 166};
+constexpr Colour Graphite{68, 76, 88}, Rubber{34, 36, 40}, Teal{22, 116, 130}, LightTeal{64, 156, 166};
 constexpr Colour Steel{184, 192, 201}, BrightSteel{214, 220, 227}, DarkSteel{92, 101, 113},
     Zinc{201, 204, 196};
 constexpr Colour Brass{222, 178, 82}, Orange{236, 111, 52}, Ivory{232, 229, 220}, Yellow{246, 200, 62};
@@ -79,7 +79,7 @@ void MakeFrame(Maker maker, MachineParts& parts)
     parts.foot = maker.Part(L"foot", L"Πόδι");
     Modeller(parts.foot)
         .Colour(Rubber)
-        .Revolve(Path({{0, -14}, {11, -14}, {14, -11}, {11, -2}, {11, 0}, {0, 0}}))
+        .Revolve(Path({{0, -26}, {15, -26}, {17, -23}, {13, -8}, {13, 0}, {0, 0}}))
         .Finish();
 
     // Seen along the main axis: x is up, the axis runs through the origin.
@@ -108,7 +108,7 @@ void MakeFrame(Maker maker, MachineParts& parts)
     Modeller(parts.gusset)
         .Colour(Teal)
         .Extrude(With(rib, {CircularHole({15, 18}, 8)}), 0, 8)
-        .Extrude({RoundedRectangle(9, 9, 2)}, 8, 9.5)
+        .Extrude({Circle({33, 7}, 4)}, 8, 9)
         .FaceColour(FaceKind::Top, Yellow)
         .Finish();
 
@@ -222,11 +222,11 @@ void MakeShafts(Maker maker, MachineParts& parts)
         .Finish();
 
     parts.cover = maker.Part(L"cover", L"保护罩");
-    Outline dome({FlangeRadius, 20});
+    Outline dome({FlangeRadius, 20.2});
     dome.LineTo({FlangeRadius, 24}).LineTo({57, 24}).LineTo({57, 30}).Arc({47, 30}, pi / 2);
-    dome.LineTo({18, 40}).LineTo({18, 37}).LineTo({47, 37}).Arc({47, 30}, -pi / 2).LineTo({54, 20});
-    dome.LineTo({FlangeRadius, 20});
-    Modeller(parts.cover).Colour(Glass).Alpha(84).Revolve(dome).Finish();
+    dome.LineTo({18, 40}).LineTo({18, 37}).LineTo({47, 37}).Arc({47, 30}, -pi / 2).LineTo({54, 20.2});
+    dome.LineTo({FlangeRadius, 20.2});
+    Modeller(parts.cover).Colour(Glass).Alpha(64).Revolve(dome).Finish();
 }
 
 // ---- Motor

@@ -5,6 +5,30 @@
 namespace NarMetaInfra
 {
 
+namespace
+{
+
+/// The id that a reader makes for the primitive at this place, and that the file can therefore leave out.
+Id DefaultId(BrepBody const& body, char const* kind, std::size_t ordinal)
+{
+    return NarMeta::HashId(body.id, kind, ordinal);
+}
+
+void WriteId(XmlSink& sink, Id id, Id byDefault)
+{
+    if (id != byDefault) sink.Attribute("id", id);
+}
+
+/// One normal stands for all if they are equal, as on a plane.
+void WriteNormals(XmlSink& sink, std::span<float const> normals)
+{
+    bool const plane = std::equal(normals.begin() + std::min<std::ptrdiff_t>(3, std::ssize(normals)),
+                                  normals.end(), normals.begin());
+    sink.Array("normals", plane ? normals.first(std::min<std::size_t>(3, normals.size())) : normals);
+}
+
+} // namespace
+
 void WriteBody(XmlSink& sink, BrepBody const& body)
 {
     auto const element = sink.Open("body");
@@ -13,25 +37,28 @@ void WriteBody(XmlSink& sink, BrepBody const& body)
     sink.Attribute("colour", body.colour);
     sink.Attribute("alpha", body.alpha);
     sink.Flag("hidden", body.hidden);
-    for (auto const& face : body.faces) {
+    for (std::size_t i = 0; i < body.faces.size(); ++i) {
+        auto const& face = body.faces[i];
         auto const child = sink.Open("face");
-        sink.Attribute("id", face.id);
+        WriteId(sink, face.id, DefaultId(body, "face", i));
         sink.Attribute("colour", face.colour);
         sink.Attribute("alpha", face.alpha);
         sink.Array("points", body.PointsOf(face));
-        sink.Array("normals", body.NormalsOf(face));
+        WriteNormals(sink, body.NormalsOf(face));
         sink.Array("triangles", body.TrianglesOf(face));
     }
-    for (auto const& edge : body.edges) {
+    for (std::size_t i = 0; i < body.edges.size(); ++i) {
+        auto const& edge = body.edges[i];
         auto const child = sink.Open("edge");
-        sink.Attribute("id", edge.id);
+        WriteId(sink, edge.id, DefaultId(body, "edge", i));
         sink.Attribute("colour", edge.colour);
-        sink.Array("points", body.PointsOf(edge));
+        sink.Content(body.PointsOf(edge));
     }
-    for (auto const& vertex : body.vertices) {
+    for (std::size_t i = 0; i < body.vertices.size(); ++i) {
+        auto const& vertex = body.vertices[i];
         auto const child = sink.Open("vertex");
-        sink.Attribute("id", vertex.id);
-        sink.Attribute("point", vertex.point);
+        WriteId(sink, vertex.id, DefaultId(body, "vertex", i));
+        sink.Content(vertex.point);
     }
 }
 
@@ -50,6 +77,9 @@ void ReadFace(XmlSource& source, BrepBody& body)
                      {"normals", [&] { normals = source.Points(); }},
                      {"triangles", [&] { triangles = source.Array<std::uint32_t>(); }}});
     if (source.Failed()) return;
+    if (normals.size() == 3)
+        for (normals.reserve(points.size()); normals.size() < points.size();)
+            normals.push_back(*(normals.end() - 3));
     if (points.size() != normals.size())
         return source.FailAt(line, QStringLiteral("a face has %1 points but %2 normals")
                                        .arg(points.size() / 3)
@@ -62,8 +92,8 @@ void ReadFace(XmlSource& source, BrepBody& body)
         return source.FailAt(line, QStringLiteral("a triangle names point %1 of a face that has %2")
                                        .arg(*wrong)
                                        .arg(points.size() / 3));
-    auto& face = body.AddFace(id.value_or(NarMeta::HashId(body.id, "face", body.faces.size())), points,
-                              normals, triangles);
+    auto& face =
+        body.AddFace(id.value_or(DefaultId(body, "face", body.faces.size())), points, normals, triangles);
     face.colour = colour;
     face.alpha = alpha;
 }
@@ -72,9 +102,14 @@ void ReadEdge(XmlSource& source, BrepBody& body)
 {
     auto const id = source.NumberOf<Id>("id");
     auto const colour = source.Colour("colour");
-    std::vector<float> points;
-    source.Children({{"points", [&] { points = source.Points(); }}});
-    body.AddEdge(id.value_or(NarMeta::HashId(body.id, "edge", body.edges.size())), points).colour = colour;
+    auto const points = source.Points();
+    body.AddEdge(id.value_or(DefaultId(body, "edge", body.edges.size())), points).colour = colour;
+}
+
+void ReadVertex(XmlSource& source, BrepBody& body)
+{
+    auto const id = source.NumberOf<Id>("id");
+    body.AddVertex(id.value_or(DefaultId(body, "vertex", body.vertices.size())), source.Tuple<3>());
 }
 
 } // namespace
@@ -89,13 +124,7 @@ BrepBody ReadBody(XmlSource& source, Id fallback)
     body.hidden = source.Flag("hidden");
     source.Children({{"face", [&] { ReadFace(source, body); }},
                      {"edge", [&] { ReadEdge(source, body); }},
-                     {"vertex", [&] {
-                          auto const id = source.NumberOf<Id>("id");
-                          auto const point = source.Tuple<3>("point");
-                          body.AddVertex(
-                              id.value_or(NarMeta::HashId(body.id, "vertex", body.vertices.size())),
-                              point.value_or(std::array<float, 3>{}));
-                      }}});
+                     {"vertex", [&] { ReadVertex(source, body); }}});
     return body;
 }
 
