@@ -34,11 +34,12 @@ Handle(XCAFDoc_ColorTool) KernelDocument::colors() const
     return XCAFDoc_DocumentTool::ColorTool(document->Main());
 }
 
-bool KernelDocument::hasShapes() const
+std::vector<TDF_Label> KernelDocument::rootLabels() const
 {
+    if (!knownRoots.empty()) return knownRoots;
     TDF_LabelSequence roots;
     shapes()->GetFreeShapes(roots);
-    return !roots.IsEmpty();
+    return {roots.begin(), roots.end()};
 }
 
 std::wstring KernelDocument::nameOf(TDF_Label const& label) const
@@ -49,6 +50,7 @@ std::wstring KernelDocument::nameOf(TDF_Label const& label) const
     auto name = wideFromUtf16(text.ToExtString(), static_cast<std::size_t>(text.Length()));
     if (hasByteNames && std::ranges::all_of(name, [](wchar_t c) { return c < 0x100; }))
         name = wideFromBytes(std::string(name.begin(), name.end()));
+    name = trimmed(name);
     static constexpr std::array<std::wstring_view, 9> ShapeKinds = {
         L"COMPOUND", L"COMPSOLID", L"SOLID", L"SHELL", L"FACE", L"WIRE", L"EDGE", L"VERTEX", L"ASSEMBLY"};
     bool const madeUp = name.starts_with(L"=>[") || std::ranges::find(ShapeKinds, name) != ShapeKinds.end();

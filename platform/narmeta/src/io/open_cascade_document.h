@@ -4,6 +4,7 @@
 
 #include <narmeta/io/ZelIO.h>
 
+#include <array>
 #include <filesystem>
 #include <map>
 #include <optional>
@@ -57,7 +58,14 @@ struct KernelDocument {
     /// Entity number of a solid, shell, face, edge, vertex or free curve, where the file has one.
     std::unordered_map<TopoDS_TShape const*, int> entityNumbers;
     std::unordered_map<TopoDS_TShape const*, std::wstring> solidNames;
-    bool hasShapes() const;
+    /// Matrices of components that the kernel's own placements can't express, for row vectors.
+    LabelMap<std::array<float, 16>> placements;
+
+    /// The labels that stand at the top: those found by the reader, else all that nothing refers to.
+    std::vector<TDF_Label> rootLabels() const;
+    std::vector<TDF_Label> knownRoots;
+
+    bool hasShapes() const { return !rootLabels().empty(); }
     /// Name of a label in the file's own words; empty if it has none, or one that the kernel made up for want
     /// of one.
     std::wstring nameOf(TDF_Label const& label) const;
@@ -94,4 +102,8 @@ LoadOutcome loadBrep(std::filesystem::path const&, KernelDocument&, LoadTimes&, 
 LoadOutcome loadGltf(std::filesystem::path const&, KernelDocument&, LoadTimes&, Message_ProgressRange const&);
 LoadOutcome loadObj(std::filesystem::path const&, KernelDocument&, LoadTimes&, Message_ProgressRange const&);
 LoadOutcome loadStl(std::filesystem::path const&, KernelDocument&, LoadTimes&, Message_ProgressRange const&);
+
+/// Takes the placements of glTF nodes from the file, since the kernel evens out scales that differ along the
+/// axes.
+void restoreGltfPlacements(std::filesystem::path const& file, KernelDocument& document);
 } // namespace NarMetaInfra

@@ -4,6 +4,9 @@
 #include "step_identity.h"
 #include "text_encoding.h"
 
+#include <algorithm>
+#include <fstream>
+
 #include <BRepTools.hxx>
 #include <BRep_Builder.hxx>
 #include <IGESCAFControl_Reader.hxx>
@@ -16,6 +19,7 @@
 #include <TDF_LabelSequence.hxx>
 #include <TDataStd_Name.hxx>
 #include <TopoDS_Face.hxx>
+#include <TopoDS_Iterator.hxx>
 #include <XSControl_WorkSession.hxx>
 
 namespace NarMetaInfra
@@ -35,10 +39,44 @@ LoadFailure nothing(char const* format)
     return {IoOutcome::NothingToShow, "The " + std::string(format) + " file holds nothing to show."};
 }
 
+// The last record of an IGES file has the letter T in column 73.
+bool isIgesComplete(std::filesystem::path const& file)
+{
+    std::ifstream stream(file, std::ios::binary);
+    constexpr std::streamoff TailLength = 400;
+    stream.seekg(0, std::ios::end);
+    stream.seekg(-std::min<std::streamoff>(TailLength, stream.tellg()), std::ios::end);
+    std::string line, last;
+    while (std::getline(stream, line))
+        if (line.size() > 72) last = line;
+    return !last.empty() && last[72] == 'T';
+}
+
 void addShape(KernelDocument& document, TopoDS_Shape const& shape)
 {
     auto const label = document.shapes()->AddShape(shape, false);
     TDataStd_Name::Set(label, TCollection_ExtendedString(utf8FromWide(document.title).c_str(), true));
+}
+
+// A mesh node without a transform stands in the document as the mesh itself, and if other nodes share that
+// mesh, no longer as a root. The shape that the reader hands out still has all roots.
+void findRoots(RWMesh_CafReader const& reader, KernelDocument& document)
+{
+    auto const shapes = document.shapes();
+    auto const add = [&](TopoDS_Shape const& shape) {
+        TDF_Label label;
+        bool const isPlaced = !shape.Location().IsIdentity();
+        bool const found = shapes->FindShape(shape, label, isPlaced);
+        if (found) document.knownRoots.push_back(label);
+        return found;
+    };
+    auto const whole = reader.SingleShape();
+    if (whole.IsNull() || add(whole)) return;
+    for (TopoDS_Iterator root(whole); root.More(); root.Next()) {
+        if (add(root.Value())) continue;
+        document.knownRoots.clear();
+        return;
+    }
 }
 
 LoadOutcome loadMeshScene(RWMesh_CafReader& reader, char const* format, std::filesystem::path const& file,
@@ -52,6 +90,7 @@ LoadOutcome loadMeshScene(RWMesh_CafReader& reader, char const* format, std::fil
     auto const failure = guarded([&] { done = reader.Perform(file.c_str(), range); });
     if (range.UserBreak()) return std::nullopt;
     if (failure || !done) return damaged(format, failure);
+    findRoots(reader, document);
     if (!document.hasShapes()) return nothing(format);
     return std::nullopt;
 }
@@ -76,7 +115,10 @@ LoadOutcome loadIges(std::filesystem::path const& file, KernelDocument& document
     StageClock const clock(times.transfer);
     auto failure = guarded([&] { reader.Transfer(document.document, range); });
     if (range.UserBreak()) return std::nullopt;
-    if (!document.hasShapes()) return failure ? damaged("IGES", failure) : nothing("IGES");
+    if (!document.hasShapes())
+        return failure || !isIgesComplete(file) ? damaged("IGES", failure) : nothing("IGES");
+    if (!isIgesComplete(file))
+        document.warnings.push_back("The IGES file ends early. What it lost is missing from the model.");
     if (failure)
         document.warnings.push_back("Part of the IGES file could not be translated (" + *failure + ").");
     failure = guarded([&] { numberEntities(reader.WS(), document); });
@@ -104,7 +146,9 @@ LoadOutcome loadGltf(std::filesystem::path const& file, KernelDocument& document
     RWGltf_CafReader reader;
     // Lengths are metres and y points up by the format's own definition; the model has millimetres and z up.
     reader.SetSystemCoordinateSystem(RWMesh_CoordinateSystem_Zup);
-    return loadMeshScene(reader, "glTF", file, document, times, range);
+    auto outcome = loadMeshScene(reader, "glTF", file, document, times, range);
+    if (!outcome && !range.UserBreak()) restoreGltfPlacements(file, document);
+    return outcome;
 }
 
 LoadOutcome loadObj(std::filesystem::path const& file, KernelDocument& document, LoadTimes& times,

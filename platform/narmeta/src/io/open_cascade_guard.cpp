@@ -1,5 +1,7 @@
 #include "open_cascade_guard.h"
 
+#include <iostream>
+
 #include <Message.hxx>
 #include <Message_Messenger.hxx>
 #include <Message_Printer.hxx>
@@ -7,7 +9,7 @@
 
 namespace NarMetaInfra
 {
-KernelSession::KernelSession()
+KernelSession::KernelSession() : Output(std::cout.rdbuf(nullptr))
 {
     for (std::size_t i = 0; i < Signals.size(); ++i) sigaction(Signals[i], nullptr, &Previous[i]);
     OSD::SetSignal(false);

@@ -5,6 +5,7 @@
 #include <array>
 #include <csignal>
 #include <exception>
+#include <iosfwd>
 #include <new>
 #include <optional>
 #include <string>
@@ -35,6 +36,7 @@ private:
     static constexpr std::array Signals = {SIGHUP, SIGINT, SIGQUIT, SIGILL, SIGFPE, SIGBUS, SIGSEGV, SIGSYS};
     static constexpr std::size_t BreakCount = 3;
     std::array<struct sigaction, Signals.size()> Previous;
+    std::streambuf* Output;
 };
 
 /// One line about a failure of the kernel.

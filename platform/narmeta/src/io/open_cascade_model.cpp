@@ -49,10 +49,8 @@ ModelBuilder::ModelBuilder(KernelDocument& document, BuildOptions const& options
 
 void ModelBuilder::buildStructure()
 {
-    TDF_LabelSequence free;
-    Shapes->GetFreeShapes(free);
     std::vector<TDF_Label> roots, loose;
-    for (auto const& label : free) {
+    for (auto const& label : Document.rootLabels()) {
         bool const joins = !Document.isMesh && !Document.products.IsBound(label) &&
                            !Shapes->IsReference(label) && !Shapes->IsAssembly(label) &&
                            isLoose(Shapes->GetShape(label));
@@ -127,7 +125,8 @@ ModelBuilder::InstancePointer ModelBuilder::makeInstance(TDF_Label const& compon
         reference->GetPID(step);
     auto const instance = std::make_shared<ZELInstance>(reference, unique(ownerPid + L"." + step),
                                                         firstNamed({name, reference->GetReferenceName()}));
-    instance->SetTransform(matrixOf(location.Transformation()));
+    auto const* const placement = Document.placements.Seek(component);
+    instance->SetTransform(placement ? *placement : matrixOf(location.Transformation()));
 
     // The look of a part as a whole goes to its bodies; an assembly has none, so its look goes to its
     // instances.
@@ -241,7 +240,8 @@ void ModelBuilder::buildPart(Part const& part, BuildTimes& times, Message_Progre
     });
     if (failure) warn("part of it could not be converted (" + *failure + ").");
     if (converter.droppedFaces() > 0)
-        warn(std::to_string(converter.droppedFaces()) + " faces have no usable geometry and are left out.");
+        warn("faces without usable geometry are left out (" + std::to_string(converter.droppedFaces()) +
+             ").");
 
     auto bodies = converter.takeBodies();
     bool const hasColours =

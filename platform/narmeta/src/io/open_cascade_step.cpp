@@ -31,12 +31,13 @@ LoadOutcome parse(std::filesystem::path const& file, STEPCAFControl_Reader& read
     auto const report = checkStepFile(file);
     if (report.refusal) return LoadFailure{IoOutcome::Damaged, *report.refusal};
     if (report.danglingCount > 0) {
-        document.warnings.push_back("The STEP file refers to " + std::to_string(report.danglingCount) +
-                                    " entities that it does not define. What depends on them is left out.");
+        document.warnings.push_back("The STEP file refers to entities that it does not define (" +
+                                    std::to_string(report.danglingCount) +
+                                    "). What depends on them is left out.");
     }
     if (report.duplicateCount > 0) {
-        document.warnings.push_back("The STEP file defines " + std::to_string(report.duplicateCount) +
-                                    " entity numbers more than once.");
+        document.warnings.push_back("The STEP file defines entity numbers more than once (" +
+                                    std::to_string(report.duplicateCount) + ").");
     }
     Interface_Static::SetCVal("read.step.codepage", kernelCodePage(report.encoding));
     auto status = IFSelect_RetVoid;

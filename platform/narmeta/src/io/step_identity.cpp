@@ -29,7 +29,7 @@ namespace
 std::wstring textOf(Handle(TCollection_HAsciiString) const& text)
 {
     if (text.IsNull()) return {};
-    return wideFromBytes({text->ToCString(), static_cast<std::size_t>(text->Length())});
+    return trimmed(wideFromBytes({text->ToCString(), static_cast<std::size_t>(text->Length())}));
 }
 
 struct Occurrence {
@@ -108,9 +108,7 @@ public:
 
     void matchRoots()
     {
-        TDF_LabelSequence roots;
-        Shapes->GetFreeShapes(roots);
-        for (auto const& label : roots) {
+        for (auto const& label : Document.rootLabels()) {
             if (!Document.products.IsBound(label)) matchRoot(label);
             matchChildren(label);
         }

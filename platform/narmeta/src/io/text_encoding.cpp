@@ -97,6 +97,14 @@ std::string utf8FromWide(std::wstring_view text)
     return QString::fromWCharArray(text.data(), static_cast<qsizetype>(text.size())).toStdString();
 }
 
+std::wstring trimmed(std::wstring_view text)
+{
+    constexpr std::wstring_view Blanks = L" \t\r\n";
+    auto const first = text.find_first_not_of(Blanks);
+    if (first == std::wstring_view::npos) return {};
+    return std::wstring(text.substr(first, text.find_last_not_of(Blanks) + 1 - first));
+}
+
 std::wstring idText(std::wstring_view name)
 {
     static constexpr wchar_t Hex[] = L"0123456789ABCDEF";

@@ -23,6 +23,9 @@ std::wstring wideFromUtf16(char16_t const* text, std::size_t length);
 
 std::string utf8FromWide(std::wstring_view text);
 
+/// Without blanks at either end: many systems write a blank where there is no name.
+std::wstring trimmed(std::wstring_view text);
+
 /// Form of a name that can stand in an id: printable ASCII as it is, everything else percent-encoded in
 /// UTF-8, so that narrowing it can't fail in any locale and two names never become one.
 std::wstring idText(std::wstring_view name);

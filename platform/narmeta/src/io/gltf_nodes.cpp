@@ -1,0 +1,106 @@
+#include "gltf_nodes.h"
+
+#include <cmath>
+#include <cstdint>
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QtEndian>
+
+namespace NarMetaInfra
+{
+namespace
+{
+using Matrix4 = std::array<double, 16>;
+
+constexpr int DepthLimit = 200;
+constexpr double MillimetresPerMetre = 1000.0;
+
+QByteArray jsonOf(std::filesystem::path const& path)
+{
+    QFile file(QString::fromStdString(path.string()));
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    constexpr qint64 HeaderLength = 20; // of the container and of its first chunk
+    auto const start = file.peek(HeaderLength);
+    if (!start.startsWith("glTF")) return file.readAll();
+    if (start.size() < HeaderLength) return {};
+    auto const length = qFromLittleEndian<quint32>(start.constData() + 12);
+    file.skip(HeaderLength);
+    return file.read(std::min<qint64>(length, file.size()));
+}
+
+template <std::size_t Count> std::optional<std::array<double, Count>> numbers(QJsonValue const& value)
+{
+    auto const list = value.toArray();
+    if (list.size() != static_cast<qsizetype>(Count)) return std::nullopt;
+    std::array<double, Count> result;
+    for (std::size_t i = 0; i < Count; ++i) {
+        result[i] = list.at(static_cast<qsizetype>(i)).toDouble();
+        if (!std::isfinite(result[i])) return std::nullopt;
+    }
+    return result;
+}
+
+// Column-major matrices for column vectors, as in the file, have the same layout as row-major ones for row
+// vectors.
+Matrix4 localMatrix(QJsonObject const& node)
+{
+    if (auto const matrix = numbers<16>(node["matrix"])) return *matrix;
+    auto const t = numbers<3>(node["translation"]).value_or(std::array{0.0, 0.0, 0.0});
+    auto const s = numbers<3>(node["scale"]).value_or(std::array{1.0, 1.0, 1.0});
+    auto const [x, y, z, w] = numbers<4>(node["rotation"]).value_or(std::array{0.0, 0.0, 0.0, 1.0});
+    std::array<std::array<double, 3>, 3> const axes = {
+        {{1 - 2 * (y * y + z * z), 2 * (x * y + z * w), 2 * (x * z - y * w)},
+         {2 * (x * y - z * w), 1 - 2 * (x * x + z * z), 2 * (y * z + x * w)},
+         {2 * (x * z + y * w), 2 * (y * z - x * w), 1 - 2 * (x * x + y * y)}}};
+    Matrix4 matrix{};
+    for (std::size_t row = 0; row < 3; ++row)
+        for (std::size_t column = 0; column < 3; ++column)
+            matrix[4 * row + column] = s[row] * axes[row][column];
+    for (std::size_t column = 0; column < 3; ++column) matrix[12 + column] = t[column];
+    matrix[15] = 1.0;
+    return matrix;
+}
+
+// The model's axes x, y, z are the file's x, -z, y.
+Matrix4 inModelSpace(Matrix4 const& file)
+{
+    constexpr std::array<std::size_t, 3> From = {0, 2, 1};
+    constexpr std::array<double, 3> Sign = {1.0, -1.0, 1.0};
+    Matrix4 model{};
+    for (std::size_t row = 0; row < 3; ++row)
+        for (std::size_t column = 0; column < 3; ++column)
+            model[4 * row + column] = Sign[row] * Sign[column] * file[4 * From[row] + From[column]];
+    for (std::size_t column = 0; column < 3; ++column)
+        model[12 + column] = Sign[column] * MillimetresPerMetre * file[12 + From[column]];
+    model[15] = 1.0;
+    return model;
+}
+
+std::optional<std::vector<GltfNode>> nodesOf(QJsonArray const& indices, QJsonArray const& all, int depth)
+{
+    if (depth > DepthLimit) return std::nullopt;
+    std::vector<GltfNode> nodes;
+    for (auto const& index : indices) {
+        auto const number = index.toInt(-1);
+        if (number < 0 || number >= all.size()) return std::nullopt;
+        auto const source = all.at(number).toObject();
+        GltfNode node{inModelSpace(localMatrix(source)), source.contains("mesh"), {}};
+        auto children = nodesOf(source["children"].toArray(), all, depth + 1);
+        if (!children) return std::nullopt;
+        node.children = std::move(*children);
+        if (node.hasMesh || !node.children.empty()) nodes.push_back(std::move(node));
+    }
+    return nodes;
+}
+} // namespace
+
+std::optional<std::vector<GltfNode>> readGltfNodes(std::filesystem::path const& file)
+{
+    auto const document = QJsonDocument::fromJson(jsonOf(file)).object();
+    auto const scene = document["scenes"].toArray().at(document["scene"].toInt(0)).toObject();
+    return nodesOf(scene["nodes"].toArray(), document["nodes"].toArray(), 0);
+}
+} // namespace NarMetaInfra

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <array>
+#include <filesystem>
+#include <optional>
+#include <vector>
+
+namespace NarMetaInfra
+{
+/// A node of a glTF scene with a mesh in it or below it.
+struct GltfNode {
+    /// 16 elements for row vectors, translation in 12 to 14; millimetres, z up. Unlike the kernel's own
+    /// placements it can hold different scales along the axes.
+    std::array<double, 16> matrix;
+    bool hasMesh = false;
+    std::vector<GltfNode> children;
+};
+
+/// The root nodes of the default scene of a .gltf or .glb file. Nothing if the file's structure can't be
+/// followed.
+std::optional<std::vector<GltfNode>> readGltfNodes(std::filesystem::path const& file);
+} // namespace NarMetaInfra

@@ -1,0 +1,142 @@
+#include "read_support.h"
+
+#include "step_text.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+using namespace ReadSupport;
+
+namespace
+{
+std::string const Header =
+    "ISO-10303-21;\nHEADER;\nFILE_DESCRIPTION((''),'2;1');\nFILE_NAME('','',(''),(''),'','','');\n"
+    "FILE_SCHEMA(('AUTOMOTIVE_DESIGN'));\nENDSEC;\nDATA;\n";
+std::string const Footer = "ENDSEC;\nEND-ISO-10303-21;\n";
+
+struct BrokenFile {
+    char const* name;
+    std::string bytes;
+    IoOutcome outcome;
+};
+
+BrokenFile const BrokenFiles[] = {
+    {"empty", "", IoOutcome::Damaged},
+    {"random text", "This is a letter, not a model.\n", IoOutcome::Damaged},
+    {"header only", Header, IoOutcome::Damaged},
+    {"no entity", Header + Footer, IoOutcome::Damaged},
+    {"only a point", Header + "#1=CARTESIAN_POINT('',(0.,0.,0.));\n" + Footer, IoOutcome::NothingToShow},
+    {"scope",
+     Header + "#1=&SCOPE\n#2=CARTESIAN_POINT('',(0.,0.,0.));\nENDSCOPE CARTESIAN_POINT('',(0.,0.,0.));\n" +
+         Footer,
+     IoOutcome::Damaged},
+    {"glb of nothing", std::string("glTF\2\0\0\0\14\0\0\0", 12), IoOutcome::Damaged},
+    {"gltf cut off", "{\"asset\":{\"version\":\"2.0\"},\"meshes\":[{\"primitives\":[", IoOutcome::Damaged},
+    {"brep cut off", "DBRep_DrawableShape\n\nCASCADE Topology V1, (c) Matra-Datavision\nLocations 1\n",
+     IoOutcome::Damaged},
+    {"iges header only", "                                                                        S      1\n",
+     IoOutcome::Damaged},
+};
+
+class BrokenFileTest : public testing::TestWithParam<BrokenFile>
+{
+};
+
+void expectFailure(ReadModel const& read)
+{
+    EXPECT_FALSE(read.result.error.empty());
+    EXPECT_EQ(read.result.error.find(L'\n'), std::wstring::npos);
+}
+} // namespace
+
+TEST_P(BrokenFileTest, IsRefusedWithACause)
+{
+    TemporaryFolder const folder;
+    auto const read = ReadSupport::read(folder.write("file.step", GetParam().bytes));
+    EXPECT_EQ(read->result.outcome, GetParam().outcome);
+    expectFailure(*read);
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, BrokenFileTest, testing::ValuesIn(BrokenFiles), [](auto const& test) {
+    std::string name = test.param.name;
+    std::ranges::replace(name, ' ', '_');
+    return name;
+});
+
+TEST(BrokenFiles, CollectedOnesHaveAClearOutcome)
+{
+    auto const folder = modelFolder() / "broken";
+    REQUIRE_MODEL_FILE(folder);
+    std::map<std::string, IoOutcome> const expected = {
+        {"assimp_malformed.obj", IoOutcome::Done},
+        {"gltfval_invalid_json_chunk.glb", IoOutcome::Damaged},
+        {"gltfval_truncated_chunk_data.glb", IoOutcome::Damaged},
+        {"stepcode_missing_and_required.p21", IoOutcome::NothingToShow},
+        {"stepcode_select_segfault_2.stp", IoOutcome::NothingToShow},
+    };
+    for (auto const& [name, outcome] : expected) {
+        auto const read = ReadSupport::read(folder / name);
+        EXPECT_EQ(read->result.outcome, outcome) << name;
+        if (outcome != IoOutcome::Done) expectFailure(*read);
+    }
+}
+
+TEST(BrokenFiles, AStepFileThatEndsEarlyIsDamagedWhereverItEnds)
+{
+    auto const file = modelFolder() / "parts/red_cube_blue_cylinder.step";
+    REQUIRE_MODEL_FILE(file);
+    auto const bytes = bytesOf(file);
+    TemporaryFolder const folder;
+    for (std::size_t const share : {3u, 10u, 35u, 50u, 70u, 90u, 99u}) {
+        auto const cut =
+            folder.write("cut.step", std::string_view(bytes).substr(0, bytes.size() * share / 100));
+        auto const read = ReadSupport::read(cut);
+        EXPECT_EQ(read->result.outcome, IoOutcome::Damaged) << share;
+        expectFailure(*read);
+    }
+}
+
+TEST(BrokenFiles, WrongReferencesAndNumbersDoNotEndTheProcess)
+{
+    auto const file = modelFolder() / "parts/red_cube_blue_cylinder.step";
+    REQUIRE_MODEL_FILE(file);
+    auto const good = bytesOf(file);
+    TemporaryFolder const folder;
+    // Each reference to the first entity of a kind is bent to another entity, or to none.
+    for (auto const* const kind : {"ADVANCED_FACE", "EDGE_LOOP", "VERTEX_POINT", "PLANE", "CLOSED_SHELL"}) {
+        auto const entity = good.find(std::string(" = ") + kind);
+        ASSERT_NE(entity, std::string::npos) << kind;
+        auto const line = good.rfind('#', entity);
+        auto const id = good.substr(line, entity - line);
+        for (auto const* const target : {"#8 ", "#99999 "}) {
+            auto bad = good;
+            for (auto at = bad.find(id); at != std::string::npos; at = bad.find(id, at + 1)) {
+                auto const next = bad[at + id.size()];
+                if (at != line && (next == ',' || next == ' ' || next == ')'))
+                    bad.replace(at, id.size(), target);
+            }
+            auto const read = ReadSupport::read(folder.write("bent.step", bad));
+            if (read->result.outcome != IoOutcome::Done)
+                expectFailure(*read);
+            else
+                EXPECT_GT(read->model.GetCounts().faces, 0u) << kind << target;
+        }
+    }
+}
+
+TEST(StepText, CountsWhatIsNotDefined)
+{
+    auto const report = checkStepText(
+        Header + "#1=A(#2,#3,'#4 in a ''string''');\n/* #5 */\n#2 = B(#1);\n#2=C();\n" + Footer);
+    EXPECT_FALSE(report.refusal);
+    EXPECT_EQ(report.entityCount, 3u);
+    EXPECT_EQ(report.danglingCount, 1u);
+    EXPECT_EQ(report.duplicateCount, 1u);
+}
+
+TEST(StepText, TheEndInsideAStringIsNoEnd)
+{
+    EXPECT_TRUE(checkStepText(Header + "#1=A('END-ISO-10303-21;');\n").refusal);
+    EXPECT_TRUE(checkStepText(Header + "#1=A('never closed;\n" + Footer).refusal);
+}

@@ -1,0 +1,195 @@
+#include "read_support.h"
+
+#include "mesh_normals.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+using namespace ReadSupport;
+
+namespace
+{
+// A tetrahedron: corners, and faces turned outwards.
+float const Corners[4][3] = {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {0, 0, 1}};
+int const Faces[4][3] = {{0, 2, 1}, {0, 1, 3}, {0, 3, 2}, {1, 2, 3}};
+
+std::string textStl()
+{
+    std::string text = "solid tetrahedron\n";
+    for (auto const& face : Faces) {
+        text += "facet normal 0 0 0\nouter loop\n";
+        for (auto const corner : face) {
+            text += "vertex";
+            for (auto const x : Corners[corner]) text += " " + std::to_string(x);
+            text += "\n";
+        }
+        text += "endloop\nendfacet\n";
+    }
+    return text + "endsolid tetrahedron\n";
+}
+
+std::string binaryStl()
+{
+    std::string bytes(80, ' ');
+    std::uint32_t const count = 4;
+    bytes.append(reinterpret_cast<char const*>(&count), 4);
+    for (auto const& face : Faces) {
+        bytes.append(12, '\0');
+        for (auto const corner : face) bytes.append(reinterpret_cast<char const*>(Corners[corner]), 12);
+        bytes.append(2, '\0');
+    }
+    return bytes;
+}
+
+std::string obj()
+{
+    std::string text = "# a tetrahedron\no tetrahedron\n";
+    for (auto const& corner : Corners) {
+        text += "v";
+        for (auto const x : corner) text += " " + std::to_string(x);
+        text += "\n";
+    }
+    for (auto const& face : Faces) {
+        text += "f";
+        for (auto const corner : face) text += " " + std::to_string(corner + 1);
+        text += "\n";
+    }
+    return text;
+}
+
+struct MeshFile {
+    char const* name;
+    std::string (*bytes)();
+};
+
+class TetrahedronTest : public testing::TestWithParam<MeshFile>
+{
+};
+
+// A glTF file with one triangle, used by four nodes: plain, mirrored, stretched, and stretched inside a moved
+// group.
+std::string gltfWithNodes()
+{
+    return R"({"asset":{"version":"2.0"},"scene":0,"scenes":[{"nodes":[0,1,2,3]}],
+"nodes":[{"name":"plain","mesh":0},
+{"name":"mirrored","mesh":0,"scale":[1,1,-1],"translation":[1,2,3]},
+{"name":"stretched","mesh":0,"scale":[0.5,1,-0.75]},
+{"name":"group","translation":[0,0,10],"children":[4,5]},
+{"name":"inner","mesh":0,"matrix":[2,0,0,0, 0,3,0,0, 0,0,4,0, 1,0,0,1]},
+{"name":"other","mesh":0}],
+"materials":[{"pbrMetallicRoughness":{"baseColorFactor":[1,0,0,0.5]},"alphaMode":"BLEND"}],
+"meshes":[{"primitives":[{"attributes":{"POSITION":0},"material":0}]}],
+"accessors":[{"bufferView":0,"componentType":5126,"count":3,"type":"VEC3","min":[0,0,0],"max":[1,1,0]}],
+"bufferViews":[{"buffer":0,"byteLength":36}],
+"buffers":[{"byteLength":36,"uri":"data:application/octet-stream;base64,AAAAAAAAAAAAAAAAAACAPwAAAAAAAAAAAAAAAAAAgD8AAAAA"}]})";
+}
+
+std::shared_ptr<ZELInstance> instanceNamed(ZELProductStructure const& model, std::wstring const& name)
+{
+    auto all = model.GetRootInstances();
+    for (auto const& reference : model.GetReferences())
+        all.insert(all.end(), reference->GetInstances().begin(), reference->GetInstances().end());
+    for (auto const& instance : all)
+        if (instance->GetInstanceName() == name) return instance;
+    return nullptr;
+}
+} // namespace
+
+TEST_P(TetrahedronTest, HasSharpOutwardNormals)
+{
+    TemporaryFolder const folder;
+    auto const read = ReadSupport::read(folder.write("shape.dat", GetParam().bytes()));
+    ASSERT_EQ(read->result.outcome, IoOutcome::Done);
+    EXPECT_TRUE(read->result.graphical);
+    auto const meshes = meshesOf(read->model);
+    ASSERT_EQ(meshes.size(), 1u);
+    auto const& face = *meshes[0]->GetFaces().at(0);
+    auto const& indices = face.GetPolygons().at(0).GetIndices();
+    ASSERT_EQ(indices.size(), 12u);
+    for (auto const index : indices) {
+        auto const* const n = &face.GetNormals()[static_cast<std::size_t>(index)];
+        bool const slanted = std::abs(n[0] - 0.577f) < 1e-3f && std::abs(n[1] - 0.577f) < 1e-3f;
+        bool const straight = std::min({n[0], n[1], n[2]}) < -0.999f;
+        EXPECT_TRUE(slanted || straight) << n[0] << " " << n[1] << " " << n[2];
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Formats, TetrahedronTest,
+                         testing::Values(MeshFile{"TextStl", textStl}, MeshFile{"BinaryStl", binaryStl},
+                                         MeshFile{"Obj", obj}),
+                         [](auto const& test) { return test.param.name; });
+
+TEST(GltfReading, NodesKeepMirrorsAndStretches)
+{
+    TemporaryFolder const folder;
+    auto const read = ReadSupport::read(folder.write("nodes.gltf", gltfWithNodes()));
+    ASSERT_EQ(read->result.outcome, IoOutcome::Done);
+    struct {
+        wchar_t const* name;
+        double determinant;
+        std::array<float, 3> translation; // millimetres, z up
+    } const expected[] = {
+        {L"plain", 1.0, {0, 0, 0}},        {L"mirrored", -1.0, {1000, -3000, 2000}},
+        {L"stretched", -0.375, {0, 0, 0}}, {L"group", 1.0, {0, -10000, 0}},
+        {L"inner", 24.0, {1000, 0, 0}},
+    };
+    for (auto const& [name, determinant, translation] : expected) {
+        auto const instance = instanceNamed(read->model, name);
+        ASSERT_TRUE(instance) << std::string(name, name + std::wcslen(name));
+        auto const& m = instance->GetMatrix();
+        EXPECT_NEAR(determinantOf(m), determinant, 1e-4);
+        for (std::size_t k = 0; k < 3; ++k) EXPECT_NEAR(m[12 + k], translation[k], 1e-3);
+    }
+    // y of the file is z of the model: the stretch of 3 along y shows there.
+    auto const& inner = instanceNamed(read->model, L"inner")->GetMatrix();
+    EXPECT_NEAR(inner[0], 2.0f, 1e-5f);
+    EXPECT_NEAR(inner[5], 4.0f, 1e-5f);
+    EXPECT_NEAR(inner[10], 3.0f, 1e-5f);
+}
+
+TEST(GltfReading, OneMeshOfManyNodesIsOneReferenceWithItsColour)
+{
+    TemporaryFolder const folder;
+    auto const read = ReadSupport::read(folder.write("nodes.gltf", gltfWithNodes()));
+    ASSERT_EQ(read->result.outcome, IoOutcome::Done);
+    EXPECT_EQ(read->model.GetUniqueReferencesCount(), 1u);
+    auto const meshes = meshesOf(read->model);
+    ASSERT_EQ(meshes.size(), 1u);
+    auto const attributes = meshes[0]->GetFaces().at(0)->GetAttributes();
+    ASSERT_TRUE(attributes);
+    EXPECT_EQ(*attributes->GetColour(), (Colour{255, 0, 0}));
+    EXPECT_NEAR(*attributes->GetAlpha(), 128, 1);
+}
+
+TEST(GltfReading, AMirroredNodeOfARealFileStaysMirrored)
+{
+    auto const file = modelFolder() / "gltf/car.glb";
+    REQUIRE_MODEL_FILE(file);
+    auto const read = ReadSupport::read(file);
+    EXPECT_NEAR(determinantOf(instanceNamed(read->model, L"Front Lights")->GetMatrix()), -1.0, 1e-4);
+    EXPECT_NEAR(determinantOf(instanceNamed(read->model, L"Back Lights")->GetMatrix()), -0.375, 1e-4);
+}
+
+TEST(MeshNormals, APointOnASharpEdgeIsDoubledAndAFlatOneIsNot)
+{
+    // Two squares that meet in the y axis, first in a plane, then at a right angle.
+    std::vector<std::uint32_t> const triangles = {0, 1, 2, 0, 2, 3, 1, 4, 5, 1, 5, 2};
+    std::vector<float> points = {-1, 0, 0, 0, 0, 0, 0, 1, 0, -1, 1, 0, 1, 0, 0, 1, 1, 0};
+    EXPECT_EQ(smoothMesh(points, triangles).points.size(), points.size());
+    points[12] = points[15] = 0.0f;
+    points[14] = points[17] = 1.0f;
+    auto const bent = smoothMesh(points, triangles);
+    EXPECT_EQ(bent.points.size(), points.size() + 6);
+    for (auto const value : bent.normals) EXPECT_TRUE(std::isfinite(value));
+}
+
+TEST(MeshNormals, ATriangleWithoutAreaGetsAUsableNormal)
+{
+    auto const mesh = smoothMesh({0, 0, 0, 1, 0, 0, 2, 0, 0}, {0, 1, 2});
+    ASSERT_EQ(mesh.normals.size(), 9u);
+    for (std::size_t i = 0; i < 9; i += 3)
+        EXPECT_NEAR(std::hypot(mesh.normals[i], mesh.normals[i + 1], mesh.normals[i + 2]), 1.0f, 1e-6f);
+}
