@@ -59,24 +59,27 @@ void addShape(KernelDocument& document, TopoDS_Shape const& shape)
 }
 
 // A mesh node without a transform stands in the document as the mesh itself, and if other nodes share that
-// mesh, no longer as a root. The shape that the reader hands out still has all roots.
+// mesh, no longer as a root. The shape that the reader hands out still has all roots, in the order of the
+// labels.
 void findRoots(RWMesh_CafReader const& reader, KernelDocument& document)
 {
     auto const shapes = document.shapes();
-    auto const add = [&](TopoDS_Shape const& shape) {
-        TDF_Label label;
-        bool const isPlaced = !shape.Location().IsIdentity();
-        bool const found = shapes->FindShape(shape, label, isPlaced);
-        if (found) document.knownRoots.push_back(label);
-        return found;
-    };
+    auto const free = document.rootLabels();
     auto const whole = reader.SingleShape();
-    if (whole.IsNull() || add(whole)) return;
+    if (free.size() <= 1 || whole.IsNull()) return;
+    std::vector<TDF_Label> roots;
+    auto next = free.begin();
     for (TopoDS_Iterator root(whole); root.More(); root.Next()) {
-        if (add(root.Value())) continue;
-        document.knownRoots.clear();
-        return;
+        TDF_Label label;
+        bool const isPlain = root.Value().Location().IsIdentity() && shapes->FindShape(root.Value(), label);
+        if (isPlain && !shapes->IsFree(label))
+            roots.push_back(label);
+        else if (next != free.end())
+            roots.push_back(*next++);
+        else
+            return;
     }
+    if (next == free.end()) document.knownRoots = std::move(roots);
 }
 
 LoadOutcome loadMeshScene(RWMesh_CafReader& reader, char const* format, std::filesystem::path const& file,
