@@ -42,8 +42,7 @@ public:
     void SetName(UTF8 const& name); // nothing happens if a sibling has the name already
 
     // The segment of that name below this one; made if it is not there and `create` holds, else an empty key.
-    // The empty name never finds one: it makes a new unnamed segment at each call. A name with slashes is a
-    // way down.
+    // The empty name never finds one: it makes a new unnamed segment at each call.
     SegmentKey Subsegment(UTF8 const& name, bool create = true);
     SegmentKey Subsegment() { return Subsegment(UTF8(), true); }
     bool ShowSubsegments(SegmentKeyArray& children) const; // false if there are none

@@ -2,6 +2,7 @@
 #include <hps/Color.h>
 #include <hps/GeometryKit.h>
 #include <hps/Point.h>
+#include <memory>
 
 namespace HPS
 {
@@ -19,23 +20,30 @@ template <class T> struct ElementValues {
 extern template struct ElementValues<Vector>;
 extern template struct ElementValues<RGBAColor>;
 
+// Colours inside a shell.
+struct ShellColors {
+    ElementValues<RGBAColor> vertexFaces;   // per vertex, blended over the faces
+    ElementValues<RGBAColor> vertexEdges;   // per vertex, blended along the edges
+    ElementValues<RGBAColor> vertexMarkers; // of the vertices themselves
+    ElementValues<RGBAColor> faces;         // per face; holes do not count
+    bool operator==(ShellColors const&) const = default;
+};
+
 // The shape of a shell. The facelist holds for each face the number of its points and then their indices; a
 // negative number is a hole in the face before it, with as many points.
 struct ShellData {
     std::vector<Point> points;
     std::vector<int> facelist;
     ElementValues<Vector> vertexNormals;
-    ElementValues<RGBAColor> vertexFaceColors;   // blended over the faces
-    ElementValues<RGBAColor> vertexEdgeColors;   // blended along the edges
-    ElementValues<RGBAColor> vertexMarkerColors; // of the vertices themselves
-    ElementValues<RGBAColor> faceColors;         // holes do not count as faces
-    bool operator==(ShellData const&) const = default;
+    std::shared_ptr<ShellColors const> colors; // null if there are none; never changed once it is here
+
+    friend bool operator==(ShellData const& a, ShellData const& b);
 };
 
 class ShellKit : public GeometryKit<ShellKit>
 {
 public:
-    // What a vertex colour is for; the numbers are the bits of the kinds.
+    // What a vertex colour is for.
     enum class Component : std::uint32_t { Faces, Edges, Vertices };
 
     ShellKit& SetPoints(std::vector<Point> points);

@@ -66,7 +66,10 @@ struct VisibilityData : VisibilityKinds {
     // True if the kind is to be seen; what is not set counts as `fallback`.
     bool shows(Kind kind, bool fallback) const { return isSet & bit(kind) ? value & bit(kind) : fallback; }
 
-    bool operator==(VisibilityData const&) const = default;
+    friend bool operator==(VisibilityData const& a, VisibilityData const& b)
+    {
+        return a.isSet == b.isSet && a.value == b.value;
+    }
 
     struct KindAspect {
         using Value = bool;

@@ -1,0 +1,122 @@
+#include "structure.h"
+#include "user_data.h"
+#include <hps/Database.h>
+
+namespace HPS
+{
+using namespace scene;
+
+namespace
+{
+
+template <class K> bool showKeys(std::span<SlotIndex const> slots, std::vector<K>& keys)
+{
+    keys.clear();
+    keys.reserve(slots.size());
+    for (auto const slot : slots) keys.emplace_back(store().indexOf(slot));
+    return !keys.empty();
+}
+
+} // namespace
+
+void SegmentKey::SetName(UTF8 const& name)
+{
+    if (auto* const segment = store().resolve<SegmentRecord>(*this)) rename(*segment, name.Str());
+}
+
+SegmentKey SegmentKey::Subsegment(UTF8 const& name, bool create)
+{
+    auto* const segment = store().resolve<SegmentRecord>(*this);
+    if (!segment) return {};
+    if (auto const* const child = findChild(*segment, name.Str())) return SegmentKey(store().indexOf(*child));
+    return create ? SegmentKey(store().indexOf(createSegment(segment, name.Str()))) : SegmentKey();
+}
+
+bool SegmentKey::ShowSubsegments(SegmentKeyArray& children) const
+{
+    children.clear();
+    auto const* const segment = store().resolve<SegmentRecord>(*this);
+    return segment && showKeys(segment->children, children);
+}
+
+std::size_t SegmentKey::GetSubsegmentCount() const
+{
+    auto const* const segment = store().resolve<SegmentRecord>(*this);
+    return segment ? segment->children.size() : 0;
+}
+
+bool SegmentKey::MoveTo(SegmentKey const& owner)
+{
+    auto* const segment = store().resolve<SegmentRecord>(*this);
+    auto* const target = store().resolve<SegmentRecord>(owner);
+    return segment && target && moveTo(*segment, *target);
+}
+
+IncludeKey SegmentKey::IncludeSegment(SegmentKey const& target)
+{
+    auto* const segment = store().resolve<SegmentRecord>(*this);
+    auto* const included = store().resolve<SegmentRecord>(target);
+    auto const* const include = segment && included ? createInclude(*segment, *included) : nullptr;
+    return include ? IncludeKey(store().indexOf(*include)) : IncludeKey();
+}
+
+bool SegmentKey::ShowIncludes(IncludeKeyArray& includes) const
+{
+    includes.clear();
+    auto const* const segment = store().resolve<SegmentRecord>(*this);
+    return segment && showKeys(segment->includes, includes);
+}
+
+bool SegmentKey::ShowIncluders(IncludeKeyArray& includers) const
+{
+    includers.clear();
+    auto const* const segment = store().resolve<SegmentRecord>(*this);
+    return segment && showKeys(segment->includers, includers);
+}
+
+SegmentKey& SegmentKey::SetModellingMatrix(MatrixKit const& matrix)
+{
+    auto* const segment = store().resolve<SegmentRecord>(*this);
+    if (!segment || !matrix.IsFinite()) return *this;
+    if (!segment->matrix)
+        segment->matrix = std::make_unique<MatrixKit>(matrix);
+    else if (*segment->matrix == matrix)
+        return *this;
+    else
+        *segment->matrix = matrix;
+    invalidateBoundsAbove(*segment);
+    noteChange(*segment, Change::Matrix);
+    return *this;
+}
+
+SegmentKey& SegmentKey::UnsetModellingMatrix()
+{
+    auto* const segment = store().resolve<SegmentRecord>(*this);
+    if (!segment || !segment->matrix) return *this;
+    segment->matrix.reset();
+    invalidateBoundsAbove(*segment);
+    noteChange(*segment, Change::Matrix);
+    return *this;
+}
+
+bool SegmentKey::ShowModellingMatrix(MatrixKit& matrix) const
+{
+    auto const* const segment = store().resolve<SegmentRecord>(*this);
+    if (!segment || !segment->matrix) return false;
+    matrix = *segment->matrix;
+    return true;
+}
+
+SegmentKey Database::CreateRootSegment()
+{
+    return SegmentKey(store().indexOf(createSegment(nullptr, {})));
+}
+
+SegmentKeyArray Database::GetRootSegments()
+{
+    SegmentKeyArray keys;
+    showKeys(store().roots, keys);
+    return keys;
+}
+
+} // namespace HPS

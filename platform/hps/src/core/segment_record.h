@@ -1,0 +1,60 @@
+#pragma once
+#include "kit_block.h"
+#include "record.h"
+#include <hps/Cuboid.h>
+#include <hps/MatrixKit.h>
+#include <unordered_map>
+#include <vector>
+
+namespace HPS::scene
+{
+
+// What few segments have.
+struct SegmentExtras {
+    std::vector<ConditionId> conditions; // set on the segment, sorted
+    SlotList styles;                     // StyleRecords, in the order they were pushed
+    std::vector<KeyIndex> portfolios;    // pushed, the last one on top; some may be gone
+    std::string materialPalette;
+    // Children by name, once there are more than a few. The views are of the names in the records.
+    std::unordered_map<std::string_view, SlotIndex> childrenByName;
+};
+
+struct SegmentRecord : OwnedRecord {
+    static constexpr HPS::Type family = HPS::Type::SegmentKey;
+    // With more named children than this a segment keeps them by name.
+    static constexpr std::size_t indexedFrom = 8;
+
+    std::uint32_t attributeStamp = 0; // new at every write of what the fold reads
+    std::string name;
+    SlotList children;                 // SegmentRecords
+    SlotList includes;                 // IncludeRecords owned here
+    SlotList includers;                // IncludeRecords elsewhere whose target this is
+    SlotList geometry;                 // GeometryRecords
+    std::vector<KitPointer> kits;      // sorted by kind
+    std::unique_ptr<MatrixKit> matrix; // null: identity
+    std::unique_ptr<SegmentExtras> extras;
+    std::unique_ptr<UserData> userData;
+
+    // The extent of the contents, in this segment's coordinates. Filled by the bounding query.
+    SimpleCuboid bounds;
+    bool boundsKnown = false;
+    bool isStyleSource = false; // its attributes are used by styles somewhere
+
+    SegmentRecord();
+    ~SegmentRecord();
+
+    KitBlock const* kit(KitKind kind) const
+    {
+        for (auto const& block : kits)
+            if (block->kind == kind) return block.get();
+        return nullptr;
+    }
+    void setKit(KitKind kind, KitPointer block); // null takes it away
+    SegmentExtras& rare()
+    {
+        if (!extras) extras = std::make_unique<SegmentExtras>();
+        return *extras;
+    }
+};
+
+} // namespace HPS::scene

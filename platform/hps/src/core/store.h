@@ -1,0 +1,84 @@
+#pragma once
+#include "change_log.h"
+#include "pool.h"
+#include "segment_record.h"
+#include <hps/SegmentKey.h>
+#include <map>
+
+namespace HPS::scene
+{
+
+// The database: all records, by slot. A handle is turned into a record here and nowhere else.
+class Store
+{
+public:
+    // Never destroyed: handles may be used by objects that die after main().
+    static Store& instance();
+
+    // The record of a handle, or null if it is stale, empty or of another type.
+    template <class R> R* resolve(KeyIndex index) const
+    {
+        if (index.slot >= slots_.size() || slots_[index.slot].generation != index.generation) return nullptr;
+        return at<R>(index.slot);
+    }
+    template <class R> R* resolve(Key const& key) const { return resolve<R>(key.Index()); }
+    Record* resolve(KeyIndex index) const
+    {
+        if (index.slot >= slots_.size() || slots_[index.slot].generation != index.generation) return nullptr;
+        return slots_[index.slot].record;
+    }
+
+    // The record in a slot, or null if the slot is free or holds another type.
+    template <class R> R* at(SlotIndex slot) const
+    {
+        Record* const record = slot < slots_.size() ? slots_[slot].record : nullptr;
+        return record && isOfType(record->type, R::family) ? static_cast<R*>(record) : nullptr;
+    }
+    KeyIndex indexOf(Record const& record) const { return {record.slot, slots_[record.slot].generation}; }
+    KeyIndex indexOf(SlotIndex slot) const { return {slot, slots_[slot].generation}; }
+    std::size_t slotCount() const { return slots_.size(); }
+
+    template <class R> R& create(HPS::Type type)
+    {
+        auto& pool = pools_[type];
+        if (!pool) pool = std::make_unique<Pool<R>>();
+        R* const record = static_cast<Pool<R>&>(*pool).acquire();
+        record->type = type;
+        enter(*record);
+        return *record;
+    }
+    // Frees the slot and the record and nothing else: what points at it must be gone.
+    void release(Record& record);
+
+    ConditionId conditionId(std::string const& name); // 0 for the empty name
+    std::string const& conditionName(ConditionId id) const { return *conditionNames_[id]; }
+
+    // Counters that a cached fold result is compared with.
+    std::uint32_t nextStamp() { return ++stamp_; }
+    std::uint32_t definitionStamp = 0; // new when a style source, a style's name or a palette changes
+
+    ChangeLog changes;
+    SlotList roots; // segments without an owner
+
+private:
+    Store();
+    void enter(Record& record);
+
+    struct Slot {
+        Record* record = nullptr;
+        std::uint32_t generation = 1;
+    };
+    std::vector<Slot> slots_;
+    std::vector<SlotIndex> freeSlots_;
+    std::map<HPS::Type, std::unique_ptr<PoolBase>> pools_;
+    std::map<std::string, ConditionId> conditions_;
+    std::vector<std::string const*> conditionNames_;
+    std::uint32_t stamp_ = 0;
+};
+
+inline Store& store()
+{
+    return Store::instance();
+}
+
+} // namespace HPS::scene

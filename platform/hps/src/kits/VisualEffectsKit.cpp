@@ -1,0 +1,21 @@
+#include "kit_operations.h"
+
+namespace HPS
+{
+
+HPS_DEFINE_KIT(VisualEffects)
+
+VisualEffectsKit VisualEffectsKit::GetDefault()
+{
+    VisualEffectsKit kit;
+    kit.SetPostProcessEffectsEnabled(true).SetAmbientOcclusionEnabled(false).SetSilhouetteEdgesEnabled(false);
+    kit.SetDepthOfFieldEnabled(false).SetBloomEnabled(false).SetEyeDomeLightingEnabled(false);
+    kit.SetEyeDomeLightingBackColor(false).SetAntiAliasing(true).SetTextAntiAliasing(true);
+    kit.SetShadowMaps(false).SetSimpleShadow(false).SetSimpleShadowPlane(Plane(0, 1, 0, 0));
+    kit.SetSimpleShadowLightDirection(Vector(0, 1, 0)).SetSimpleShadowColor(RGBAColor::Black());
+    kit.SetSimpleReflection(false).SetSimpleReflectionPlane(Plane(0, 1, 0, 0));
+    kit.SetSimpleReflectionVisibility(VisibilityKit().SetEverything(true));
+    return kit;
+}
+
+} // namespace HPS

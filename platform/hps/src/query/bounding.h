@@ -1,0 +1,25 @@
+#pragma once
+#include "segment_record.h"
+#include <optional>
+#include <span>
+
+namespace HPS::scene
+{
+
+// The extent of a segment with all below it, in its own coordinates, before its own matrix: the volume given
+// on it, or else its geometry, its children and what it includes, but for what is excluded. Empty if there is
+// nothing. Kept until a write changes it.
+SimpleCuboid const& boundsOf(SegmentRecord const& segment);
+
+// The box around a box that went through a matrix; empty stays empty.
+SimpleCuboid transformed(SimpleCuboid const& box, MatrixKit const& matrix);
+
+// The extent as it stands in the coordinates above the segment: with its own matrix. The box of a view's
+// world is that of the segment the view shows. Exclusion of the segment itself does not count here.
+SimpleCuboid worldBoundsOf(SegmentRecord const& segment);
+
+// The segments of a path, from the root down, geometry at its leaf and includes left out. Nothing if a key is
+// stale.
+std::optional<std::vector<SegmentRecord const*>> segmentsOf(std::span<Key const> leafFirst);
+
+} // namespace HPS::scene

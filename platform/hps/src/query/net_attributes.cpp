@@ -1,0 +1,141 @@
+#include "net_attributes.h"
+#include "kit_values.h"
+#include "merge.h"
+#include <algorithm>
+
+namespace HPS::scene
+{
+namespace
+{
+
+// What is remembered beyond this is forgotten as a whole: it takes less time to compute it anew than to sort
+// out what is still used.
+constexpr std::size_t stepLimit = 1 << 20;
+
+bool setsSomething(SegmentRecord const& segment)
+{
+    return !segment.kits.empty() || segment.extras;
+}
+
+bool includesAll(std::vector<ConditionId> const& held, std::vector<ConditionId> const& wanted)
+{
+    return std::includes(held.begin(), held.end(), wanted.begin(), wanted.end());
+}
+
+} // namespace
+
+std::size_t NetFold::StateHash::operator()(NetStatePointer const& state) const
+{
+    std::size_t hash = std::hash<LockSet>()(state->locks);
+    auto const mix = [&](std::size_t value) {
+        hash = (hash ^ value) * 0x9E3779B97F4A7C15u, hash ^= hash >> 29;
+    };
+    for (auto const& kit : state->kits) mix(reinterpret_cast<std::size_t>(kit.get()));
+    for (auto const condition : state->conditions) mix(condition);
+    for (auto const portfolio : state->portfolios) mix(portfolio.slot);
+    mix(std::hash<std::string>()(state->materialPalette));
+    return hash;
+}
+
+NetFold::NetFold() : root_(std::make_shared<NetState const>()), definitionStamp_(store().definitionStamp)
+{
+    states_.insert(root_);
+}
+
+NetStatePointer NetFold::state(NetStatePointer const& parent, SegmentRecord const& segment)
+{
+    if (!setsSomething(segment)) return parent;
+    if (definitionStamp_ != store().definitionStamp || steps_.size() > stepLimit) {
+        definitionStamp_ = store().definitionStamp;
+        steps_.clear();
+        // States and kits that somebody still holds keep their addresses, so that equal ones stay the same.
+        std::erase_if(states_, [](auto const& state) { return state.use_count() == 1; });
+        for (auto& kits : kits_)
+            std::erase_if(kits, [](auto const& kit) { return kit.second.use_count() == 1; });
+        states_.insert(root_);
+    }
+    auto& result = steps_[{parent.get(), segment.slot}];
+    if (!result.state || result.stamp != segment.attributeStamp)
+        result = {segment.attributeStamp, parent, intern(compute(*parent, segment))};
+    return result.state;
+}
+
+NetStatePointer NetFold::overlay(NetStatePointer const& state, SegmentRecord const& source)
+{
+    NetState over = *state;
+    applyKits(over, source, over.locks);
+    return intern(std::move(over));
+}
+
+NetState NetFold::compute(NetState const& parent, SegmentRecord const& segment)
+{
+    NetState net = parent;
+    if (segment.extras) {
+        auto const& extras = *segment.extras;
+        if (!extras.conditions.empty() && !includesAll(net.conditions, extras.conditions)) {
+            std::vector<ConditionId> all;
+            std::set_union(net.conditions.begin(), net.conditions.end(), extras.conditions.begin(),
+                           extras.conditions.end(), std::back_inserter(all));
+            net.conditions = std::move(all);
+        }
+        net.portfolios.insert(net.portfolios.end(), extras.portfolios.begin(), extras.portfolios.end());
+        if (!extras.materialPalette.empty()) net.materialPalette = extras.materialPalette;
+
+        for (auto const slot : extras.styles) {
+            auto const& style = *store().at<StyleRecord>(slot);
+            if (style.condition &&
+                !std::binary_search(net.conditions.begin(), net.conditions.end(), style.condition))
+                continue;
+            auto const* const source = style.name.empty() ? store().resolve<SegmentRecord>(style.source)
+                                                          : findStyle(net.portfolios, style.name);
+            if (!source) continue;
+            applyKits(net, *source, net.locks);
+            auto const& locks = valuesOf<AttributeLockData>(source->kit(KitKind::AttributeLock));
+            net.locks |= lockSet(locks.locks);
+            net.locks &= ~lockSet(locks.overrides);
+        }
+    }
+    applyKits(net, segment, net.locks);
+    auto const& locks = valuesOf<AttributeLockData>(segment.kit(KitKind::AttributeLock));
+    net.locks |= lockSet(locks.locks);
+    net.locks &= ~lockSet(locks.overrides);
+    return net;
+}
+
+void NetFold::applyKits(NetState& state, SegmentRecord const& source, LockSet const& locked)
+{
+    for (auto const& block : source.kits) {
+        if (block->kind >= KitKind::InheritedCount) break; // sorted by kind
+        auto& kit = state.kits[static_cast<std::size_t>(block->kind)];
+        withKit(block->kind, [&]<class Data>(Data) {
+            if constexpr (kitKind<Data> < KitKind::InheritedCount) kit = merged<Data>(kit, block, locked);
+        });
+    }
+}
+
+template <class Data>
+KitPointer NetFold::merged(KitPointer const& base, KitPointer const& over, LockSet const& locked)
+{
+    Data values = valuesOf<Data>(base.get());
+    merge(values, valuesOf<Data>(over.get()), locked);
+    if (base && values == valuesOf<Data>(base.get())) return base;
+    return values == Data() ? nullptr : intern(std::move(values));
+}
+
+template <class Data> KitPointer NetFold::intern(Data&& data)
+{
+    using Values = std::decay_t<Data>;
+    auto& kits = kits_[static_cast<std::size_t>(kitKind<Values>)];
+    auto const hash = hashValue(data);
+    auto const [first, last] = kits.equal_range(hash);
+    for (auto at = first; at != last; ++at)
+        if (valuesOf<Values>(at->second.get()) == data) return at->second;
+    return kits.emplace(hash, std::make_shared<KitBlockOf<Values> const>(std::move(data)))->second;
+}
+
+NetStatePointer NetFold::intern(NetState&& state)
+{
+    return *states_.insert(std::make_shared<NetState const>(std::move(state))).first;
+}
+
+} // namespace HPS::scene
