@@ -14,7 +14,10 @@ ZELRenderer::ZELRenderer(ZELDocument* document)
 {
 }
 
-ZELRenderer::~ZELRenderer() = default;
+ZELRenderer::~ZELRenderer()
+{
+    ScratchKey.Delete(); // a copy of this renderer makes itself another
+}
 
 void ZELRenderer::SetDocument(ZELDocument* document)
 {

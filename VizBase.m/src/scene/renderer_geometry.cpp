@@ -83,7 +83,7 @@ void ZELRenderer::insert(HPS::SegmentKey& segment, std::shared_ptr<Node> const& 
             color.ReadRgb(*face, node);
             color.ReadAlpha(*face, node);
             auto const materials = attributes->GetMaterials();
-            if (!materials.empty()) {
+            if (!materials.empty() && materials.front()) {
                 auto const found = MaterialIndex.find(narrow(materials.front()->GetMaterialName()));
                 hasMaterial = found != MaterialIndex.end();
                 if (hasMaterial) materialIndex = found->second;
