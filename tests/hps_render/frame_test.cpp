@@ -239,6 +239,7 @@ TEST_F(FramePictures, TheSameListGivesTheSameBytes)
     Image const first = picture(160, 120);
     Frame another;
     another.draw(target, list, scene);
+    target.resolve();
     std::vector<std::uint8_t> again;
     target.read(again);
     EXPECT_EQ(first.bytes, again);

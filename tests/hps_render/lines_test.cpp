@@ -96,36 +96,45 @@ TEST_F(LinePictures, WidthsInWorldUnitsGrowWithTheZoom)
     EXPECT_EQ(greenRows(picture(), 40), 20);
 }
 
-class Glyphs : public Pictures, public testing::WithParamInterface<std::pair<Glyph, std::array<bool, 3>>>
+struct GlyphCase {
+    std::uint32_t parts;
+    std::array<bool, 4> covered;
+};
+class Glyphs : public Pictures, public testing::WithParamInterface<GlyphCase>
 {
 };
-// Whether a glyph of 40 pixels covers its middle, a place half way to the right, and one half way to a
-// corner.
+// Whether a glyph of 40 pixels covers its middle, a place two thirds to the right, one half way to the upper
+// right corner, and one at the middle of its upper rim.
 INSTANTIATE_TEST_SUITE_P(All, Glyphs,
-                         testing::Values(std::pair{Glyph::Dot, std::array{true, true, true}},
-                                         std::pair{Glyph::Circle, std::array{false, false, false}},
-                                         std::pair{Glyph::Square, std::array{false, false, false}},
-                                         std::pair{Glyph::SolidSquare, std::array{true, true, true}},
-                                         std::pair{Glyph::Plus, std::array{true, true, false}},
-                                         std::pair{Glyph::Times, std::array{true, false, true}},
-                                         std::pair{Glyph::Asterisk, std::array{true, true, true}},
-                                         std::pair{Glyph::Diamond, std::array{true, true, false}},
-                                         std::pair{Glyph::Triangle, std::array{true, false, false}}));
+                         testing::Values(GlyphCase{Disc, {true, true, true, true}},
+                                         GlyphCase{SmallDisc, {true, false, false, false}},
+                                         GlyphCase{Ring, {false, false, false, true}},
+                                         GlyphCase{SolidSquare, {true, true, true, true}},
+                                         GlyphCase{Square, {false, false, false, true}},
+                                         GlyphCase{Plus, {true, true, false, true}},
+                                         GlyphCase{Times, {true, false, true, false}},
+                                         GlyphCase{Plus | Times, {true, true, true, true}},
+                                         GlyphCase{SolidTriangle, {true, false, false, true}},
+                                         GlyphCase{SolidTriangle | UpsideDown, {true, false, false, false}},
+                                         GlyphCase{Ring | SmallDisc, {true, false, false, true}},
+                                         GlyphCase{RisingStroke, {true, false, true, false}},
+                                         GlyphCase{FallingStroke, {true, false, false, false}}));
 
 TEST_P(Glyphs, HaveTheirShape)
 {
-    Point const middle{{0.025f, 0.025f, 0}};
+    MarkerVertex const middle{{0.025f, 0.025f, 0}};
     Mesh const mesh = MeshStore::instance().addMarkers({&middle, 1});
     Pipeline pipeline;
     pipeline.primitive = Primitive::Markers;
     Instance instance = coloured(green);
     instance.size = 40;
-    instance.flags = std::uint32_t(GetParam().first) << glyphShift;
+    instance.flags = GetParam().parts << glyphShift;
     add(mesh, identity, instance, pipeline);
     Image const image = picture();
-    EXPECT_EQ(image.at(40, 39) == green, GetParam().second[0]);
-    EXPECT_EQ(image.at(53, 39) == green, GetParam().second[1]);
-    EXPECT_EQ(image.at(51, 28) == green, GetParam().second[2]);
+    EXPECT_EQ(image.at(40, 39) == green, GetParam().covered[0]);
+    EXPECT_EQ(image.at(53, 39) == green, GetParam().covered[1]);
+    EXPECT_EQ(image.at(50, 29) == green, GetParam().covered[2]);
+    EXPECT_EQ(image.at(40, 21) == green, GetParam().covered[3]);
     EXPECT_EQ(image.at(40, 62), black);
 }
 

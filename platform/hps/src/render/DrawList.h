@@ -18,20 +18,25 @@ struct MeshRange {
     std::uint32_t baseVertex = 0;
 };
 
-/// Symbols a marker can show; the numbers are known to the marker shader.
-enum class Glyph : std::uint32_t {
-    Dot,
-    Circle,
-    Square,
-    SolidSquare,
-    Plus,
-    Times,
-    Asterisk,
-    Diamond,
-    Triangle
+/// A marker's symbol is a union of these; the bits are known to the marker shader.
+enum GlyphPart : std::uint32_t {
+    Disc = 1,
+    SmallDisc = 2,
+    Ring = 4,
+    SmallRing = 8,
+    SolidSquare = 16,
+    Square = 32,
+    Plus = 64,
+    Times = 128,
+    SolidTriangle = 256, ///< on its base, see `UpsideDown`
+    Triangle = 512,
+    Diamond = 1024,
+    RisingStroke = 2048,
+    FallingStroke = 4096,
+    UpsideDown = 8192
 };
 
-/// Bits of `Instance::flags`; bits 8 and up hold the `Glyph` of a marker.
+/// Bits of `Instance::flags`; bits 8 and up hold the `GlyphPart`s of a marker.
 enum InstanceFlag : std::uint32_t {
     Unlit = 1,       ///< faces show their plain colour
     FrontOnly = 2,   ///< transparent faces: only those turned to the viewer
@@ -110,6 +115,7 @@ enum class FaceStyle : std::uint8_t {
 struct Scene {
     Camera camera;
     std::vector<DistantLight> lights; ///< the first `maximumLights` count
+    bool background = true;           ///< off for what is drawn over another picture
     float backgroundTop[3] = {0, 0, 0};
     float backgroundBottom[3] = {0, 0, 0};
     FaceStyle faceStyle = FaceStyle::Smooth;

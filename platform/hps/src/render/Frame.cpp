@@ -116,11 +116,7 @@ FrameCounts Frame::draw(Target const& target, DrawList const& list, Scene const&
     glEnable(GL_MULTISAMPLE);
     glDepthMask(GL_TRUE);
     glClear(GL_DEPTH_BUFFER_BIT);
-    glDisable(GL_DEPTH_TEST);
-    glDisable(GL_BLEND);
-    glUseProgram(program(Program::Background));
-    MeshStore::instance().bindNothing();
-    glDrawArrays(GL_TRIANGLES, 0, 3);
+    if (scene.background) paintBackground();
 
     glEnable(GL_DEPTH_TEST);
     glDepthFunc(GL_LEQUAL);
@@ -128,10 +124,17 @@ FrameCounts Frame::draw(Target const& target, DrawList const& list, Scene const&
     glBindBuffer(GL_DRAW_INDIRECT_BUFFER, commandBuffer_);
     for (Batch const& batch : batches_) submit(batch, scene.faceStyle);
     glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
-    target.resolve();
-    glFinish();
-    counts.calls = std::uint32_t(batches_.size()) + 1;
+    counts.calls = std::uint32_t(batches_.size()) + (scene.background ? 1 : 0);
     return counts;
+}
+
+void Frame::paintBackground() const
+{
+    glDisable(GL_DEPTH_TEST);
+    glDisable(GL_BLEND);
+    glUseProgram(program(Program::Background));
+    MeshStore::instance().bindNothing();
+    glDrawArrays(GL_TRIANGLES, 0, 3);
 }
 
 void Frame::upload(DrawList const& list)

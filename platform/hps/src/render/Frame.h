@@ -26,7 +26,8 @@ public:
     Frame(Frame const&) = delete;
     Frame& operator=(Frame const&) = delete;
 
-    /// Needs the device's context to be current. The picture is resolved and complete on return.
+    /// Needs the device's context to be current. What the target holds stays below the new picture unless the
+    /// scene has a background. The picture is complete once the target is resolved.
     FrameCounts draw(Target const& target, DrawList const& list, Scene const& scene);
 
 private:
@@ -39,6 +40,7 @@ private:
         unsigned instances; ///< buffer that the commands' instances come from
     };
 
+    void paintBackground() const;
     void upload(DrawList const& list);
     void choose(DrawList const& list, class Viewing const& viewing, FaceStyle style, FrameCounts& counts);
     void chooseTransparent(DrawList const& list, class Viewing const& viewing);

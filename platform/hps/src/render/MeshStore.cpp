@@ -53,7 +53,7 @@ constexpr Format instanceFormats[] = {
     {Flags, 1, GL_UNSIGNED_INT, false, offsetof(Instance, flags)},
 };
 
-constexpr GLsizei vertexSizes[] = {sizeof(FaceVertex), sizeof(LineSegment), sizeof(Point)};
+constexpr GLsizei vertexSizes[] = {sizeof(FaceVertex), sizeof(LineSegment), sizeof(MarkerVertex)};
 
 template <class T> std::vector<T> fourTimes(std::span<T const> elements)
 {
@@ -137,11 +137,11 @@ Mesh MeshStore::addLines(std::span<LineSegment const> segments)
     return addQuads(Primitive::Lines, std::as_bytes(std::span(quads)), std::uint32_t(segments.size()), box);
 }
 
-Mesh MeshStore::addMarkers(std::span<Point const> points)
+Mesh MeshStore::addMarkers(std::span<MarkerVertex const> points)
 {
     Box box;
-    for (Point const& p : points) box.add(p.position[0], p.position[1], p.position[2]);
-    std::vector<Point> const quads = fourTimes(points);
+    for (MarkerVertex const& p : points) box.add(p.position[0], p.position[1], p.position[2]);
+    std::vector<MarkerVertex> const quads = fourTimes(points);
     return addQuads(Primitive::Markers, std::as_bytes(std::span(quads)), std::uint32_t(points.size()), box);
 }
 

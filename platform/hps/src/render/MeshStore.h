@@ -21,7 +21,7 @@ struct LineSegment {
     float to[3];
 };
 
-struct Point {
+struct MarkerVertex {
     float position[3];
 };
 
@@ -58,7 +58,7 @@ public:
     /// `indices` count from the first of `vertices`, three a triangle.
     Mesh addFaces(std::span<FaceVertex const> vertices, std::span<std::uint32_t const> indices);
     Mesh addLines(std::span<LineSegment const> segments);
-    Mesh addMarkers(std::span<Point const> points);
+    Mesh addMarkers(std::span<MarkerVertex const> points);
 
     /// Makes the vertex array of a primitive current, with the instances read from `instanceBuffer`.
     void bind(Primitive primitive, unsigned instanceBuffer);
@@ -77,7 +77,7 @@ private:
     Arena faceVertices_{sizeof(FaceVertex)};
     Arena faceIndices_{sizeof(std::uint32_t)};
     Arena lineVertices_{sizeof(LineSegment)};
-    Arena markerVertices_{sizeof(Point)};
+    Arena markerVertices_{sizeof(MarkerVertex)};
     unsigned quadIndices_ = 0; ///< 0 1 2 2 1 3, 4 5 6 6 5 7, ...
     std::uint32_t quadCapacity_ = 0;
     unsigned arrays_[4] = {}; ///< by Primitive, and an empty one

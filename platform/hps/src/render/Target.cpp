@@ -61,6 +61,7 @@ void Target::resolve() const
     if (resolved_ != 0)
         glBlitNamedFramebuffer(drawn_, resolved_, 0, 0, width_, height_, 0, 0, width_, height_,
                                GL_COLOR_BUFFER_BIT, GL_NEAREST);
+    glFinish();
 }
 
 void Target::read(std::vector<std::uint8_t>& pixels) const

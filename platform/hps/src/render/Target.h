@@ -23,7 +23,7 @@ public:
 
     void bind() const;
 
-    /// Brings what was drawn into the single-sampled image.
+    /// Waits until all is drawn and brings it into the single-sampled image.
     void resolve() const;
 
     /// The resolved image, 4 bytes a pixel (red, green, blue, alpha), rows from the top down.

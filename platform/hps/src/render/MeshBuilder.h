@@ -1,0 +1,63 @@
+#pragma once
+#include "MeshStore.h"
+#include "Triangulator.h"
+#include <hps/LineKit.h>
+#include <hps/ShellKit.h>
+#include <vector>
+
+namespace HPS::render
+{
+
+/// Which edges of a shell are drawn.
+struct EdgeChoice {
+    bool all = false;
+    bool perimeter = false; ///< of one face alone
+    bool hard = false;      ///< between faces that meet at more than 30 degrees
+    bool any() const { return all || perimeter || hard; }
+};
+
+/// Gathers geometry into the vertices of one mesh. Buffers are kept from one mesh to the next.
+class MeshBuilder
+{
+public:
+    void clear();
+
+    /// `plain` leaves out the colours that the shell brings itself.
+    void addShellFaces(ShellData const& shell, bool plain);
+    void addShellEdges(ShellData const& shell, EdgeChoice const& choice);
+    void addShellVertices(ShellData const& shell);
+    void addLine(PointChain const& chain);
+    void addPolygonFace(PointChain const& chain);
+    void addPolygonEdge(PointChain const& chain);
+    void addMarker(Point const& point);
+
+    // Empty meshes where nothing was added. They need the device's context to be current.
+    Mesh uploadFaces() const { return MeshStore::instance().addFaces(vertices_, indices_); }
+    Mesh uploadLines() const { return MeshStore::instance().addLines(segments_); }
+    Mesh uploadMarkers() const { return MeshStore::instance().addMarkers(points_); }
+
+    /// True if a face brings a colour that is not opaque.
+    bool translucent() const { return translucent_; }
+
+private:
+    struct Edge {
+        std::uint32_t from, to, face;
+    };
+    FaceVertex vertexOf(ShellData const& shell, std::uint32_t corner, bool plain);
+    void putColour(FaceVertex& vertex, RGBAColor const& colour);
+    void addSegment(Point const& from, Point const& to);
+    void addSharedTriangles(ShellData const& shell, bool plain);
+    void addFaceColouredTriangles(ShellData const& shell);
+    std::vector<Vec3> faceNormals(ShellData const& shell, std::size_t faces) const;
+
+    Triangulator triangulator_;
+    std::vector<FaceVertex> vertices_;
+    std::vector<std::uint32_t> indices_;
+    std::vector<LineSegment> segments_;
+    std::vector<MarkerVertex> points_;
+    bool translucent_ = false;
+    std::vector<Edge> edges_;      ///< work space
+    std::vector<int> polygonList_; ///< work space
+};
+
+} // namespace HPS::render

@@ -1,0 +1,135 @@
+#include "MeshCache.h"
+#include "Stopwatch.h"
+#include "geometry_records.h"
+#include "store.h"
+
+namespace HPS::render
+{
+namespace
+{
+
+using namespace scene;
+
+/// Calls use(data) for all geometry of a type in a segment, in the order of insertion.
+template <class Record, class F> void forEach(SegmentRecord const& segment, F const& use)
+{
+    for (SlotIndex slot : segment.geometry)
+        if (auto const* const geometry = store().at<Record>(slot)) use(geometry->data);
+}
+
+MeshCache::Content contentOf(SegmentRecord const& segment)
+{
+    MeshCache::Content content;
+    for (SlotIndex slot : segment.geometry) {
+        auto const* const geometry = store().at<GeometryRecord>(slot);
+        if (geometry == nullptr) continue;
+        Type const type = geometry->type;
+        content.faces = content.faces || type == Type::ShellKey || type == Type::PolygonKey;
+        content.chains = content.chains || type == Type::LineKey;
+        content.markers = content.markers || type == Type::MarkerKey;
+        if (type == Type::DistantLightKey) content.lights.push_back(slot);
+    }
+    return content;
+}
+
+} // namespace
+
+MeshCache& MeshCache::instance()
+{
+    static MeshCache* const cache = new MeshCache; // as long-lived as the device, see there
+    return *cache;
+}
+
+void MeshCache::refresh()
+{
+    if (!cursor_.pending()) return;
+    if (!cursor_.read(marks_)) {
+        entries_.clear();
+        return;
+    }
+    for (ChangeMark const& mark : marks_) {
+        if (has(mark.changes, Change::Geometry))
+            if (auto const* const geometry = store().at<GeometryRecord>(mark.slot)) drop(geometry->owner);
+        if (has(mark.changes, Change::Structure | Change::Removed)) drop(mark.slot);
+    }
+}
+
+void MeshCache::drop(SlotIndex slot)
+{
+    if (slot < entries_.size()) entries_[slot].reset();
+}
+
+MeshCache::Entry& MeshCache::entry(SegmentRecord const& segment)
+{
+    if (segment.slot >= entries_.size()) entries_.resize(store().slotCount());
+    auto& slot = entries_[segment.slot];
+    std::uint32_t const generation = store().indexOf(segment).generation;
+    if (slot == nullptr || slot->generation != generation) {
+        slot = std::make_unique<Entry>();
+        slot->generation = generation;
+        slot->content = contentOf(segment);
+    }
+    return *slot;
+}
+
+template <class Gather>
+MeshCache::Drawable const& MeshCache::find(SegmentRecord const& segment, std::uint8_t part, Gather gather)
+{
+    Entry& holder = entry(segment);
+    for (auto const& [known, drawable] : holder.drawables)
+        if (known == part) return *drawable;
+    Stopwatch stopwatch;
+    builder_.clear();
+    auto drawable = std::make_unique<Drawable>();
+    drawable->mesh = gather();
+    drawable->translucent = builder_.translucent();
+    if (!drawable->mesh.empty()) ++uploads_;
+    uploadMilliseconds_ += stopwatch.milliseconds();
+    return *holder.drawables.emplace_back(part, std::move(drawable)).second;
+}
+
+MeshCache::Drawable const& MeshCache::faces(SegmentRecord const& segment, bool plain)
+{
+    return find(segment, plain ? PlainFaces : Faces, [&] {
+        forEach<ShellRecord>(segment, [&](ShellData const& shell) { builder_.addShellFaces(shell, plain); });
+        forEach<PolygonRecord>(segment, [&](PointChain const& chain) { builder_.addPolygonFace(chain); });
+        return builder_.uploadFaces();
+    });
+}
+
+MeshCache::Drawable const& MeshCache::edges(SegmentRecord const& segment, EdgeChoice const& choice)
+{
+    int const bits = (choice.all ? 1 : 0) + (choice.perimeter ? 2 : 0) + (choice.hard ? 4 : 0);
+    return find(segment, std::uint8_t(FirstEdges + bits), [&] {
+        forEach<ShellRecord>(segment, [&](ShellData const& shell) { builder_.addShellEdges(shell, choice); });
+        if (choice.all || choice.perimeter)
+            forEach<PolygonRecord>(segment, [&](PointChain const& chain) { builder_.addPolygonEdge(chain); });
+        return builder_.uploadLines();
+    });
+}
+
+MeshCache::Drawable const& MeshCache::lines(SegmentRecord const& segment)
+{
+    return find(segment, Lines, [&] {
+        forEach<LineRecord>(segment, [&](PointChain const& chain) { builder_.addLine(chain); });
+        return builder_.uploadLines();
+    });
+}
+
+MeshCache::Drawable const& MeshCache::markers(SegmentRecord const& segment)
+{
+    return find(segment, Markers, [&] {
+        forEach<MarkerRecord>(segment, [&](MarkerData const& marker) { builder_.addMarker(marker.point); });
+        return builder_.uploadMarkers();
+    });
+}
+
+MeshCache::Drawable const& MeshCache::vertices(SegmentRecord const& segment)
+{
+    return find(segment, Vertices, [&] {
+        forEach<ShellRecord>(segment, [&](ShellData const& shell) { builder_.addShellVertices(shell); });
+        return builder_.uploadMarkers();
+    });
+}
+
+} // namespace HPS::render

@@ -1,0 +1,67 @@
+#pragma once
+#include "MeshBuilder.h"
+#include "change_log.h"
+#include "segment_record.h"
+#include <memory>
+#include <vector>
+
+namespace HPS::render
+{
+
+/// The uploaded meshes of segments: all geometry of one kind in one segment is one mesh, whatever number of
+/// shells it consists of, made when first drawn and shared by all that show the segment. Change marks throw
+/// it away. Needs the device's context to be current.
+class MeshCache
+{
+public:
+    static MeshCache& instance();
+
+    /// What a segment holds by itself.
+    struct Content {
+        bool faces = false, chains = false, markers = false;
+        std::vector<scene::SlotIndex> lights;
+        bool empty() const { return !faces && !chains && !markers && lights.empty(); }
+    };
+    struct Drawable {
+        Mesh mesh;
+        bool translucent = false; ///< by colours of its own
+    };
+
+    /// Reads the change marks. Call it once before a compile.
+    void refresh();
+
+    /// Valid until the next `refresh`, as all of these are.
+    Content const& content(scene::SegmentRecord const& segment) { return entry(segment).content; }
+    Drawable const& faces(scene::SegmentRecord const& segment, bool plain);
+    Drawable const& edges(scene::SegmentRecord const& segment, EdgeChoice const& choice);
+    Drawable const& lines(scene::SegmentRecord const& segment);
+    Drawable const& markers(scene::SegmentRecord const& segment);
+    Drawable const& vertices(scene::SegmentRecord const& segment);
+
+    /// Since the process began.
+    std::uint32_t uploads() const { return uploads_; }
+    double uploadMilliseconds() const { return uploadMilliseconds_; }
+
+private:
+    /// Which mesh of a segment; edges have one for each choice.
+    enum Part : std::uint8_t { Faces, PlainFaces, Lines, Markers, Vertices, FirstEdges };
+    struct Entry {
+        std::uint32_t generation = 0;
+        Content content;
+        std::vector<std::pair<std::uint8_t, std::unique_ptr<Drawable>>> drawables;
+    };
+    MeshCache() = default;
+    Entry& entry(scene::SegmentRecord const& segment);
+    template <class Gather>
+    Drawable const& find(scene::SegmentRecord const& segment, std::uint8_t part, Gather gather);
+    void drop(scene::SlotIndex slot);
+
+    scene::ChangeCursor cursor_;
+    std::vector<scene::ChangeMark> marks_;        ///< work space
+    std::vector<std::unique_ptr<Entry>> entries_; ///< by the segments' slots; null until drawn
+    MeshBuilder builder_;
+    std::uint32_t uploads_ = 0;
+    double uploadMilliseconds_ = 0;
+};
+
+} // namespace HPS::render

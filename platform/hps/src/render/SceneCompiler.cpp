@@ -1,0 +1,225 @@
+#include "SceneCompiler.h"
+#include "geometry_records.h"
+#include "walk.h"
+#include <hps/CameraKit.h>
+
+namespace HPS::render
+{
+namespace
+{
+
+using namespace scene;
+
+Vec3 vec(HPS::Point const& p)
+{
+    return {p.x, p.y, p.z};
+}
+Vec3 vec(Vector const& v)
+{
+    return {v.x, v.y, v.z};
+}
+
+Mat4 wide(MatrixKit const& matrix)
+{
+    Mat4 result;
+    std::copy_n(matrix.Data(), 16, result.begin());
+    return result;
+}
+
+/// A plain colour without alpha, or the material of the palette that stands for it.
+RGBColor colourOf(std::optional<SimpleMaterial> const& material, Palette const& palette,
+                  RGBColor const& fallback)
+{
+    if (!material) return fallback;
+    if (material->color) return *material->color;
+    if (!material->index || palette == nullptr || !(*material->index >= 0)) return fallback;
+    auto const index = std::size_t(*material->index + 0.5f);
+    return index < palette->size() ? (*palette)[index].data().diffuseColor.value_or(fallback) : fallback;
+}
+
+void put(float (&out)[3], RGBColor const& colour)
+{
+    out[0] = colour.red;
+    out[1] = colour.green;
+    out[2] = colour.blue;
+}
+
+constexpr Change withoutEffect = Change::Name | Change::Bounding;
+
+bool differOnlyInCamera(std::vector<KitPointer> const& a, std::vector<KitPointer> const& b)
+{
+    auto next = [](auto& at, auto end) {
+        while (at != end && (*at)->kind == KitKind::Camera) ++at;
+    };
+    auto i = a.begin();
+    auto j = b.begin();
+    for (next(i, a.end()), next(j, b.end()); i != a.end() && j != b.end() && *i == *j;
+         ++i, ++j, next(i, a.end()), next(j, b.end())) {
+    }
+    return i == a.end() && j == b.end();
+}
+
+} // namespace
+
+SceneCompiler::Result SceneCompiler::update(std::span<KeyIndex const> path, bool fromScratch)
+{
+    Result result;
+    std::vector<SegmentRecord const*> segments;
+    std::vector<Place> places;
+    for (KeyIndex index : path)
+        if (auto const* const segment = store().resolve<SegmentRecord>(index)) {
+            segments.push_back(segment);
+            places.push_back({segment->slot, segment->kits});
+        }
+    bool const anyPending = cursor_.pending();
+    if (made_ && !fromScratch && !anyPending) return result;
+
+    result.changed = true;
+    bool const keep = stillHolds(places, fromScratch);
+    places_ = std::move(places);
+    if (segments.empty()) {
+        list_.clear();
+        list_.finish();
+        made_ = true;
+        return result;
+    }
+    NetAttributes above = fold_.root();
+    NetStatePointer window;
+    for (std::size_t i = 0; i + 1 < segments.size(); ++i) {
+        above = fold_.step(above, *segments[i]);
+        if (i == 0) window = above.state;
+    }
+    NetStatePointer const view = fold_.state(above.state, *segments.back());
+    if (!keep) {
+        MeshCache& meshes = MeshCache::instance();
+        std::uint32_t const uploads = meshes.uploads();
+        double const time = meshes.uploadMilliseconds();
+        meshes.refresh();
+        makeList(above, *segments.back());
+        result.listMade = true;
+        result.uploadedMeshes = meshes.uploads() - uploads;
+        result.uploadMilliseconds = meshes.uploadMilliseconds() - time;
+    }
+    readScene(window != nullptr ? *window : *view, *view);
+    return result;
+}
+
+// The list still holds if nothing was touched but cameras on the path itself.
+bool SceneCompiler::stillHolds(std::vector<Place> const& places, bool fromScratch)
+{
+    bool const known = cursor_.read(marks_);
+    if (!known || !made_ || fromScratch || places.size() != places_.size()) return false;
+    for (ChangeMark const& mark : marks_) {
+        if (!has(mark.changes, Change(~std::uint32_t(withoutEffect)))) continue;
+        if (has(mark.changes, Change(~std::uint32_t(withoutEffect | Change::Attributes)))) return false;
+        auto const place =
+            std::find_if(places.begin(), places.end(), [&](Place const& p) { return p.slot == mark.slot; });
+        if (place == places.end()) return false;
+        Place const& before = places_[std::size_t(place - places.begin())];
+        if (before.slot != place->slot || !differOnlyInCamera(before.kits, place->kits)) return false;
+    }
+    return true;
+}
+
+void SceneCompiler::makeList(NetAttributes const& above, SegmentRecord const& view)
+{
+    MeshCache& meshes = MeshCache::instance();
+    list_.clear();
+    scene_.lights.clear();
+    walk(fold_, above, view, [&](SegmentRecord const& segment, NetAttributes const& net) {
+        if (segment.geometry.empty()) return true;
+        MeshCache::Content const& content = meshes.content(segment);
+        for (SlotIndex slot : content.lights)
+            if (auto const* const light = store().at<DistantLightRecord>(slot)) readLight(light->data, net);
+        if (content.faces || content.chains || content.markers)
+            draw(segment, lookOf(net.state), wide(net.matrix));
+        return true;
+    });
+    list_.finish();
+    looks_.clear();
+    made_ = true;
+}
+
+Look const& SceneCompiler::lookOf(NetStatePointer const& state)
+{
+    auto const [found, isNew] = looks_.try_emplace(state.get());
+    Held& held = found->second;
+    if (isNew) {
+        Palette const palette = state->palette();
+        held.state = state;
+        held.look = render::lookOf({state->get<VisibilityData>(), state->get<MaterialMappingData>(),
+                                    state->get<LineAttributeData>(), state->get<EdgeAttributeData>(),
+                                    state->get<MarkerAttributeData>(), state->get<DrawingAttributeData>(),
+                                    state->get<CullingData>(), palette.get()});
+    }
+    return held.look;
+}
+
+void SceneCompiler::draw(SegmentRecord const& segment, Look const& look, Mat4 const& matrix)
+{
+    MeshCache& meshes = MeshCache::instance();
+    MeshCache::Content const& content = meshes.content(segment);
+    if (content.faces && look.facesShown)
+        add(meshes.faces(segment, look.plainFaces), Primitive::Faces, look.face, look, matrix);
+    if (content.faces && look.edges.any())
+        add(meshes.edges(segment, look.edges), Primitive::Lines, look.edge, look, matrix);
+    if (content.chains && look.linesShown)
+        add(meshes.lines(segment), Primitive::Lines, look.line, look, matrix);
+    if (content.markers && look.markersShown)
+        add(meshes.markers(segment), Primitive::Markers, look.marker, look, matrix);
+    if (content.faces && look.verticesShown)
+        add(meshes.vertices(segment), Primitive::Markers, look.vertex, look, matrix);
+}
+
+void SceneCompiler::add(MeshCache::Drawable const& drawable, Primitive primitive, Look::Stroke const& stroke,
+                        Look const& look, Mat4 const& matrix)
+{
+    if (drawable.mesh.empty() || stroke.colour[3] == 0) return;
+    bool const faces = primitive == Primitive::Faces;
+    Pipeline pipeline;
+    pipeline.primitive = primitive;
+    pipeline.transparent = stroke.transparent() || drawable.translucent;
+    pipeline.cullBack = faces && look.cullBack;
+    pipeline.displacement = faces ? look.displacement : std::int16_t(0);
+    Instance instance{};
+    std::copy_n(stroke.colour, 4, instance.colour);
+    instance.size = stroke.size;
+    instance.flags = stroke.flags;
+    list_.add(pipeline, drawable.mesh.range(), drawable.mesh.box(), matrix, instance);
+}
+
+void SceneCompiler::readLight(DistantLightData const& data, NetAttributes const& net)
+{
+    auto const& visibility = net.state->get<VisibilityData>();
+    if (!visibility.shows(VisibilityKinds::FaceLights, true)) return;
+    DistantLight light;
+    RGBColor const inherited =
+        colourOf(net.state->get<MaterialMappingData>().light, net.state->palette(), {1, 1, 1});
+    put(light.colour, colourOf(data.color, net.state->palette(), inherited));
+    light.direction = vec(data.cameraRelative ? data.direction : net.matrix.Transform(data.direction));
+    light.cameraRelative = data.cameraRelative;
+    scene_.lights.push_back(light);
+}
+
+void SceneCompiler::readScene(NetState const& window, NetState const& view)
+{
+    CameraData const set = view.get<CameraData>();
+    CameraData const fallback = CameraKit::GetDefault().data();
+    auto value = [&](auto slot) { return set.*slot ? *(set.*slot) : *(fallback.*slot); };
+    Camera camera;
+    camera.position = vec(value(&CameraData::position));
+    camera.target = vec(value(&CameraData::target));
+    camera.up = vec(value(&CameraData::upVector));
+    std::tie(camera.fieldWidth, camera.fieldHeight) = value(&CameraData::field);
+    auto const projection = std::get<0>(value(&CameraData::projection));
+    camera.perspective = projection != HPS::Camera::Projection::Orthographic;
+    scene_.camera = camera;
+
+    auto const& materials = window.get<MaterialMappingData>();
+    RGBColor const top = colourOf(materials.window, window.palette(), {1, 1, 1});
+    put(scene_.backgroundTop, top);
+    // A window without a contrast colour is of one colour.
+    put(scene_.backgroundBottom, colourOf(materials.windowContrast, window.palette(), top));
+}
+
+} // namespace HPS::render

@@ -1,0 +1,36 @@
+// The way through a scene that all who draw or measure it take.
+#pragma once
+#include "net_attributes.h"
+#include <vector>
+
+namespace HPS::render
+{
+
+/// Calls visit(segment, net) for `top` and everything below it, through children and includes, owners first
+/// and siblings in order, with what holds there. `above` holds above `top`. Where visit gives false, nothing
+/// below is visited. The depth of a scene costs memory, not stack.
+template <class Visit> void walk(scene::NetFold& fold, scene::NetAttributes const& above,
+                                 scene::SegmentRecord const& top, Visit&& visit)
+{
+    struct Step {
+        scene::SegmentRecord const* segment;
+        scene::NetAttributes parent;
+    };
+    std::vector<Step> open{{&top, above}};
+    while (!open.empty()) {
+        Step const step = std::move(open.back());
+        open.pop_back();
+        scene::SegmentRecord const& segment = *step.segment;
+        scene::NetAttributes const net = fold.step(step.parent, segment);
+        if (!visit(segment, net)) continue;
+        auto push = [&](scene::SlotIndex slot) {
+            if (auto const* const part = scene::store().at<scene::SegmentRecord>(slot))
+                open.push_back({part, net});
+        };
+        for (std::size_t i = segment.includes.size(); i-- > 0;)
+            push(scene::store().at<scene::IncludeRecord>(segment.includes[i])->target);
+        for (std::size_t i = segment.children.size(); i-- > 0;) push(segment.children[i]);
+    }
+}
+
+} // namespace HPS::render
