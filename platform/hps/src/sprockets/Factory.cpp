@@ -1,0 +1,95 @@
+#include "CanvasPicture.h"
+#include "Presenter.h"
+#include "records.h"
+#include "structure.h"
+#include <hps/Database.h>
+#include <hps/Factory.h>
+
+namespace HPS::Factory
+{
+namespace
+{
+
+template <class Handle, class Record> std::vector<Handle> living(SlotTable<Record> const& table)
+{
+    std::vector<Handle> handles;
+    for (KeyIndex index : table.indices()) handles.emplace_back(index);
+    return handles;
+}
+
+Registry& registry()
+{
+    return Registry::instance();
+}
+
+} // namespace
+
+Model CreateModel(UTF8 const& name)
+{
+    auto record = std::make_unique<ModelRecord>();
+    record->name = name;
+    record->segment = Database::CreateRootSegment();
+    record->library = Database::CreateRootSegment();
+    record->portfolio = Database::CreatePortfolio();
+    return Model(registry().models.add(std::move(record)));
+}
+
+View CreateView(UTF8 const& name)
+{
+    auto record = std::make_unique<ViewRecord>();
+    record->name = name;
+    record->segment = Database::CreateRootSegment();
+    record->modelInclude = record->segment.Subsegment("model");
+    return View(registry().views.add(std::move(record)));
+}
+
+Layout CreateLayout(UTF8 const& name)
+{
+    auto record = std::make_unique<LayoutRecord>();
+    record->name = name;
+    record->segment = Database::CreateRootSegment();
+    return Layout(registry().layouts.add(std::move(record)));
+}
+
+Canvas CreateCanvas(WindowHandle window, UTF8 const& name, ApplicationWindowOptionsKit const& options)
+{
+    auto record = std::make_unique<CanvasRecord>();
+    record->name = name;
+    record->window = SegmentKey(
+        scene::store().indexOf(scene::createSegment(nullptr, {}, HPS::Type::ApplicationWindowKey)));
+    bool smooth = true;
+    unsigned int samples = 4;
+    options.ShowAntiAliasCapable(smooth, samples);
+    record->samples = smooth ? int(std::min(samples, 64u)) : 1;
+    record->picture = std::make_unique<CanvasPicture>();
+    record->presenter = makePresenter(window);
+    return Canvas(registry().canvases.add(std::move(record)));
+}
+
+Canvas CreateOffScreenCanvas(int width, int height, UTF8 const& name,
+                             ApplicationWindowOptionsKit const& options)
+{
+    Canvas canvas = CreateCanvas(0, name, options);
+    if (canvas.SetSize(width, height)) return canvas;
+    canvas.Delete();
+    return {};
+}
+
+std::vector<Model> GetModels()
+{
+    return living<Model>(registry().models);
+}
+std::vector<View> GetViews()
+{
+    return living<View>(registry().views);
+}
+std::vector<Layout> GetLayouts()
+{
+    return living<Layout>(registry().layouts);
+}
+std::vector<Canvas> GetCanvases()
+{
+    return living<Canvas>(registry().canvases);
+}
+
+} // namespace HPS::Factory

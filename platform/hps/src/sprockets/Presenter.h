@@ -1,0 +1,34 @@
+#pragma once
+#include <hps/Canvas.h>
+#include <memory>
+
+namespace HPS
+{
+
+/// Shows a canvas's pictures in a window of the platform. A picture is the same whether or not one is there.
+class Presenter
+{
+public:
+    virtual ~Presenter() = default;
+
+    /// Of the window's drawing area now, in pixels of the screen; the picture is made in this size. False if
+    /// the window is gone.
+    virtual bool showSize(int& width, int& height) const = 0;
+
+    /// Brings the picture to the screen. Nothing is kept of it after the call.
+    virtual void present(Picture const& picture) = 0;
+
+protected:
+    Presenter() = default;
+    Presenter(Presenter const&) = delete;
+    Presenter& operator=(Presenter const&) = delete;
+};
+
+/// Makes a presenter for a window. A toolkit's glue registers one before the first canvas is made on it.
+using PresenterMaker = std::unique_ptr<Presenter> (*)(WindowHandle);
+void setPresenterMaker(PresenterMaker maker);
+
+/// Null if nobody knows how to show pictures in that window.
+std::unique_ptr<Presenter> makePresenter(WindowHandle window);
+
+} // namespace HPS

@@ -1,0 +1,131 @@
+#include "fitting.h"
+#include "records.h"
+#include <hps/View.h>
+
+namespace HPS
+{
+namespace
+{
+
+/// The camera that the user set, or else the view's own for the model's orientation.
+CameraKit cameraOf(ViewRecord const& view)
+{
+    CameraKit camera;
+    bool const has = view.segment.ShowCamera(camera);
+    if (has && !(camera == view.automatic)) return camera;
+    Vector up(0, 0, 1), front(1, 0, 0);
+    view.model.ShowOrientation(up, front);
+    return defaultCamera(up, front);
+}
+
+void setAutomatic(ViewRecord& view, CameraKit const& camera)
+{
+    view.segment.UnsetCamera();
+    view.segment.SetCamera(camera);
+    view.automatic = camera;
+}
+
+} // namespace
+
+SegmentKey View::GetSegmentKey() const
+{
+    auto const* const record = Registry::instance().find(*this);
+    return record != nullptr ? record->segment : SegmentKey();
+}
+
+SegmentKey View::GetModelIncludeKey() const
+{
+    auto const* const record = Registry::instance().find(*this);
+    return record != nullptr ? record->modelInclude : SegmentKey();
+}
+
+View& View::AttachModel(Model const& model)
+{
+    auto* const record = Registry::instance().find(*this);
+    if (record == nullptr) return *this;
+    record->include.Delete();
+    record->include.Reset();
+    record->model = Model(static_cast<Sprocket const&>(model));
+    if (record->model.Empty()) return *this;
+    record->include = record->modelInclude.IncludeSegment(record->model.GetSegmentKey());
+    CameraKit camera;
+    if (!record->segment.ShowCamera(camera) || camera == record->automatic)
+        if (!FitWorld()) setAutomatic(*record, cameraOf(*record));
+    return *this;
+}
+
+View& View::DetachModel()
+{
+    return AttachModel(Model());
+}
+
+Model View::GetAttachedModel() const
+{
+    auto const* const record = Registry::instance().find(*this);
+    return record != nullptr && !record->model.Empty() ? record->model : Model();
+}
+
+bool View::ComputeFitWorldCamera(CameraKit const& camera, CameraKit& fitted) const
+{
+    auto const* const record = Registry::instance().find(*this);
+    SimpleSphere sphere;
+    SimpleCuboid box;
+    if (record == nullptr || !record->segment.GetBoundingControl().ShowVolume(sphere, box)) return false;
+    fitted = fittedCamera(camera, box);
+    return true;
+}
+
+bool View::FitWorld()
+{
+    auto* const record = Registry::instance().find(*this);
+    if (record == nullptr) return false;
+    CameraKit current, fitted;
+    bool const users = record->segment.ShowCamera(current) && !(current == record->automatic);
+    if (!ComputeFitWorldCamera(cameraOf(*record), fitted)) return false;
+    if (users)
+        record->segment.SetCamera(fitted);
+    else
+        setAutomatic(*record, fitted);
+    return true;
+}
+
+bool View::SetCamera(CameraKit const& camera)
+{
+    auto* const record = Registry::instance().find(*this);
+    if (record != nullptr) record->segment.SetCamera(camera);
+    return record != nullptr;
+}
+
+bool View::ShowCamera(CameraKit& camera) const
+{
+    auto const* const record = Registry::instance().find(*this);
+    return record != nullptr && record->segment.ShowCamera(camera);
+}
+
+View& View::SetRenderingMode(Rendering::Mode mode)
+{
+    if (auto* const record = Registry::instance().find(*this)) record->mode = mode;
+    return *this;
+}
+
+Rendering::Mode View::GetRenderingMode() const
+{
+    auto const* const record = Registry::instance().find(*this);
+    return record != nullptr ? record->mode : Rendering::Mode::Gouraud;
+}
+
+void View::Update(Window::UpdateType type) const
+{
+    auto const& registry = Registry::instance();
+    for (KeyIndex index : registry.canvases.indices()) {
+        auto const* const layout = registry.find(registry.canvases.find(index)->layout);
+        if (layout == nullptr) continue;
+        for (auto const& layer : layout->layers)
+            if (layer.view == *this) {
+                Canvas(index).Update(type);
+                break;
+            }
+    }
+}
+
+} // namespace HPS

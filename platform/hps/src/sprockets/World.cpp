@@ -1,0 +1,45 @@
+#include <hps/World.h>
+
+namespace HPS
+{
+namespace
+{
+
+struct Settings {
+    UTF8Array fontDirectories;
+    UTF8 materialLibraryDirectory;
+};
+Settings& settings()
+{
+    static Settings shared;
+    return shared;
+}
+
+} // namespace
+
+World::World(UTF8 const&) {}
+
+World::~World()
+{
+    settings() = {};
+}
+
+void World::SetFontDirectories(UTF8Array const& directories)
+{
+    settings().fontDirectories = directories;
+}
+UTF8Array const& World::GetFontDirectories()
+{
+    return settings().fontDirectories;
+}
+
+void World::SetMaterialLibraryDirectory(UTF8 const& directory)
+{
+    settings().materialLibraryDirectory = directory;
+}
+UTF8 const& World::GetMaterialLibraryDirectory()
+{
+    return settings().materialLibraryDirectory;
+}
+
+} // namespace HPS

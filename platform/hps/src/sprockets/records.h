@@ -1,0 +1,79 @@
+// What stands behind the sprocket handles.
+#pragma once
+#include "SlotTable.h"
+#include <hps/CameraKit.h>
+#include <hps/Canvas.h>
+#include <hps/SegmentKey.h>
+#include <memory>
+#include <optional>
+#include <utility>
+
+namespace HPS
+{
+
+class CanvasPicture;
+class Presenter;
+
+struct ModelRecord {
+    UTF8 name;
+    SegmentKey segment, library;                          ///< ours
+    PortfolioKey portfolio;                               ///< ours
+    std::optional<std::pair<Vector, Vector>> orientation; ///< up, front
+};
+
+struct ViewRecord {
+    UTF8 name;
+    SegmentKey segment;      ///< ours
+    SegmentKey modelInclude; ///< below `segment`
+    IncludeKey include;      ///< of the model's segment, in `modelInclude`
+    Model model;
+    Rendering::Mode mode = Rendering::Mode::Gouraud;
+    CameraKit automatic; ///< the last camera set by the view itself; one that differs is the user's
+};
+
+struct LayoutRecord {
+    struct Layer {
+        View view;
+        SegmentKey segment; ///< below the layout's segment
+        IncludeKey include; ///< of the view's segment, in `segment`
+    };
+    UTF8 name;
+    SegmentKey segment;        ///< ours
+    std::vector<Layer> layers; ///< from back to front
+};
+
+struct CanvasRecord {
+    CanvasRecord();
+    ~CanvasRecord();
+
+    UTF8 name;
+    SegmentKey window; ///< ours
+    Layout layout;
+    IncludeKey include; ///< of the layout's segment, in `window`
+    float frameRate = 0;
+    int width = 1280, height = 720; ///< pixels
+    int samples = 4;
+    std::unique_ptr<CanvasPicture> picture;
+    std::unique_ptr<Presenter> presenter; ///< null where no window shows the canvas
+    UpdateReport report;
+    UTF8 failure; ///< of the last update
+};
+
+/// All sprockets of the process. They live on the caller's thread alone, as the database does.
+struct Registry {
+    SlotTable<ModelRecord> models;
+    SlotTable<ViewRecord> views;
+    SlotTable<LayoutRecord> layouts;
+    SlotTable<CanvasRecord> canvases;
+
+    static Registry& instance();
+
+    ModelRecord* find(Model const& model) const { return models.find(model.Index()); }
+    ViewRecord* find(View const& view) const { return views.find(view.Index()); }
+    LayoutRecord* find(Layout const& layout) const { return layouts.find(layout.Index()); }
+    CanvasRecord* find(Canvas const& canvas) const { return canvases.find(canvas.Index()); }
+    /// Null if no canvas has this window.
+    CanvasRecord* findWindow(KeyIndex window) const;
+};
+
+} // namespace HPS
