@@ -1,5 +1,7 @@
 #include "open_cascade_tessellation.h"
 
+#include "open_cascade_repair.h"
+
 #include <algorithm>
 #include <cmath>
 #include <vector>
@@ -65,7 +67,9 @@ void tessellate(TopoDS_Shape const& shape, TessellationTolerance const& toleranc
     mesher.ChangeParameters() = parameters;
     mesher.SetShape(shape);
     mesher.Perform(range);
-    if (!range.UserBreak()) computeNormals(shape, parallel);
+    if (range.UserBreak()) return;
+    fillFailedFaces(shape, tolerance);
+    computeNormals(shape, parallel);
 }
 
 void setKernelThreads(unsigned count)
