@@ -2,6 +2,7 @@
 #include "kit_block.h"
 #include "structure.h"
 #include <hps/SegmentKey.h>
+#include <type_traits>
 
 namespace HPS::scene
 {
@@ -39,40 +40,40 @@ template <class Data> Data const& valuesOf(KitBlock const* block)
     return block ? static_cast<KitBlockOf<Data> const*>(block)->data : none;
 }
 
-// Calls f with an empty value of the data that belongs to a kind.
+// Calls f(std::type_identity<Data>()) with the data that belongs to a kind.
 template <class F> decltype(auto) withKit(KitKind kind, F&& f)
 {
     switch (kind) {
     case KitKind::MaterialMapping:
-        return f(MaterialMappingData());
+        return f(std::type_identity<MaterialMappingData>());
     case KitKind::Visibility:
-        return f(VisibilityData());
+        return f(std::type_identity<VisibilityData>());
     case KitKind::LineAttribute:
-        return f(LineAttributeData());
+        return f(std::type_identity<LineAttributeData>());
     case KitKind::EdgeAttribute:
-        return f(EdgeAttributeData());
+        return f(std::type_identity<EdgeAttributeData>());
     case KitKind::MarkerAttribute:
-        return f(MarkerAttributeData());
+        return f(std::type_identity<MarkerAttributeData>());
     case KitKind::DrawingAttribute:
-        return f(DrawingAttributeData());
+        return f(std::type_identity<DrawingAttributeData>());
     case KitKind::Culling:
-        return f(CullingData());
+        return f(std::type_identity<CullingData>());
     case KitKind::Transparency:
-        return f(TransparencyData());
+        return f(std::type_identity<TransparencyData>());
     case KitKind::VisualEffects:
-        return f(VisualEffectsData());
+        return f(std::type_identity<VisualEffectsData>());
     case KitKind::TextAttribute:
-        return f(TextAttributeData());
+        return f(std::type_identity<TextAttributeData>());
     case KitKind::Selectability:
-        return f(SelectabilityData());
+        return f(std::type_identity<SelectabilityData>());
     case KitKind::LightingAttribute:
-        return f(LightingAttributeData());
+        return f(std::type_identity<LightingAttributeData>());
     case KitKind::Camera:
-        return f(CameraData());
+        return f(std::type_identity<CameraData>());
     case KitKind::Bounding:
-        return f(BoundingData());
+        return f(std::type_identity<BoundingData>());
     case KitKind::AttributeLock:
-        return f(AttributeLockData());
+        return f(std::type_identity<AttributeLockData>());
     case KitKind::Count:
         break;
     }

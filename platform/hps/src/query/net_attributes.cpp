@@ -107,7 +107,7 @@ void NetFold::applyKits(NetState& state, SegmentRecord const& source, LockSet co
     for (auto const& block : source.kits) {
         if (block->kind >= KitKind::InheritedCount) break; // sorted by kind
         auto& kit = state.kits[static_cast<std::size_t>(block->kind)];
-        withKit(block->kind, [&]<class Data>(Data) {
+        withKit(block->kind, [&]<class Data>(std::type_identity<Data>) {
             if constexpr (kitKind<Data> < KitKind::InheritedCount) kit = merged<Data>(kit, block, locked);
         });
     }
