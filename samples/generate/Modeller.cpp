@@ -30,7 +30,7 @@ void AddNormal(std::vector<float>& list, double x, double y, double z)
     for (double value : {x, y, z}) list.push_back(Rounded(value, 1e4));
 }
 
-/// The triangles of a strip of quads between rows of @p columns points, the rows one behind the other.
+/// Four corners, counter-clockwise.
 void AddQuad(std::vector<std::uint32_t>& triangles, std::uint32_t a, std::uint32_t b, std::uint32_t c,
              std::uint32_t d)
 {
@@ -127,7 +127,11 @@ Modeller& Modeller::Extrude(std::vector<Outline> const& outlines, double bottom,
 {
     kinds_.clear();
     std::vector<std::vector<Point2>> points;
-    for (auto const& outline : outlines) points.push_back(outline.Points());
+    for (auto const& outline : outlines) {
+        points.push_back(outline.Points());
+        // Filled as it will be stored: rounding afterwards could turn a thin triangle over.
+        for (auto& [x, y] : points.back()) x = std::round(x * 1e3) / 1e3, y = std::round(y * 1e3) / 1e3;
+    }
     auto const triangles = Triangulate(points);
     addCap(points, triangles, bottom, FaceKind::Bottom);
     addCap(points, triangles, top, FaceKind::Top);

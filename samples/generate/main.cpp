@@ -3,6 +3,7 @@
 
 #include <narmeta/io/ZelIO.h>
 
+#include <clocale>
 #include <filesystem>
 #include <iostream>
 
@@ -12,6 +13,8 @@ int main(int argc, char** argv)
         std::cerr << "usage: zel_make_samples FOLDER\n";
         return 2;
     }
+    // Paths are turned into wide text by the locale.
+    std::setlocale(LC_ALL, "C.UTF-8");
     NarMetaInfra::ZELProductStructure model;
     samples::BuildMachine(model);
     NarMetaInfra::ZelIO io;

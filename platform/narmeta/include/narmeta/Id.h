@@ -1,6 +1,6 @@
 #pragma once
 
-#include <string_view>
+#include <narmeta/Utf8.h>
 
 namespace NarMeta
 {
@@ -31,18 +31,7 @@ public:
     /// Takes the text as UTF-8, so that a wide and a narrow spelling of one name give one id.
     constexpr void Text(std::wstring_view text)
     {
-        for (wchar_t c : text) {
-            auto const code = static_cast<unsigned long>(c);
-            if (code < 0x80) {
-                Byte(static_cast<unsigned char>(code));
-                continue;
-            }
-            int const tail = code < 0x800 ? 1 : code < 0x10000 ? 2 : 3;
-            constexpr unsigned char lead[] = {0, 0xc0, 0xe0, 0xf0};
-            Byte(static_cast<unsigned char>(lead[tail] | (code >> (6 * tail))));
-            for (int i = tail - 1; i >= 0; --i)
-                Byte(static_cast<unsigned char>(0x80 | ((code >> (6 * i)) & 0x3f)));
-        }
+        EncodeUtf8(text, [this](unsigned char byte) { Byte(byte); });
     }
     constexpr Id Value() const
     {

@@ -93,8 +93,9 @@ QByteArray XmlSource::Bytes()
 std::vector<float> XmlSource::Points()
 {
     auto points = Array<float>();
-    if (points.size() % 3 != 0) Fail(QStringLiteral("the number of coordinates is no multiple of 3"));
-    return points;
+    if (points.size() % 3 == 0) return points;
+    Fail(QStringLiteral("the number of coordinates is no multiple of 3"));
+    return {};
 }
 
 void XmlSource::Fail(QString const& cause)

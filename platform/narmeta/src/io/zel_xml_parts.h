@@ -8,7 +8,7 @@
 #include <set>
 
 // The parts that a zel_xml file is made of, each with its writer and its reader. A writer writes children of
-// the open element; a reader reads what is below it. The form itself is described in zel_xml.md.
+// the open element; a reader reads what is below it. The form is described in platform/narmeta/zel_xml.md.
 namespace NarMetaInfra
 {
 

@@ -1,5 +1,7 @@
 #include <narmeta/visu/Texture.h>
 
+#include <narmeta/Utf8.h>
+
 #include <algorithm>
 #include <filesystem>
 
@@ -40,7 +42,8 @@ bool TextureImage::GetMipmap(unsigned level, unsigned char const*& data, std::si
 bool Texture::GetTextureFilePath(std::wstring& path, bool mustExist) const
 {
     std::error_code ignored;
-    if (!settings_.filePath || (mustExist && !std::filesystem::exists(*settings_.filePath, ignored)))
+    if (!settings_.filePath ||
+        (mustExist && !std::filesystem::exists(NarMeta::ToUtf8(*settings_.filePath), ignored)))
         return false;
     path = *settings_.filePath;
     return true;
