@@ -37,7 +37,7 @@ OutputFile::OutputFile(fs::path const& target)
 {
     // A rename onto a symbolic link would replace the link and leave its file alone.
     std::error_code error;
-    Target = fs::weakly_canonical(target, error);
+    Target = fs::weakly_canonical(fs::absolute(target, error), error);
     if (error) Target = target;
     Temporary = Target.parent_path() / (".zelview-" + std::to_string(::getpid()) + ".part");
 }
