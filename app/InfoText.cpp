@@ -3,6 +3,7 @@
 #include "Console.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cstdio>
 #include <filesystem>
 
@@ -14,6 +15,9 @@ namespace
 {
 
 constexpr int LabelWidth = 16;
+
+// The stages of a read in which the modelling kernel works; in all others it is us.
+constexpr std::string_view KernelStages[] = {"parse", "transfer", "mesh"};
 
 template <class... Values> std::string format(char const* pattern, Values... values)
 {
@@ -48,8 +52,10 @@ std::vector<Stage> stagesOf(ZelCad::CadDocument const& document, Picture const* 
 {
     std::vector<Stage> stages;
     for (NarMetaInfra::StageTiming const& timing : document.GetIO().GetTimings()) {
-        std::string const name = toUtf8(timing.name);
-        stages.push_back({name, timing.seconds.count(), name == "convert"});
+        std::string name = toUtf8(timing.name);
+        std::ranges::transform(name, name.begin(), [](unsigned char c) { return std::tolower(c); });
+        bool const own = std::ranges::find(KernelStages, name) == std::end(KernelStages);
+        stages.push_back({std::move(name), timing.seconds.count(), own});
     }
     stages.push_back({"scene", document.GetSceneTime().count(), true});
     stages.push_back({"tree", document.GetTreeTime().count(), true});

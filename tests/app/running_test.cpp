@@ -108,7 +108,10 @@ TEST_F(Running, theTreeIsWhatComesWithoutAnOption)
     EXPECT_TRUE(tree.err.isEmpty()) << tree.err.constData();
     EXPECT_FALSE(tree.out.startsWith("ROOT"));
     EXPECT_GT(tree.out.count('\n'), 5);
-    EXPECT_THAT(tree.out.toStdString(), HasSubstr("└─ "));
+    EXPECT_TRUE(tree.out.startsWith("Planetary drive · Планетарный привод · 行星传动\n"))
+        << tree.out.constData();
+    for (char const* name : {"└─ ", "├─ ", "⚙️ Planetengetriebe", "كوكب ٣", "Rippe rechts (gespiegelt)"})
+        EXPECT_THAT(tree.out.toStdString(), HasSubstr(name));
     EXPECT_EQ(runZelview({machine()}).out, tree.out);
 }
 
