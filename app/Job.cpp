@@ -43,6 +43,16 @@ ExitCode codeOf(NarMetaInfra::IoOutcome outcome)
     return ExitCode::DamagedFile;
 }
 
+/// A reader's cause without the file's name in quotes at its start: our line names the file already.
+std::string causeWithoutName(std::string cause, std::string const& file)
+{
+    std::string const quoted = '"' + std::filesystem::path(file).filename().string() + '"';
+    if (!cause.starts_with(quoted)) return cause;
+    cause.erase(0, quoted.size());
+    cause.erase(0, cause.find_first_not_of(": "));
+    return cause;
+}
+
 /// Warnings of the session reach the user's console, the first of them.
 class WarningLines final : public MoraCore::IMessageListener
 {
@@ -124,7 +134,8 @@ private:
         NarMetaInfra::IoOutcome const outcome = Document.GetIO().GetOutcome();
         ExitCode const code = codeOf(outcome);
         if (code != ExitCode::Good)
-            fail(code, Asked.file, error.empty() ? "the file cannot be read" : toUtf8(error));
+            fail(code, Asked.file,
+                 error.empty() ? "the file cannot be read" : causeWithoutName(toUtf8(error), Asked.file));
         else if (Document.IsEmpty())
             return fail(ExitCode::NothingToShow, Asked.file, "there is nothing in it to show");
         for (std::wstring const& warning : warnings) Warnings.add(warning);

@@ -95,6 +95,7 @@ TEST_F(Running, withoutIsolationNothingChanges)
 
 TEST_F(Running, aLinkToAPictureStaysALink)
 {
+    ASSERT_TRUE(QFile::copy(machine(), path("picture.png")));
     ASSERT_TRUE(QFile::link(path("picture.png"), path("link.png")));
     ASSERT_EQ(runZelview({"--resolution", "16,16", "--output", path("link.png"), machine()}).code, 0);
     EXPECT_TRUE(QFileInfo(path("link.png")).isSymLink());

@@ -37,10 +37,6 @@ protected:
             ZELVizCore::RenderingOptions::CreateDefault());
         ZelVizBase::SceneDefaults::Setup(Canvas, View, *options);
         View.AttachModel(Plates.document.GetModel());
-        HPS::CameraKit camera;
-        camera.SetPosition({0, -50, 0}).SetTarget({0, 0, 0}).SetUpVector({0, 0, 1}).SetField(16, 16);
-        camera.SetProjection(HPS::Camera::Projection::Orthographic);
-        View.SetCamera(camera);
     }
 
     void TearDown() override
@@ -52,8 +48,13 @@ protected:
     void draw()
     {
         ASSERT_TRUE(Plates.document.Render(false));
+        // The first showing of a document moves the camera to fit.
+        HPS::CameraKit camera;
+        camera.SetPosition({0, -50, 0}).SetTarget({0, 0, 0}).SetUpVector({0, 0, 1}).SetField(16, 16);
+        camera.SetProjection(HPS::Camera::Projection::Orthographic);
+        View.SetCamera(camera);
         HPS::UTF8 cause;
-        if (!Canvas.Update()) {
+        if (!Canvas.Update(HPS::Window::UpdateType::Complete)) {
             Canvas.ShowFailure(cause);
             GTEST_SKIP() << "no graphics: " << cause.GetBytes();
         }
@@ -93,9 +94,9 @@ TEST_F(Look, aColourIsTheFacesThenTheBodysThenTheDefault)
     EXPECT_GT(defaulted.red, 0);
     EXPECT_LT(std::abs(defaulted.red - defaulted.green), 40);
     EXPECT_FALSE(defaulted == at(-6, 5)) << "it is the background's";
-    EXPECT_EQ(at(0, 0).red, 0);
+    EXPECT_LT(at(0, 0).red, 20);
     EXPECT_GT(at(0, 0).green, 50);
-    EXPECT_EQ(at(4, 0).green, 0);
+    EXPECT_LT(at(4, 0).green, 20);
     EXPECT_GT(at(4, 0).blue, 50);
 }
 
@@ -113,7 +114,7 @@ TEST_F(Look, anInstancesColourWinsOverThoseOfItsPart)
 
     EXPECT_GT(at(-4, 0).blue, 50);
     EXPECT_GT(at(4, 0).red, 50);
-    EXPECT_EQ(at(4, 0).blue, 0);
+    EXPECT_LT(at(4, 0).blue, 20);
 }
 
 TEST_F(Look, aBodyCanBeHiddenInOneInstanceOnly)
