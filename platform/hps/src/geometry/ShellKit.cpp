@@ -53,8 +53,8 @@ template <class T> void ElementValues<T>::SetRange(std::size_t start, std::size_
     auto const old = values.size();
     bool const gap = start > old;
     if (start + count > old) values.resize(start + count);
-    if (gap && isSet.empty()) isSet.assign(old, true);
-    if (!isSet.empty()) {
+    if (gap || !isSet.empty()) {
+        if (isSet.empty()) isSet.assign(old, true);
         isSet.resize(values.size(), false);
         std::fill_n(isSet.begin() + static_cast<std::ptrdiff_t>(start), count, true);
     }
