@@ -103,6 +103,53 @@ TEST(CadScene, aReferenceHasOneSegmentHoweverOftenItIsUsed)
     EXPECT_EQ(includers.size(), 3u); // two inside the shared group, one in the product
 }
 
+TEST(CadScene, pidsOfAnyScriptNameSegmentsOfTheirOwn)
+{
+    PlateDocument plates; // in the C locale, which can narrow none of these
+    for (wchar_t const* pid :
+         {L"\u6b6f\u8eca", L"\u9f7f\u8f6e", L"\u0448\u0435\u0441\u0442\u0435\u0440\u043d\u044f"}) {
+        auto const part = plates.part(pid);
+        part->AddBody(plate(First));
+        plates.model.AddRootInstance(part, std::wstring(pid) + L".1");
+    }
+    ASSERT_TRUE(plates.document.Render(false));
+    EXPECT_EQ(library(plates).Subsegment("partreferences", false).GetSubsegmentCount(), 3u);
+    EXPECT_EQ(plates.document.GetRenderer()->GetRootKey().GetSubsegmentCount(), 3u);
+}
+
+TEST(CadScene, aPartOfMeshesStandsBesideOneWhoseDataIsUnknown)
+{
+    using namespace NarMetaVisu;
+    PlateDocument plates;
+    auto const addPart = [&](std::wstring const& pid, NodeType type) {
+        auto const face = std::make_shared<FaceRep>(std::vector<float>{0, 0, 0, 1, 0, 0, 0, 1, 0},
+                                                    std::vector<float>{0, 0, 1, 0, 0, 1, 0, 0, 1});
+        face->AddPolygon({VisuPolygonType::Triangles, {0, 3, 6}});
+        auto const mesh = std::make_shared<MeshRep>(NarMeta::HashId(pid));
+        mesh->AddFace(face);
+        auto const leaf = std::make_shared<Node>(type);
+        leaf->SetMesh(mesh);
+        auto const root = std::make_shared<Node>(NodeType::Root);
+        root->AddChild(leaf);
+        auto const visualisation = std::make_shared<SGContainer>();
+        visualisation->AddRootNode(pid, root);
+        auto const part = plates.part(pid);
+        part->SetGraphical(true);
+        part->SetSG(visualisation);
+        plates.model.AddRootInstance(part, pid + L".1");
+    };
+    addPart(L"unknown", static_cast<NodeType>(77));
+    addPart(L"mesh", NodeType::Geometry);
+    ASSERT_TRUE(plates.document.Render(false));
+
+    HPS::Key key;
+    ASSERT_TRUE(plates.document.GetRenderer()->GetObjectMapper()->Get(NarMeta::HashId(L"mesh"), key));
+    HPS::SearchResults found;
+    EXPECT_EQ(HPS::SegmentKey(key).Find(HPS::Search::Type::Shell, HPS::Search::Space::Subsegments, found),
+              1u);
+    EXPECT_EQ(plates.document.GetRenderer()->GetRootKey().GetSubsegmentCount(), 2u);
+}
+
 TEST(CadScene, aMissingPartTakesNothingAway)
 {
     PlateDocument plates;
