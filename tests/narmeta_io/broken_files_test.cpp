@@ -97,6 +97,19 @@ TEST(BrokenFiles, AStepFileThatEndsEarlyIsDamagedWhereverItEnds)
     }
 }
 
+TEST(BrokenFiles, ABrepFileThatEndsEarlyIsDamagedWhereverItEnds)
+{
+    auto const file = modelFolder() / "brep/mayo_cube.brep";
+    REQUIRE_MODEL_FILE(file);
+    auto const bytes = bytesOf(file);
+    TemporaryFolder const folder;
+    for (std::size_t length = 30; length + 10 < bytes.size(); length += 97) {
+        auto const read =
+            ReadSupport::read(folder.write("cut.brep", std::string_view(bytes).substr(0, length)));
+        EXPECT_EQ(read->result.outcome, IoOutcome::Damaged) << length;
+    }
+}
+
 TEST(BrokenFiles, WrongReferencesAndNumbersDoNotEndTheProcess)
 {
     auto const file = modelFolder() / "parts/red_cube_blue_cylinder.step";

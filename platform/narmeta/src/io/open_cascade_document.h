@@ -89,7 +89,7 @@ struct LoadTimes {
 
 struct LoadFailure {
     IoOutcome outcome;
-    std::string cause; ///< a sentence for the user
+    std::string cause; ///< one line for the user
 };
 
 /// Nothing on success and after a break by the user. The file's path must be absolute: external references

@@ -30,13 +30,13 @@ constexpr double MillimetreInMetres = 0.001;
 
 LoadFailure damaged(char const* format, std::optional<std::string> const& cause = {})
 {
-    return {IoOutcome::Damaged, "The " + std::string(format) + " file is damaged: it can't be read" +
-                                    (cause ? " (" + *cause + ")." : ".")};
+    return {IoOutcome::Damaged, "the " + std::string(format) + " file is damaged: it can't be read" +
+                                    (cause ? " (" + *cause + ")" : "")};
 }
 
 LoadFailure nothing(char const* format)
 {
-    return {IoOutcome::NothingToShow, "The " + std::string(format) + " file holds nothing to show."};
+    return {IoOutcome::NothingToShow, "the " + std::string(format) + " file holds nothing to show"};
 }
 
 // The last record of an IGES file has the letter T in column 73.
@@ -121,11 +121,11 @@ LoadOutcome loadIges(std::filesystem::path const& file, KernelDocument& document
     if (!document.hasShapes())
         return failure || !isIgesComplete(file) ? damaged("IGES", failure) : nothing("IGES");
     if (!isIgesComplete(file))
-        document.warnings.push_back("The IGES file ends early. What it lost is missing from the model.");
+        document.warnings.push_back("the IGES file ends early; what it lost is missing from the model");
     if (failure)
-        document.warnings.push_back("Part of the IGES file could not be translated (" + *failure + ").");
+        document.warnings.push_back("part of the IGES file could not be translated (" + *failure + ")");
     failure = guarded([&] { numberEntities(reader.WS(), document); });
-    if (failure) document.warnings.push_back("Entities of the IGES file could not be identified.");
+    if (failure) document.warnings.push_back("entities of the IGES file could not be identified");
     return std::nullopt;
 }
 
@@ -134,10 +134,15 @@ LoadOutcome loadBrep(std::filesystem::path const& file, KernelDocument& document
 {
     StageClock const clock(times.parse);
     TopoDS_Shape shape;
-    bool done = false;
-    auto const failure = guarded([&] { done = BRepTools::Read(shape, file.c_str(), BRep_Builder(), range); });
+    // The kernel's parser looks for its next keyword beyond the end of a truncated file, for ever unless that
+    // throws.
+    auto const failure = guarded([&] {
+        std::ifstream stream(file, std::ios::binary);
+        stream.exceptions(std::ios::failbit | std::ios::badbit);
+        BRepTools::Read(shape, stream, BRep_Builder(), range);
+    });
     if (range.UserBreak()) return std::nullopt;
-    if (failure || !done) return damaged("BREP", failure);
+    if (failure) return damaged("BREP");
     if (shape.IsNull()) return nothing("BREP");
     addShape(document, shape);
     return std::nullopt;

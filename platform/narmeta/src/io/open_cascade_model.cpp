@@ -168,7 +168,7 @@ ModelBuilder::ReferencePointer ModelBuilder::referenceOf(TDF_Label const& label,
         break;
     case ZELReference::Kind::Missing:
         HasContents = true;
-        Document.warnings.push_back("The file \"" + mark->storageFile + "\" is missing or can't be read.");
+        Document.warnings.push_back("the file \"" + mark->storageFile + "\" is missing or can't be read");
         break;
     }
     return reference;
@@ -206,7 +206,7 @@ void ModelBuilder::buildParts(BuildTimes& times, Message_ProgressRange const& ra
 void ModelBuilder::buildPart(Part const& part, BuildTimes& times, Message_ProgressRange const& range)
 {
     auto const warn = [&](std::string const& text) {
-        Document.warnings.push_back("Part \"" + utf8FromWide(part.reference->GetReferenceName()) +
+        Document.warnings.push_back("part \"" + utf8FromWide(part.reference->GetReferenceName()) +
                                     "\": " + text);
     };
     Message_ProgressScope scope(range, "part", static_cast<double>(part.labels.size()));
@@ -223,7 +223,7 @@ void ModelBuilder::buildPart(Part const& part, BuildTimes& times, Message_Progre
             tolerance = toleranceFor(shape);
             tessellate(shape, tolerance, Options.parallel, share);
         });
-        if (failure) warn("it could not be meshed completely (" + *failure + ").");
+        if (failure) warn("it could not be meshed completely (" + *failure + ")");
     }
     if (scope.UserBreak()) return;
 
@@ -238,10 +238,10 @@ void ModelBuilder::buildPart(Part const& part, BuildTimes& times, Message_Progre
         for (auto const& label : part.labels) styles.collect(label);
         for (auto const& shape : shapes) converter.add(shape, styles);
     });
-    if (failure) warn("part of it could not be converted (" + *failure + ").");
+    if (failure) warn("part of it could not be converted (" + *failure + ")");
     if (converter.droppedFaces() > 0)
         warn("faces without usable geometry are left out (" + std::to_string(converter.droppedFaces()) +
-             ").");
+             ")");
 
     auto bodies = converter.takeBodies();
     bool const hasColours =

@@ -74,7 +74,7 @@ void addWarnings(ReadResult& result, KernelDocument const& document)
 
 ReadResult cancelled()
 {
-    return ReadResult::Failure(IoOutcome::Cancelled, L"Reading was cancelled.");
+    return ReadResult::Failure(IoOutcome::Cancelled, L"reading was stopped");
 }
 
 ReadResult OpenCascadeReader::Read(ReadRequest const& request, ZELProductStructure& model) const
@@ -83,7 +83,7 @@ ReadResult OpenCascadeReader::Read(ReadRequest const& request, ZELProductStructu
     ReadResult result;
     auto const failure = guarded([&] { result = readInSession(request, model); });
     if (failure)
-        return ReadResult::Failure(IoOutcome::Damaged, wideFromBytes("The file can't be read: " + *failure));
+        return ReadResult::Failure(IoOutcome::Damaged, wideFromBytes("the file can't be read: " + *failure));
     return result;
 }
 
@@ -93,7 +93,7 @@ ReadResult OpenCascadeReader::readInSession(ReadRequest const& request, ZELProdu
     Handle(ReadProgress) const progress = new ReadProgress(request);
     Message_ProgressScope stages(progress->Start(), "read", 100);
     KernelDocument document;
-    document.title = request.path.stem().wstring();
+    document.title = wideFromBytes(request.path.stem().string());
     LoadTimes loadTimes;
     BuildTimes buildTimes;
     ReadResult result;
@@ -117,14 +117,14 @@ ReadResult OpenCascadeReader::readInSession(ReadRequest const& request, ZELProdu
     builder.buildParts(buildTimes, stages.Next(50));
     if (progress->isCancelled()) return cancelled();
     if (!builder.hasContents())
-        return ReadResult::Failure(IoOutcome::NothingToShow, L"The file holds nothing to show.");
+        return ReadResult::Failure(IoOutcome::NothingToShow, L"the file holds nothing to show");
     progress->report(1.0);
     addWarnings(result, document);
     using Seconds = std::chrono::duration<double>;
-    result.timings = {{L"parse", Seconds(loadTimes.parse)},
-                      {L"transfer", Seconds(loadTimes.transfer)},
-                      {L"mesh", Seconds(buildTimes.mesh)},
-                      {L"convert", Seconds(buildTimes.convert)}};
+    result.timings = {{L"Parsing", Seconds(loadTimes.parse)},
+                      {L"Transfer", Seconds(loadTimes.transfer)},
+                      {L"Meshing", Seconds(buildTimes.mesh)},
+                      {L"Conversion", Seconds(buildTimes.convert)}};
     return result;
 }
 } // namespace

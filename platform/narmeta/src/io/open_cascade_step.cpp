@@ -19,7 +19,7 @@ char const* kernelCodePage(TextEncoding encoding)
     case TextEncoding::Utf8:
         return "UTF8";
     case TextEncoding::Gbk:
-        return "GBK";
+        return "GB";
     case TextEncoding::Windows1252:
         return "CP1252";
     }
@@ -31,20 +31,20 @@ LoadOutcome parse(std::filesystem::path const& file, STEPCAFControl_Reader& read
     auto const report = checkStepFile(file);
     if (report.refusal) return LoadFailure{IoOutcome::Damaged, *report.refusal};
     if (report.danglingCount > 0) {
-        document.warnings.push_back("The STEP file refers to entities that it does not define (" +
+        document.warnings.push_back("the STEP file refers to entities that it does not define (" +
                                     std::to_string(report.danglingCount) +
-                                    "). What depends on them is left out.");
+                                    "); what depends on them is left out");
     }
     if (report.duplicateCount > 0) {
-        document.warnings.push_back("The STEP file defines entity numbers more than once (" +
-                                    std::to_string(report.duplicateCount) + ").");
+        document.warnings.push_back("the STEP file defines entity numbers more than once (" +
+                                    std::to_string(report.duplicateCount) + ")");
     }
     Interface_Static::SetCVal("read.step.codepage", kernelCodePage(report.encoding));
     auto status = IFSelect_RetVoid;
     auto const failure = guarded([&] { status = reader.ReadFile(file.c_str()); });
-    auto const message = std::string("The STEP file is damaged: its data can't be parsed");
-    if (failure) return LoadFailure{IoOutcome::Damaged, message + " (" + *failure + ")."};
-    if (status != IFSelect_RetDone) return LoadFailure{IoOutcome::Damaged, message + "."};
+    auto const message = std::string("the STEP file is damaged: its data can't be parsed");
+    if (failure) return LoadFailure{IoOutcome::Damaged, message + " (" + *failure + ")"};
+    if (status != IFSelect_RetDone) return LoadFailure{IoOutcome::Damaged, message};
     return std::nullopt;
 }
 } // namespace
@@ -75,14 +75,14 @@ LoadOutcome loadStep(std::filesystem::path const& file, KernelDocument& document
     if (!document.hasShapes()) {
         if (failure)
             return LoadFailure{IoOutcome::Damaged,
-                               "The STEP file could not be translated (" + *failure + ")."};
-        return LoadFailure{IoOutcome::NothingToShow, "The STEP file holds nothing to show."};
+                               "the STEP file could not be translated (" + *failure + ")"};
+        return LoadFailure{IoOutcome::NothingToShow, "the STEP file holds nothing to show"};
     }
     if (failure)
-        document.warnings.push_back("Part of the STEP file could not be translated (" + *failure + ").");
+        document.warnings.push_back("part of the STEP file could not be translated (" + *failure + ")");
     failure = guarded([&] { identifyStep(reader, document); });
     if (failure)
-        document.warnings.push_back("Entities of the STEP file could not be identified (" + *failure + ").");
+        document.warnings.push_back("entities of the STEP file could not be identified (" + *failure + ")");
     return std::nullopt;
 }
 } // namespace NarMetaInfra

@@ -28,14 +28,13 @@ public:
         StepTextReport report;
         auto const start = Text.substr(0, 4096).find("ISO-10303-21");
         if (start == std::string_view::npos)
-            return refused("The file is not a STEP file: its header is missing.");
+            return refused("the file is no STEP file: its header is missing");
         Position = start;
         while (Position < Text.size() && !AtEnd) step();
 
-        if (HasScope)
-            return refused("The STEP file uses the obsolete construct &SCOPE, which can't be read.");
-        if (!AtEnd) return refused("The STEP file is damaged: it ends before END-ISO-10303-21.");
-        if (Defined.empty()) return refused("The STEP file holds no data.");
+        if (HasScope) return refused("the STEP file uses the obsolete construct &SCOPE, which can't be read");
+        if (!AtEnd) return refused("the STEP file is damaged: it ends before END-ISO-10303-21");
+        if (Defined.empty()) return refused("the STEP file holds no data");
         report.entityCount = Defined.size();
         std::ranges::sort(Defined);
         auto const unique = std::ranges::unique(Defined);
@@ -119,7 +118,7 @@ StepTextReport checkStepText(std::string_view text)
 StepTextReport checkStepFile(std::filesystem::path const& file)
 {
     StepTextReport unreadable;
-    unreadable.refusal = "The file can't be read.";
+    unreadable.refusal = "the file can't be read";
     std::error_code error;
     auto const size = std::filesystem::file_size(file, error);
     std::ifstream stream(file, std::ios::binary);

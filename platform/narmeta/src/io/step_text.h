@@ -12,7 +12,7 @@ namespace NarMetaInfra
 {
 /// What a look at the characters of a Part 21 file says before the kernel parses it.
 struct StepTextReport {
-    /// Why the file must not be parsed, as a sentence for the user.
+    /// Why the file must not be parsed, in one line for the user.
     std::optional<std::string> refusal;
     std::size_t entityCount = 0;
     /// References to entities that the file does not define.
