@@ -225,8 +225,11 @@ TEST(ModelCheck, MakesNamesAndPidsValid)
     model.AddReference(same);
     model.AddRootInstance(part, L"");
     model.AddRootInstance(same, L"", std::wstring(1, static_cast<wchar_t>(0xd800)));
+    EXPECT_TRUE(model.IsRootInstance(HashId(""))) << "asked before the PIDs change";
     std::vector<std::wstring> warnings;
     CheckModel(model, warnings);
+    EXPECT_TRUE(model.IsRootInstance(model.GetRootInstances()[1]->GetHashedID()));
+    EXPECT_FALSE(model.IsRootInstance(HashId("")));
     EXPECT_EQ(model.GetProductName(), L"two lines");
     EXPECT_EQ(same->GetReferenceName().size(), 1000u);
     EXPECT_EQ(model.GetRootInstances()[1]->GetInstanceName(), L"\ufffd");

@@ -150,6 +150,7 @@ void MakeNamesValid(ZELProductStructure& model)
     for (auto const& root : model.GetRootInstances()) settle(*root, product);
     for (auto const& reference : model.GetReferences())
         for (auto const& instance : reference->GetInstances()) settle(*instance, PidOf(*reference));
+    model.NoteNewPids();
 }
 
 } // namespace NarMetaInfra

@@ -104,6 +104,8 @@ public:
                                                  std::wstring name = {});
     void AddRootInstance(std::shared_ptr<ZELInstance> instance);
     void RemoveRootInstance(std::size_t index);
+    /// To be called when an instance that is already placed got another PID.
+    void NoteNewPids() { *changed_ = true; }
     /// Every reference, missing ones and those in no use included.
     std::vector<std::shared_ptr<ZELReference>> const& GetReferences() const { return references_; }
     std::vector<std::shared_ptr<ZELInstance>> const& GetRootInstances() const { return roots_; }
