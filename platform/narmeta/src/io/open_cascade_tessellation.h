@@ -11,7 +11,7 @@ namespace NarMetaInfra
 /// between neighbours, in radians.
 struct TessellationTolerance {
     double distance = 0.1;
-    double angle = 0.3927; // 16 segments to a circle
+    double angle = 0.3142; // 20 segments to a circle
 };
 
 /// A share of the shape's extent; so a watch and a ship get about as many triangles.
