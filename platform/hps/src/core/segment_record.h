@@ -1,9 +1,9 @@
 #pragma once
 #include "kit_block.h"
+#include "name_index.h"
 #include "record.h"
 #include <hps/Cuboid.h>
 #include <hps/MatrixKit.h>
-#include <unordered_map>
 #include <vector>
 
 namespace HPS::scene
@@ -15,8 +15,7 @@ struct SegmentExtras {
     SlotList styles;                     // StyleRecords, in the order they were pushed
     std::vector<KeyIndex> portfolios;    // pushed, the last one on top; some may be gone
     std::string materialPalette;
-    // Children by name, once there are more than a few. The views are of the names in the records.
-    std::unordered_map<std::string_view, SlotIndex> childrenByName;
+    NameIndex childrenByName; // empty until there are more than a few
 };
 
 struct SegmentRecord : OwnedRecord {
@@ -24,7 +23,9 @@ struct SegmentRecord : OwnedRecord {
     // With more named children than this a segment keeps them by name.
     static constexpr std::size_t indexedFrom = 8;
 
-    std::uint32_t attributeStamp = 0; // new at every write of what the fold reads
+    std::uint32_t attributeStamp : 30 = 0; // new at every write of what the fold reads
+    std::uint32_t boundsKnown : 1 = false;
+    std::uint32_t isStyleSource : 1 = false; // its attributes are used by styles somewhere
     std::string name;
     SlotList children;                 // SegmentRecords
     SlotList includes;                 // IncludeRecords owned here
@@ -35,10 +36,9 @@ struct SegmentRecord : OwnedRecord {
     std::unique_ptr<SegmentExtras> extras;
     std::unique_ptr<UserData> userData;
 
-    // The extent of the contents, in this segment's coordinates. Filled by the bounding query.
+    // The extent of the contents, in this segment's coordinates, if boundsKnown. Filled by the bounding
+    // query.
     SimpleCuboid bounds;
-    bool boundsKnown = false;
-    bool isStyleSource = false; // its attributes are used by styles somewhere
 
     SegmentRecord();
     ~SegmentRecord();

@@ -54,7 +54,7 @@ public:
     std::string const& conditionName(ConditionId id) const { return *conditionNames_[id]; }
 
     // Counters that a cached fold result is compared with.
-    std::uint32_t nextStamp() { return ++stamp_; }
+    std::uint32_t nextStamp() { return ++stamp_ & 0x3FFFFFFF; }
     std::uint32_t definitionStamp = 0; // new when a style source, a style's name or a palette changes
 
     ChangeLog changes;

@@ -7,22 +7,25 @@ namespace HPS::scene
 namespace
 {
 
+std::string_view nameOf(SlotIndex segment)
+{
+    return store().at<SegmentRecord>(segment)->name;
+}
+
 void indexName(SegmentRecord& owner, SegmentRecord const& child)
 {
     if (child.name.empty()) return;
     if (owner.extras && !owner.extras->childrenByName.empty()) {
-        owner.extras->childrenByName.emplace(child.name, child.slot);
+        owner.extras->childrenByName.insert(child.slot, nameOf);
     } else if (owner.children.size() > SegmentRecord::indexedFrom) {
-        auto& byName = owner.rare().childrenByName;
         for (auto const slot : owner.children)
-            if (auto const* const other = store().at<SegmentRecord>(slot); !other->name.empty())
-                byName.emplace(other->name, slot);
+            if (!nameOf(slot).empty()) owner.rare().childrenByName.insert(slot, nameOf);
     }
 }
 
 void unindexName(SegmentRecord& owner, SegmentRecord const& child)
 {
-    if (!child.name.empty() && owner.extras) owner.extras->childrenByName.erase(child.name);
+    if (!child.name.empty() && owner.extras) owner.extras->childrenByName.erase(child.slot, nameOf);
 }
 
 // Calls f with each segment that shows this one: its owner and the owners of its includes.
@@ -108,9 +111,7 @@ SegmentRecord* findChild(SegmentRecord const& owner, std::string_view name)
 {
     if (name.empty()) return nullptr;
     if (owner.extras && !owner.extras->childrenByName.empty()) {
-        auto const& byName = owner.extras->childrenByName;
-        auto const found = byName.find(name);
-        return found == byName.end() ? nullptr : store().at<SegmentRecord>(found->second);
+        return store().at<SegmentRecord>(owner.extras->childrenByName.find(name, nameOf));
     }
     for (auto const slot : owner.children)
         if (auto* const child = store().at<SegmentRecord>(slot); child->name == name) return child;
