@@ -64,3 +64,4 @@ void buildSceneAndTree(benchmark::State& state)
 BENCHMARK(buildSceneAndTree)->Arg(100)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 
 } // namespace
+BENCHMARK_MAIN();

@@ -149,3 +149,4 @@ void OneMatrixAndTheBounds(benchmark::State& state)
 BENCHMARK(OneMatrixAndTheBounds)->Unit(benchmark::kMicrosecond);
 
 } // namespace
+BENCHMARK_MAIN();
