@@ -240,8 +240,7 @@ void ModelBuilder::buildPart(Part const& part, BuildTimes& times, Message_Progre
     });
     if (failure) warn("part of it could not be converted (" + *failure + ")");
     if (converter.droppedFaces() > 0)
-        warn("faces without usable geometry are left out (" + std::to_string(converter.droppedFaces()) +
-             ")");
+        warn("faces without usable geometry are left out (" + std::to_string(converter.droppedFaces()) + ")");
 
     auto bodies = converter.takeBodies();
     bool const hasColours =

@@ -12,6 +12,6 @@ namespace NarMetaInfra
 /// its text.
 void identifyStep(STEPCAFControl_Reader& reader, KernelDocument& document);
 
-/// Enters the entity number of every topological shape that `session` has translated.
-void numberEntities(Handle(XSControl_WorkSession) const& session, KernelDocument& document);
+/// Enters the entity number of every topological shape that a transfer has made.
+void numberEntities(Handle(XSControl_WorkSession) const& work, KernelDocument& document);
 } // namespace NarMetaInfra
