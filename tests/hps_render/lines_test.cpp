@@ -46,6 +46,27 @@ TEST_P(Widths, ALineCoversAsManyPixelsAsItIsWide)
     }
 }
 
+TEST_F(LinePictures, AThinLineIsOnePixelWideInEveryDirection)
+{
+    LineSegment const segments[] = {{{-1.5f, 0.025f, 0}, {1.5f, 0.025f, 0}},
+                                    {{0.025f, -1.5f, 0}, {0.025f, 1.5f, 0}},
+                                    {{-1.5f, -1, 0}, {1.5f, 1.1f, 0}}};
+    for (LineSegment const& segment : segments) {
+        list.clear();
+        meshes.push_back(MeshStore::instance().addLines({&segment, 1}));
+        Pipeline pipeline;
+        pipeline.primitive = Primitive::ThinLines;
+        add(meshes.back(), identity, coloured(green), pipeline);
+        Image const image = picture();
+        double sum = 0;
+        for (int y = 0; y < 80; ++y)
+            for (int x = 0; x < 80; ++x) sum += image.at(x, y).green / 255.0;
+        double const pixels =
+            20 * std::hypot(segment.to[0] - segment.from[0], segment.to[1] - segment.from[1]);
+        EXPECT_NEAR(sum, pixels, 0.12 * pixels);
+    }
+}
+
 TEST_F(LinePictures, ASlantedLineHasTheSameWidth)
 {
     addLine({{-2, -2, 0}, {2, 2, 0}}, 5);

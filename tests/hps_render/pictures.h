@@ -2,6 +2,7 @@
 #pragma once
 #include "Device.h"
 #include "Frame.h"
+#include "MeshBuilder.h"
 #include "image.h"
 #include <array>
 #include <gtest/gtest.h>
@@ -10,28 +11,39 @@
 namespace HPS::render
 {
 
-inline Mesh square()
+inline ShellData squareShell()
 {
-    std::array<FaceVertex, 4> v{};
-    for (int i = 0; i < 4; ++i) {
-        v[std::size_t(i)].position[0] = (i & 1) != 0 ? 1.0f : -1.0f;
-        v[std::size_t(i)].position[1] = (i & 2) != 0 ? 1.0f : -1.0f;
-    }
-    std::array<std::uint32_t, 6> const indices{0, 1, 2, 2, 1, 3};
-    return MeshStore::instance().addFaces(v, indices);
+    return {{{-1, -1, 0}, {1, -1, 0}, {1, 1, 0}, {-1, 1, 0}}, {4, 0, 1, 2, 3}, {}, {}};
 }
 
-/// A corner of a cube cut off, with outward winding; `mirror` is -1 for the shape seen in a mirror at x = 0.
+/// A corner of a cube cut off; `mirror` is -1 for the shape seen in a mirror at x = 0. The faces run
+/// counter-clockwise seen from outside, or clockwise for a shell turned inside out.
+inline ShellData wedgeShell(float mirror = 1, bool insideOut = false)
+{
+    ShellData shell{{{0, 0, 0}, {mirror, 0, 0}, {0, 1.2f, 0}, {0, 0, 0.8f}},
+                    {3, 0, 2, 1, 3, 0, 1, 3, 3, 0, 3, 2, 3, 1, 2, 3},
+                    {},
+                    {}};
+    if ((mirror < 0) != insideOut)
+        for (std::size_t at = 0; at < shell.facelist.size(); at += 4)
+            std::swap(shell.facelist[at + 2], shell.facelist[at + 3]);
+    return shell;
+}
+
+inline Mesh meshOf(ShellData const& shell)
+{
+    MeshBuilder builder;
+    builder.addShellFaces(shell, false);
+    return builder.uploadFaces();
+}
+
+inline Mesh square()
+{
+    return meshOf(squareShell());
+}
 inline Mesh wedge(float mirror = 1)
 {
-    std::vector<FaceVertex> v(4);
-    float const corners[4][3] = {{0, 0, 0}, {1, 0, 0}, {0, 1.2f, 0}, {0, 0, 0.8f}};
-    for (int i = 0; i < 4; ++i)
-        for (int k = 0; k < 3; ++k) v[std::size_t(i)].position[k] = corners[i][k] * (k == 0 ? mirror : 1);
-    std::vector<std::uint32_t> indices{0, 2, 1, 0, 1, 3, 0, 3, 2, 1, 2, 3};
-    if (mirror < 0)
-        for (std::size_t t = 0; t < indices.size(); t += 3) std::swap(indices[t + 1], indices[t + 2]);
-    return MeshStore::instance().addFaces(v, indices);
+    return meshOf(wedgeShell(mirror));
 }
 
 inline Mat4 placed(double x, double y, double z, double scale = 1)

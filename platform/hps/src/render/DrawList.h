@@ -8,7 +8,9 @@
 namespace HPS::render
 {
 
-enum class Primitive : std::uint8_t { Faces, Lines, Markers };
+/// Thin lines are one pixel wide and cost half of what wide ones do; both draw the same meshes.
+enum class Primitive : std::uint8_t { Faces, Lines, ThinLines, Markers };
+inline constexpr int primitiveCount = 4;
 
 /// A piece of an uploaded mesh. Lines and markers have no indices of their own: every four vertices are a
 /// quad.

@@ -20,9 +20,8 @@ struct FrameBlock {
     float backgroundTop[4];
     float backgroundBottom[4];
     struct {
-        float direction[4], colour[4];
+        float direction[4], halfway[4], colour[4];
     } lights[maximumLights];
-    std::int32_t options[4];
 };
 
 void put(float* out, Vec3 const& v, double w = 0)
@@ -54,10 +53,9 @@ FrameBlock describe(Viewing const& viewing, Scene const& scene, Target const& ta
         Vec3 const seen =
             light.cameraRelative ? d : Vec3{dot(d, viewing.right), dot(d, viewing.up), dot(d, viewing.back)};
         put(block.lights[i].direction, seen * -1);
+        put(block.lights[i].halfway, normalised(Vec3{0, 0, 1} - seen, {0, 0, 1}));
         std::copy_n(light.colour, 3, block.lights[i].colour);
     }
-    block.options[0] = std::int32_t(lights);
-    block.options[1] = scene.faceStyle == FaceStyle::Flat ? 1 : 0;
     return block;
 }
 
@@ -67,13 +65,16 @@ template <class T> void fill(unsigned& buffer, std::span<T const> data)
     glNamedBufferData(buffer, GLsizeiptr(data.size_bytes()), data.data(), GL_DYNAMIC_DRAW);
 }
 
-Program programFor(Pipeline const& pipeline)
+Program programFor(Pipeline const& pipeline, bool flat)
 {
     switch (pipeline.primitive) {
     case Primitive::Faces:
-        return pipeline.transparent ? Program::TransparentFaces : Program::Faces;
+        if (pipeline.transparent) return flat ? Program::TransparentFlatFaces : Program::TransparentFaces;
+        return flat ? Program::FlatFaces : Program::Faces;
     case Primitive::Lines:
         return Program::Lines;
+    case Primitive::ThinLines:
+        return Program::ThinLines;
     case Primitive::Markers:
         return Program::Markers;
     }
@@ -122,7 +123,7 @@ FrameCounts Frame::draw(Target const& target, DrawList const& list, Scene const&
     glDepthFunc(GL_LEQUAL);
     glBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
     glBindBuffer(GL_DRAW_INDIRECT_BUFFER, commandBuffer_);
-    for (Batch const& batch : batches_) submit(batch, scene.faceStyle);
+    for (Batch const& batch : batches_) submit(batch, scene);
     glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
     counts.calls = std::uint32_t(batches_.size()) + (scene.background ? 1 : 0);
     return counts;
@@ -151,12 +152,14 @@ void Frame::push(Pipeline const& pipeline, unsigned instances, MeshRange const& 
     if (batch.commandCount > 0) {
         Command& last = commands_.back();
         if (last.firstIndex == range.firstIndex && last.baseVertex == range.baseVertex &&
-            last.indexCount == range.indexCount && last.baseInstance + last.instanceCount == instance) {
+            last.baseInstance + last.instanceCount == instance) {
             ++last.instanceCount;
             return;
         }
     }
-    commands_.push_back({range.indexCount, 1, range.firstIndex, range.baseVertex, instance});
+    std::uint32_t const count =
+        pipeline.primitive == Primitive::ThinLines ? range.indexCount / 3 : range.indexCount;
+    commands_.push_back({count, 1, range.firstIndex, range.baseVertex, instance});
     ++batch.commandCount;
 }
 
@@ -164,6 +167,7 @@ void Frame::choose(DrawList const& list, Viewing const& viewing, FaceStyle style
 {
     commands_.clear();
     batches_.clear();
+    opaque_.clear();
     transparent_.clear();
     sorted_.clear();
     for (std::uint32_t i = 0; i < list.records.size(); ++i) {
@@ -179,29 +183,43 @@ void Frame::choose(DrawList const& list, Viewing const& viewing, FaceStyle style
             counts.triangles += record.range.indexCount / 3;
             break;
         case Primitive::Lines:
+        case Primitive::ThinLines:
             counts.lineSegments += record.range.indexCount / 6;
             break;
         case Primitive::Markers:
             counts.markers += record.range.indexCount / 6;
             break;
         }
-        if (record.pipeline.transparent)
-            transparent_.push_back(i);
-        else
-            push(record.pipeline, instanceBuffer_, record.range, i);
+        double const depth = viewing.toView(record.world.centre()).z;
+        (record.pipeline.transparent ? transparent_ : opaque_).push_back({depth, i});
     }
-    if (!transparent_.empty()) chooseTransparent(list, viewing);
+    chooseOpaque(list);
+    if (!transparent_.empty()) chooseTransparent(list);
 }
 
-void Frame::chooseTransparent(DrawList const& list, Viewing const& viewing)
+// From front to back, so that what is hidden costs a depth test and no shading.
+void Frame::chooseOpaque(DrawList const& list)
 {
-    std::vector<std::pair<double, std::uint32_t>> order;
-    order.reserve(transparent_.size());
-    for (std::uint32_t i : transparent_)
-        order.emplace_back(viewing.toView(list.records[i].world.centre()).z, i);
-    std::sort(order.begin(), order.end());
+    for (auto first = opaque_.begin(); first != opaque_.end();) {
+        Pipeline const& pipeline = list.records[first->record].pipeline;
+        auto const last = std::find_if(first, opaque_.end(), [&](Visible const& v) {
+            return !(list.records[v.record].pipeline == pipeline);
+        });
+        std::sort(first, last, [](Visible const& a, Visible const& b) {
+            return a.depth != b.depth ? a.depth > b.depth : a.record < b.record;
+        });
+        for (; first != last; ++first)
+            push(pipeline, instanceBuffer_, list.records[first->record].range, first->record);
+    }
+}
+
+void Frame::chooseTransparent(DrawList const& list)
+{
+    std::sort(transparent_.begin(), transparent_.end(), [](Visible const& a, Visible const& b) {
+        return a.depth != b.depth ? a.depth < b.depth : a.record < b.record;
+    });
     if (sortedBuffer_ == 0) glCreateBuffers(1, &sortedBuffer_);
-    for (auto const& [depth, i] : order) {
+    for (auto const& [depth, i] : transparent_) {
         Pipeline const pipeline = list.records[i].pipeline;
         Instance instance = list.instances[i];
         auto emit = [&](std::uint32_t side) {
@@ -219,7 +237,7 @@ void Frame::chooseTransparent(DrawList const& list, Viewing const& viewing)
     }
 }
 
-void Frame::submit(Batch const& batch, FaceStyle style) const
+void Frame::submit(Batch const& batch, Scene const& scene) const
 {
     Pipeline const& pipeline = batch.pipeline;
     bool const faces = pipeline.primitive == Primitive::Faces;
@@ -227,19 +245,21 @@ void Frame::submit(Batch const& batch, FaceStyle style) const
     glDepthMask(pipeline.transparent ? GL_FALSE : GL_TRUE);
     enable(GL_SAMPLE_ALPHA_TO_COVERAGE, pipeline.primitive == Primitive::Markers && !pipeline.transparent);
     enable(GL_CULL_FACE, pipeline.cullBack && faces);
-    glFrontFace(pipeline.mirrored ? GL_CW : GL_CCW);
-    GLboolean const seen = faces && style == FaceStyle::HiddenLine ? GL_FALSE : GL_TRUE;
+    // Not the front is redefined, for the shader lights by what winds counter-clockwise, mirrored or not.
+    glCullFace(pipeline.mirrored ? GL_FRONT : GL_BACK);
+    GLboolean const seen = faces && scene.faceStyle == FaceStyle::HiddenLine ? GL_FALSE : GL_TRUE;
     glColorMask(seen, seen, seen, seen);
     enable(GL_POLYGON_OFFSET_FILL, faces && pipeline.displacement != 0);
     if (faces) {
         float const away = pipeline.displacement;
         glPolygonOffset(away > 0 ? 1.0f : -1.0f, away);
     }
-    glUseProgram(program(programFor(pipeline)));
+    std::size_t const lights = faces ? std::min(scene.lights.size(), maximumLights) : 0;
+    glUseProgram(program(programFor(pipeline, scene.faceStyle == FaceStyle::Flat), lights));
     MeshStore::instance().bind(pipeline.primitive, batch.instances);
     auto const first = reinterpret_cast<void const*>(batch.firstCommand * sizeof(Command));
-    glMultiDrawElementsIndirect(GL_TRIANGLES, GL_UNSIGNED_INT, first, GLsizei(batch.commandCount),
-                                sizeof(Command));
+    GLenum const mode = pipeline.primitive == Primitive::ThinLines ? GL_LINES : GL_TRIANGLES;
+    glMultiDrawElementsIndirect(mode, GL_UNSIGNED_INT, first, GLsizei(batch.commandCount), sizeof(Command));
 }
 
 } // namespace HPS::render

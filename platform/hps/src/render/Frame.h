@@ -40,19 +40,25 @@ private:
         unsigned instances; ///< buffer that the commands' instances come from
     };
 
+    struct Visible {
+        double depth; ///< of the box's middle, larger towards the viewer
+        std::uint32_t record;
+    };
+
     void paintBackground() const;
     void upload(DrawList const& list);
     void choose(DrawList const& list, class Viewing const& viewing, FaceStyle style, FrameCounts& counts);
-    void chooseTransparent(DrawList const& list, class Viewing const& viewing);
+    void chooseOpaque(DrawList const& list);
+    void chooseTransparent(DrawList const& list);
     void push(Pipeline const& pipeline, unsigned instances, MeshRange const& range, std::uint32_t instance);
-    void submit(Batch const& batch, FaceStyle style) const;
+    void submit(Batch const& batch, Scene const& scene) const;
 
     unsigned instanceBuffer_ = 0, sortedBuffer_ = 0, commandBuffer_ = 0, frameBuffer_ = 0;
     std::uint64_t uploaded_ = 0; ///< version of the list in `instanceBuffer_`
     std::vector<Command> commands_;
     std::vector<Batch> batches_;
-    std::vector<std::uint32_t> transparent_; ///< visible transparent records of this frame
-    std::vector<Instance> sorted_;           ///< their instances, from back to front
+    std::vector<Visible> opaque_, transparent_; ///< of this frame
+    std::vector<Instance> sorted_;              ///< their instances, from back to front
 };
 
 } // namespace HPS::render

@@ -16,7 +16,7 @@ std::int16_t packed(float component)
 void putNormal(FaceVertex& vertex, Vector const& normal)
 {
     float const l = std::sqrt(normal.x * normal.x + normal.y * normal.y + normal.z * normal.z);
-    if (!(l > 0) || !std::isfinite(l)) return; // stays zero: the triangle's own
+    if (!(l > 0) || !std::isfinite(l)) return; // stays zero: there is none
     vertex.normal[0] = packed(normal.x / l);
     vertex.normal[1] = packed(normal.y / l);
     vertex.normal[2] = packed(normal.z / l);
@@ -74,50 +74,68 @@ FaceVertex MeshBuilder::vertexOf(ShellData const& shell, std::uint32_t corner, b
 void MeshBuilder::addShellFaces(ShellData const& shell, bool plain)
 {
     triangulator_.run(shell.points, shell.facelist);
-    if (!plain && shell.colors && !shell.colors->faces.Empty())
-        addFaceColouredTriangles(shell);
-    else
-        addSharedTriangles(shell, plain);
-}
-
-void MeshBuilder::addSharedTriangles(ShellData const& shell, bool plain)
-{
-    auto const base = std::uint32_t(vertices_.size());
-    std::size_t const corners = shell.points.size() + triangulator_.blended().size();
-    vertices_.reserve(vertices_.size() + corners);
-    for (std::uint32_t i = 0; i < corners; ++i) vertices_.push_back(vertexOf(shell, i, plain));
-    indices_.reserve(indices_.size() + triangulator_.triangles().size());
-    for (std::uint32_t corner : triangulator_.triangles()) indices_.push_back(base + corner);
-}
-
-// A colour ends where its face does, so faces share no vertices.
-void MeshBuilder::addFaceColouredTriangles(ShellData const& shell)
-{
     auto const triangles = triangulator_.triangles();
-    ElementValues<RGBAColor> const& colours = shell.colors->faces;
-    for (std::size_t i = 0; i < triangles.size(); ++i) {
-        FaceVertex vertex = vertexOf(shell, triangles[i], false);
-        std::uint32_t const face = triangulator_.faces()[i / 3];
-        if (colours.IsSet(face)) putColour(vertex, colours.values[face]);
+    auto const* const faceColours = !plain && shell.colors ? &shell.colors->faces : nullptr;
+    auto const shared = std::uint32_t(vertices_.size());
+    if (!shell.vertexNormals.Empty()) {
+        std::size_t const corners = shell.points.size() + triangulator_.blended().size();
+        vertices_.reserve(vertices_.size() + corners);
+        for (std::uint32_t i = 0; i < corners; ++i) vertices_.push_back(vertexOf(shell, i, plain));
+    }
+    indices_.reserve(indices_.size() + triangles.size());
+    for (std::size_t t = 0; t < triangulator_.faces().size(); ++t) {
+        std::uint32_t const face = triangulator_.faces()[t];
+        bool const coloured = faceColours != nullptr && faceColours->IsSet(face);
+        addTriangle({triangles[3 * t], triangles[3 * t + 1], triangles[3 * t + 2]}, shell, plain,
+                    coloured ? &faceColours->values[face] : nullptr, shared);
+    }
+}
+
+// Vertices from `shared` on stand for the shell's points if it has normals. A triangle shares none of them if
+// it has a colour of its own, which ends at its rim, or if it lacks a normal and takes its own.
+void MeshBuilder::addTriangle(std::array<std::uint32_t, 3> const& corners, ShellData const& shell, bool plain,
+                              RGBAColor const* colour, std::uint32_t shared)
+{
+    Vec3 const a = positionOf(shell, corners[0]);
+    Vec3 const normal = cross(positionOf(shell, corners[1]) - a, positionOf(shell, corners[2]) - a);
+    bool smooth = !shell.vertexNormals.Empty();
+    Vec3 sum;
+    for (std::size_t i = 0; smooth && i < 3; ++i) {
+        std::int16_t const* const n = vertices_[shared + corners[i]].normal;
+        smooth = n[0] != 0 || n[1] != 0 || n[2] != 0;
+        sum = sum + Vec3{double(n[0]), double(n[1]), double(n[2])};
+    }
+    bool const turned = smooth && dot(normal, sum) < 0;
+    std::array const order{corners[0], corners[turned ? 2 : 1], corners[turned ? 1 : 2]};
+    for (std::uint32_t corner : order) {
+        if (smooth && colour == nullptr) {
+            indices_.push_back(shared + corner);
+            continue;
+        }
+        FaceVertex vertex = smooth ? vertices_[shared + corner] : vertexOf(shell, corner, plain);
+        if (!smooth) putNormal(vertex, Vector(float(normal.x), float(normal.y), float(normal.z)));
+        if (colour != nullptr) putColour(vertex, *colour);
         indices_.push_back(std::uint32_t(vertices_.size()));
         vertices_.push_back(vertex);
     }
+}
+
+Vec3 MeshBuilder::positionOf(ShellData const& shell, std::uint32_t corner) const
+{
+    Point const& p = corner < shell.points.size() ? shell.points[corner]
+                                                  : triangulator_.blended()[corner - shell.points.size()].at;
+    return {p.x, p.y, p.z};
 }
 
 std::vector<Vec3> MeshBuilder::faceNormals(ShellData const& shell, std::size_t faces) const
 {
     std::vector<Vec3> normals(faces);
     auto const triangles = triangulator_.triangles();
-    auto at = [&](std::uint32_t corner) {
-        Point const& p = corner < shell.points.size()
-                             ? shell.points[corner]
-                             : triangulator_.blended()[corner - shell.points.size()].at;
-        return Vec3{p.x, p.y, p.z};
-    };
     for (std::size_t t = 0; t < triangulator_.faces().size(); ++t) {
-        Vec3 const a = at(triangles[3 * t]);
+        Vec3 const a = positionOf(shell, triangles[3 * t]);
         Vec3& sum = normals[triangulator_.faces()[t]];
-        sum = sum + cross(at(triangles[3 * t + 1]) - a, at(triangles[3 * t + 2]) - a);
+        sum = sum +
+              cross(positionOf(shell, triangles[3 * t + 1]) - a, positionOf(shell, triangles[3 * t + 2]) - a);
     }
     for (Vec3& normal : normals) normal = normalised(normal, {});
     return normals;
@@ -187,23 +205,12 @@ void MeshBuilder::addPolygonEdge(PointChain const& chain)
 
 void MeshBuilder::addPolygonFace(PointChain const& chain)
 {
-    std::size_t count = chain.points.size();
-    if (count > 1 && chain.points.front() == chain.points.back()) --count;
-    polygonList_.resize(count + 1);
-    polygonList_[0] = int(count);
-    std::iota(polygonList_.begin() + 1, polygonList_.end(), 0);
-    triangulator_.run(chain.points, polygonList_);
-    auto const base = std::uint32_t(vertices_.size());
-    auto add = [&](Point const& p) {
-        FaceVertex vertex{};
-        vertex.position[0] = p.x;
-        vertex.position[1] = p.y;
-        vertex.position[2] = p.z;
-        vertices_.push_back(vertex);
-    };
-    for (Point const& p : chain.points) add(p);
-    for (BlendedPoint const& p : triangulator_.blended()) add(p.at);
-    for (std::uint32_t corner : triangulator_.triangles()) indices_.push_back(base + corner);
+    polygon_.points = chain.points;
+    if (chain.points.size() > 1 && chain.points.front() == chain.points.back()) polygon_.points.pop_back();
+    polygon_.facelist.resize(polygon_.points.size() + 1);
+    polygon_.facelist[0] = int(polygon_.points.size());
+    std::iota(polygon_.facelist.begin() + 1, polygon_.facelist.end(), 0);
+    addShellFaces(polygon_, true);
 }
 
 void MeshBuilder::addMarker(Point const& point)

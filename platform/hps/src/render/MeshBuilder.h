@@ -45,9 +45,10 @@ private:
     };
     FaceVertex vertexOf(ShellData const& shell, std::uint32_t corner, bool plain);
     void putColour(FaceVertex& vertex, RGBAColor const& colour);
+    void addTriangle(std::array<std::uint32_t, 3> const& corners, ShellData const& shell, bool plain,
+                     RGBAColor const* colour, std::uint32_t shared);
+    Vec3 positionOf(ShellData const& shell, std::uint32_t corner) const;
     void addSegment(Point const& from, Point const& to);
-    void addSharedTriangles(ShellData const& shell, bool plain);
-    void addFaceColouredTriangles(ShellData const& shell);
     std::vector<Vec3> faceNormals(ShellData const& shell, std::size_t faces) const;
 
     Triangulator triangulator_;
@@ -56,8 +57,8 @@ private:
     std::vector<LineSegment> segments_;
     std::vector<MarkerVertex> points_;
     bool translucent_ = false;
-    std::vector<Edge> edges_;      ///< work space
-    std::vector<int> polygonList_; ///< work space
+    std::vector<Edge> edges_; ///< work space
+    ShellData polygon_;       ///< work space
 };
 
 } // namespace HPS::render

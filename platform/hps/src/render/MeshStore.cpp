@@ -53,7 +53,8 @@ constexpr Format instanceFormats[] = {
     {Flags, 1, GL_UNSIGNED_INT, false, offsetof(Instance, flags)},
 };
 
-constexpr GLsizei vertexSizes[] = {sizeof(FaceVertex), sizeof(LineSegment), sizeof(MarkerVertex)};
+constexpr GLsizei vertexSizes[primitiveCount] = {sizeof(FaceVertex), sizeof(LineSegment), sizeof(LineSegment),
+                                                 sizeof(MarkerVertex)};
 
 template <class T> std::vector<T> fourTimes(std::span<T const> elements)
 {
@@ -92,9 +93,9 @@ MeshStore& MeshStore::instance()
 
 MeshStore::MeshStore()
 {
-    glCreateVertexArrays(4, arrays_);
-    std::span<Format const> const formats[] = {faceFormats, lineFormats, markerFormats};
-    for (int i = 0; i < 3; ++i) {
+    glCreateVertexArrays(primitiveCount + 1, arrays_);
+    std::span<Format const> const formats[] = {faceFormats, lineFormats, lineFormats, markerFormats};
+    for (int i = 0; i < primitiveCount; ++i) {
         describe(arrays_[i], meshBinding, formats[i]);
         describe(arrays_[i], instanceBinding, instanceFormats);
         glVertexArrayBindingDivisor(arrays_[i], instanceBinding, 1);
@@ -107,6 +108,7 @@ Arena& MeshStore::vertices(Primitive primitive)
     case Primitive::Faces:
         return faceVertices_;
     case Primitive::Lines:
+    case Primitive::ThinLines:
         return lineVertices_;
     case Primitive::Markers:
         return markerVertices_;
@@ -150,22 +152,29 @@ Mesh MeshStore::addQuads(Primitive primitive, std::span<std::byte const> data, s
 {
     Mesh mesh;
     if (quads == 0) return mesh;
-    if (quads > quadCapacity_) {
-        quadCapacity_ = std::max(quads, std::max(quadCapacity_ * 2, 4096u));
-        std::vector<std::uint32_t> indices;
-        indices.reserve(std::size_t(quadCapacity_) * 6);
-        for (std::uint32_t q = 0; q < quadCapacity_; ++q)
-            for (std::uint32_t corner : {0u, 1u, 2u, 2u, 1u, 3u}) indices.push_back(q * 4 + corner);
-        if (quadIndices_ != 0) glDeleteBuffers(1, &quadIndices_);
-        glCreateBuffers(1, &quadIndices_);
-        glNamedBufferStorage(quadIndices_, GLsizeiptr(indices.size() * sizeof(std::uint32_t)), indices.data(),
-                             0);
-    }
+    growQuads(quads);
     mesh.primitive_ = primitive;
     mesh.box_ = box;
     mesh.range_ = {0, quads * 6, vertices(primitive).add(data)};
     mesh.vertexCount_ = quads * 4;
     return mesh;
+}
+
+void MeshStore::growQuads(std::uint32_t quads)
+{
+    if (quads <= quadCapacity_) return;
+    quadCapacity_ = std::max({quads, quadCapacity_ * 2, 4096u});
+    auto fill = [&](unsigned& buffer, std::initializer_list<std::uint32_t> corners) {
+        std::vector<std::uint32_t> indices;
+        indices.reserve(quadCapacity_ * corners.size());
+        for (std::uint32_t q = 0; q < quadCapacity_; ++q)
+            for (std::uint32_t corner : corners) indices.push_back(q * 4 + corner);
+        if (buffer != 0) glDeleteBuffers(1, &buffer);
+        glCreateBuffers(1, &buffer);
+        glNamedBufferStorage(buffer, GLsizeiptr(indices.size() * sizeof(std::uint32_t)), indices.data(), 0);
+    };
+    fill(quadIndices_, {0, 1, 2, 2, 1, 3});
+    fill(axisIndices_, {0, 2});
 }
 
 void MeshStore::remove(Mesh const& mesh)
@@ -177,7 +186,7 @@ void MeshStore::remove(Mesh const& mesh)
 
 void MeshStore::bindNothing()
 {
-    glBindVertexArray(arrays_[3]);
+    glBindVertexArray(arrays_[primitiveCount]);
 }
 
 void MeshStore::bind(Primitive primitive, unsigned instanceBuffer)
@@ -186,8 +195,9 @@ void MeshStore::bind(Primitive primitive, unsigned instanceBuffer)
     glBindVertexArray(arrays_[i]);
     glVertexArrayVertexBuffer(arrays_[i], meshBinding, vertices(primitive).buffer(), 0, vertexSizes[i]);
     glVertexArrayVertexBuffer(arrays_[i], instanceBinding, instanceBuffer, 0, sizeof(Instance));
-    glVertexArrayElementBuffer(arrays_[i],
-                               primitive == Primitive::Faces ? faceIndices_.buffer() : quadIndices_);
+    unsigned const indices[primitiveCount] = {faceIndices_.buffer(), quadIndices_, axisIndices_,
+                                              quadIndices_};
+    glVertexArrayElementBuffer(arrays_[i], indices[i]);
 }
 
 } // namespace HPS::render

@@ -10,7 +10,7 @@ namespace HPS::render
 /// A corner of a triangle as it lies in the device's memory.
 struct FaceVertex {
     float position[3];
-    std::int16_t normal[3]; ///< length 32767, or zero: the triangle's own normal serves
+    std::int16_t normal[3]; ///< length 32767, on the side from which the triangle runs counter-clockwise
     std::int16_t ownColour; ///< 32767: `colour` counts, 0: the instance's does
     std::uint8_t colour[4]; ///< its alpha is multiplied by the instance's
 };
@@ -70,6 +70,7 @@ private:
     friend class Mesh;
     MeshStore();
     void remove(Mesh const& mesh);
+    void growQuads(std::uint32_t quads);
     Mesh addQuads(Primitive primitive, std::span<std::byte const> vertices, std::uint32_t quads,
                   Box const& box);
     Arena& vertices(Primitive primitive);
@@ -79,8 +80,9 @@ private:
     Arena lineVertices_{sizeof(LineSegment)};
     Arena markerVertices_{sizeof(MarkerVertex)};
     unsigned quadIndices_ = 0; ///< 0 1 2 2 1 3, 4 5 6 6 5 7, ...
+    unsigned axisIndices_ = 0; ///< 0 2, 4 6, ...: one vertex at each end
     std::uint32_t quadCapacity_ = 0;
-    unsigned arrays_[4] = {}; ///< by Primitive, and an empty one
+    unsigned arrays_[primitiveCount + 1] = {}; ///< by Primitive, and an empty one
 };
 
 } // namespace HPS::render

@@ -177,7 +177,8 @@ void SceneCompiler::add(MeshCache::Drawable const& drawable, Primitive primitive
     if (drawable.mesh.empty() || stroke.colour[3] == 0) return;
     bool const faces = primitive == Primitive::Faces;
     Pipeline pipeline;
-    pipeline.primitive = primitive;
+    bool const thin = stroke.size <= 1 && (stroke.flags & SizeInWorld) == 0;
+    pipeline.primitive = primitive == Primitive::Lines && thin ? Primitive::ThinLines : primitive;
     pipeline.transparent = stroke.transparent() || drawable.translucent;
     pipeline.cullBack = faces && look.cullBack;
     pipeline.displacement = faces ? look.displacement : std::int16_t(0);

@@ -1,4 +1,5 @@
 #include "shaders.h"
+#include "DrawList.h"
 #include <array>
 #include <epoxy/gl.h>
 #include <string>
@@ -10,7 +11,7 @@ namespace
 
 // The layout is that of FrameBlock in Frame.cpp.
 char const* const frameBlock = R"(#version 450 core
-struct Light { vec4 direction; vec4 colour; };
+struct Light { vec4 direction; vec4 halfway; vec4 colour; };
 layout(std140, binding = 0) uniform FrameBlock {
     mat4 rotation;      // world axes to x right, y up, z to the viewer
     mat4 projection;
@@ -20,7 +21,6 @@ layout(std140, binding = 0) uniform FrameBlock {
     vec4 backgroundTop;
     vec4 backgroundBottom;
     Light lights[4];
-    ivec4 options;      // number of lights, flat
 };
 )";
 
@@ -54,58 +54,69 @@ in vec3 tint;
 layout(location = 0) out vec4 result;
 void main() { result = vec4(tint, 1.0); })";
 
-// The normal goes by the cofactors of the matrix: right for any scale, and a mirror's sign is settled per
-// pixel.
+// The normal goes by the cofactors of the matrix: right for any scale, and it keeps to the side from which
+// the corners run counter-clockwise, in a mirror too. A zero direction stands for a face without light.
 char const* const facesVertex = R"(
 layout(location = 1) in vec4 normal;
 layout(location = 2) in vec4 vertexColour;
-out vec3 place;
 out vec3 direction;
 out vec4 tint;
+#ifdef FLAT
+out vec3 place;
+#endif
+#ifdef TRANSPARENT
 flat out uint bits;
+#endif
 void main() {
-    place = toView(position);
-    direction = mat3(rotation) * vec3(dot(cross(row1.xyz, row2.xyz), normal.xyz),
-                                      dot(cross(row2.xyz, row0.xyz), normal.xyz),
-                                      dot(cross(row0.xyz, row1.xyz), normal.xyz));
+    vec3 view = toView(position);
+    direction = LIGHTS == 0 || (flags & 1u) != 0u ? vec3(0.0) :
+        mat3(rotation) * vec3(dot(cross(row1.xyz, row2.xyz), normal.xyz),
+                              dot(cross(row2.xyz, row0.xyz), normal.xyz),
+                              dot(cross(row0.xyz, row1.xyz), normal.xyz));
     tint = normal.w > 0.5 ? vec4(vertexColour.rgb, vertexColour.a * colour.a) : colour;
+#ifdef FLAT
+    place = view;
+#endif
+#ifdef TRANSPARENT
     bits = flags;
-    gl_Position = projection * vec4(place, 1.0);
+#endif
+    gl_Position = projection * vec4(view, 1.0);
 })";
 
-// Which side a normal belongs to is decided by the triangle itself, not by the normal: a normal that leans
-// over the silhouette must not jump to the other side.
+// Meshes are made so that a normal lies on the side from which its triangle runs counter-clockwise: that
+// side, not the normal, decides what is turned to the viewer, and a normal that leans over the silhouette
+// stays where it is. The viewer counts as infinitely far, which makes half vectors constant.
 char const* const facesFragment = R"(
-in vec3 place;
 in vec3 direction;
 in vec4 tint;
+#ifdef FLAT
+in vec3 place;
+#endif
+#ifdef TRANSPARENT
 flat in uint bits;
+#endif
 layout(location = 0) out vec4 result;
 void main() {
 #ifdef TRANSPARENT
     if ((bits & (gl_FrontFacing ? 4u : 2u)) != 0u) discard;
 #endif
-    vec3 viewer = eye.w > 0.5 ? eye.xyz - place : vec3(0.0, 0.0, 1.0);
-    vec3 face = cross(dFdx(place), dFdy(place));
-    if (dot(face, viewer) < 0.0) face = -face;
     float square = dot(direction, direction);
-    vec3 n = options.y != 0 || square < 1e-20 ? face : direction;
-    n *= inversesqrt(max(dot(n, n), 1e-30));
-    if (dot(n, face) < 0.0) n = -n;
-    vec3 v = normalize(viewer);
-
+#ifdef FLAT
+    vec3 n = normalize(cross(dFdx(place), dFdy(place)));
+#else
+    vec3 n = direction * inversesqrt(max(square, 1e-30));
+    n = gl_FrontFacing ? n : -n;
+#endif
     // Sky, ground and a weak lamp at the viewer give every side a shade of its own before any light falls.
-    vec3 diffuse = vec3(0.34 + 0.13 * n.y + 0.27 * max(dot(n, v), 0.0));
+    vec3 diffuse = vec3(0.34 + 0.13 * n.y + 0.27 * max(n.z, 0.0));
     vec3 gloss = vec3(0.0);
-    for (int i = 0; i < options.x; ++i) {
-        vec3 l = lights[i].direction.xyz;
-        diffuse += lights[i].colour.rgb * max(dot(n, l), 0.0);
-        float h = max(dot(n, normalize(l + v)), 0.0);
+    for (int i = 0; i < LIGHTS; ++i) {
+        diffuse += lights[i].colour.rgb * max(dot(n, lights[i].direction.xyz), 0.0);
+        float h = max(dot(n, lights[i].halfway.xyz), 0.0);
         h *= h; h *= h; h *= h; h *= h; h *= h;
         gloss += lights[i].colour.rgb * (0.25 * h);
     }
-    vec3 lit = tint.rgb * diffuse + gloss;
-    result = vec4((bits & 1u) != 0u || options.x == 0 ? tint.rgb : min(lit, vec3(1.0)), tint.a);
+    result = vec4(square > 1e-20 ? min(tint.rgb * diffuse + gloss, vec3(1.0)) : tint.rgb, tint.a);
 })";
 
 // Four vertices hold the same two ends; which corner of the strip one is, its number tells.
@@ -130,6 +141,14 @@ void main() {
     vec2 offset = across + along * (atEnd ? halfWidth : -halfWidth);
     tint = colour;
     gl_Position = p + vec4(offset * 2.0 / viewport.xy * p.w, 0.0, 0.0);
+})";
+
+char const* const thinLinesVertex = R"(
+layout(location = 1) in vec3 end;
+flat out vec4 tint;
+void main() {
+    tint = colour;
+    gl_Position = projection * vec4(toView((gl_VertexID & 2) != 0 ? end : position), 1.0);
 })";
 
 char const* const linesFragment = R"(
@@ -191,7 +210,7 @@ void main() {
 struct Sources {
     char const* attributes;
     char const* vertex;
-    char const* define;
+    char const* defines;
     char const* fragment;
 };
 
@@ -199,8 +218,11 @@ struct Sources {
 constexpr std::array<Sources, programCount> sources{{
     {"", backgroundVertex, "", backgroundFragment},
     {instanceAttributes, facesVertex, "", facesFragment},
+    {instanceAttributes, facesVertex, "#define FLAT\n", facesFragment},
     {instanceAttributes, facesVertex, "#define TRANSPARENT\n", facesFragment},
+    {instanceAttributes, facesVertex, "#define TRANSPARENT\n#define FLAT\n", facesFragment},
     {instanceAttributes, linesVertex, "", linesFragment},
+    {instanceAttributes, thinLinesVertex, "", linesFragment},
     {instanceAttributes, markersVertex, "", markersFragment},
 }};
 
@@ -210,9 +232,9 @@ std::string& failureText()
     return text;
 }
 
-unsigned compile(GLenum stage, char const* before, char const* body)
+unsigned compile(GLenum stage, std::string const& defines, char const* before, char const* body)
 {
-    std::array const parts{frameBlock, before, body};
+    std::array const parts{frameBlock, defines.c_str(), before, body};
     unsigned const shader = glCreateShader(stage);
     glShaderSource(shader, GLsizei(parts.size()), parts.data(), nullptr);
     glCompileShader(shader);
@@ -226,10 +248,13 @@ unsigned compile(GLenum stage, char const* before, char const* body)
     return 0;
 }
 
-unsigned link(Sources const& from)
+unsigned link(Sources const& from, std::size_t lights)
 {
-    unsigned const vertex = compile(GL_VERTEX_SHADER, from.attributes, from.vertex);
-    unsigned const fragment = compile(GL_FRAGMENT_SHADER, from.define, from.fragment);
+    // A number known beforehand: a loop that the compiler cannot unroll costs software rendering half its
+    // speed.
+    std::string const defines = from.defines + ("#define LIGHTS " + std::to_string(lights) + "\n");
+    unsigned const vertex = compile(GL_VERTEX_SHADER, defines, from.attributes, from.vertex);
+    unsigned const fragment = compile(GL_FRAGMENT_SHADER, defines, "", from.fragment);
     if (vertex == 0 || fragment == 0) return 0;
     unsigned const linked = glCreateProgram();
     glAttachShader(linked, vertex);
@@ -249,11 +274,11 @@ unsigned link(Sources const& from)
 
 } // namespace
 
-unsigned program(Program which)
+unsigned program(Program which, std::size_t lights)
 {
-    static std::array<unsigned, programCount> programs{};
-    unsigned& name = programs[std::size_t(which)];
-    if (name == 0) name = link(sources[std::size_t(which)]);
+    static std::array<std::array<unsigned, maximumLights + 1>, programCount> programs{};
+    unsigned& name = programs[std::size_t(which)][lights];
+    if (name == 0) name = link(sources[std::size_t(which)], lights);
     return name;
 }
 

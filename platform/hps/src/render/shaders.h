@@ -1,14 +1,25 @@
 #pragma once
+#include <cstddef>
 
 namespace HPS::render
 {
 
 /// The few programs of the renderer. Each is compiled when it is first drawn with.
-enum class Program { Background, Faces, TransparentFaces, Lines, Markers };
-inline constexpr int programCount = 5;
+enum class Program {
+    Background,
+    Faces,
+    FlatFaces,
+    TransparentFaces,
+    TransparentFlatFaces,
+    Lines,
+    ThinLines,
+    Markers
+};
+inline constexpr int programCount = 8;
 
-/// The OpenGL name of a linked program; 0 if the driver refused it, which `programFailure` tells.
-unsigned program(Program which);
+/// The OpenGL name of a linked program; 0 if the driver refused it, which `programFailure` tells. `lights`,
+/// up to `maximumLights`, matters to faces alone and is 0 for the rest.
+unsigned program(Program which, std::size_t lights = 0);
 
 /// What the driver said about the last program that it refused; empty if there is none.
 char const* programFailure();
