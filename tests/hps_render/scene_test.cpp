@@ -380,6 +380,36 @@ TEST_F(ScenePictures, FitWorldFramesWhatIsVisibleInEitherProjection)
     }
 }
 
+TEST_F(ScenePictures, FitWorldGoesByPointsNotByBoxes)
+{
+    // A needle across the box's diagonal, seen along it and across: its box would need far more room.
+    std::vector<Point> needle;
+    for (int i = 0; i <= 40; ++i) needle.emplace_back(float(i), float(i), float(i % 2));
+    root.GetMaterialMappingControl().SetLineColor({0, 1, 0, 1});
+    root.InsertLine(needle);
+    SegmentKey hidden = root.Subsegment("hidden");
+    insertSquare(hidden, 0, 900);
+    hidden.GetVisibilityControl().SetEverything(false);
+    for (auto projection : {Camera::Projection::Orthographic, Camera::Projection::Perspective}) {
+        CameraKit camera;
+        camera.SetPosition({10, 10, 0.5f}).SetTarget({0, 0, 0}).SetUpVector({0, 0, 1}).SetField(4, 4);
+        camera.SetProjection(projection);
+        view.SetCamera(camera);
+        ASSERT_TRUE(view.FitWorld());
+        CameraKit fitted, again;
+        view.ShowCamera(fitted);
+        float width = 0, height = 0;
+        fitted.ShowField(width, height);
+        EXPECT_LT(width, 3);
+        ASSERT_TRUE(view.FitWorld());
+        view.ShowCamera(again);
+        Point a, b;
+        fitted.ShowPosition(a);
+        again.ShowPosition(b);
+        EXPECT_LT((a - b).Length(), 0.02 * (a - Point(20, 20, 0)).Length());
+    }
+}
+
 TEST_F(ScenePictures, AViewStartsFromTheFrontRightTopOfTheModelsOrientation)
 {
     insertSquare(root.Subsegment("part"));

@@ -108,7 +108,7 @@ void main() {
     n = gl_FrontFacing ? n : -n;
 #endif
     // Sky, ground and a weak lamp at the viewer give every side a shade of its own before any light falls.
-    vec3 diffuse = vec3(0.34 + 0.13 * n.y + 0.27 * max(n.z, 0.0));
+    vec3 diffuse = vec3(0.36 + 0.22 * n.y + 0.26 * max(n.z, 0.0));
     vec3 gloss = vec3(0.0);
     for (int i = 0; i < LIGHTS; ++i) {
         diffuse += lights[i].colour.rgb * max(dot(n, lights[i].direction.xyz), 0.0);

@@ -1,3 +1,4 @@
+#include "VisibleExtent.h"
 #include "fitting.h"
 #include "records.h"
 #include <hps/View.h>
@@ -68,10 +69,10 @@ Model View::GetAttachedModel() const
 bool View::ComputeFitWorldCamera(CameraKit const& camera, CameraKit& fitted) const
 {
     auto const* const record = Registry::instance().find(*this);
-    SimpleSphere sphere;
-    SimpleCuboid box;
-    if (record == nullptr || !record->segment.GetBoundingControl().ShowVolume(sphere, box)) return false;
-    fitted = fittedCamera(camera, box);
+    if (record == nullptr) return false;
+    render::VisibleExtent const extent(*scene::store().resolve<scene::SegmentRecord>(record->segment));
+    if (extent.empty()) return false;
+    fitted = fittedCamera(camera, extent);
     return true;
 }
 

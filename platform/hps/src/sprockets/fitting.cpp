@@ -1,4 +1,5 @@
 #include "fitting.h"
+#include "VisibleExtent.h"
 #include "linear.h"
 
 namespace HPS
@@ -7,6 +8,7 @@ namespace
 {
 
 using render::Vec3;
+using render::VisibleExtent;
 
 constexpr double margin = 1.08;
 
@@ -21,6 +23,75 @@ Vec3 vec(Point const& p)
 Point point(Vec3 const& v)
 {
     return Point(float(v.x), float(v.y), float(v.z));
+}
+
+/// The axes of a camera, and what stays of it when it moves.
+struct View {
+    Vec3 right, above, back;
+    bool perspective;
+    double slope; ///< half the larger side of the field, per distance
+
+    explicit View(CameraKit const& camera)
+    {
+        CameraKit const fallback = defaultCamera({0, 0, 1}, {1, 0, 0});
+        Point position, target;
+        Vector up;
+        float width = 0, height = 0;
+        Camera::Projection projection = Camera::Projection::Orthographic;
+        auto either = [&](auto const& show) {
+            if (!show(camera)) show(fallback);
+        };
+        either([&](CameraKit const& kit) { return kit.ShowPosition(position) && kit.ShowTarget(target); });
+        either([&](CameraKit const& kit) { return kit.ShowUpVector(up); });
+        either([&](CameraKit const& kit) { return kit.ShowField(width, height); });
+        either([&](CameraKit const& kit) { return kit.ShowProjection(projection); });
+
+        Vec3 const away = vec(position) - vec(target);
+        back = normalised(away, {0, 0, 1});
+        Vec3 const someUp = std::abs(back.z) < 0.9 ? Vec3{0, 0, 1} : Vec3{0, 1, 0};
+        right = cross(vec(up), back);
+        right = normalised(length(right) > 1e-9 * length(vec(up)) ? right : cross(someUp, back), {1, 0, 0});
+        above = cross(back, right);
+        perspective = projection != Camera::Projection::Orthographic;
+        double const side = std::max(width, height);
+        slope = length(away) > 0 && side > 0 ? 0.5 * side / length(away) : 0.2;
+    }
+};
+
+struct Framing {
+    double x, y;                  ///< of the middle, in the axes of the view
+    double halfWidth, halfHeight; ///< at the target
+    double distance;
+};
+
+// The eye sees a point if x - eye.x <= slope (eye.z - z), and likewise for the other three sides of its
+// pyramid: all of them bounds on sums of coordinates, of which the extent knows the largest.
+Framing inPerspective(VisibleExtent const& extent, View const& view, double depth, double smallest)
+{
+    struct Side {
+        double middle; ///< where the eye stands across
+        double reach;  ///< how far back it stands
+    };
+    auto side = [&](Vec3 const& across, double slope) {
+        double const high = extent.support(across + view.back * slope);
+        double const low = extent.support(across * -1 + view.back * slope);
+        return Side{0.5 * (high - low), 0.5 * (high + low) / slope};
+    };
+    double const slope = view.slope / margin;
+    double const eye = std::max({side(view.right, slope).reach, side(view.above, slope).reach,
+                                 depth + smallest / slope, extent.support(view.back) + smallest});
+    // One side of the field fills; the other takes the smallest slope that still shows all.
+    auto fit = [&](Vec3 const& across) {
+        double low = 0, high = slope;
+        for (int i = 0; i < 20; ++i) {
+            double const middle = 0.5 * (low + high);
+            (side(across, middle).reach <= eye ? high : low) = middle;
+        }
+        return std::pair(side(across, high).middle, std::max(high * (eye - depth), smallest));
+    };
+    auto const [x, halfWidth] = fit(view.right);
+    auto const [y, halfHeight] = fit(view.above);
+    return {x, y, halfWidth, halfHeight, eye - depth};
 }
 
 } // namespace
@@ -40,68 +111,32 @@ CameraKit defaultCamera(Vector const& up, Vector const& front)
     return kit;
 }
 
-CameraKit fittedCamera(CameraKit const& camera, SimpleCuboid const& box)
+CameraKit fittedCamera(CameraKit const& camera, VisibleExtent const& extent)
 {
-    CameraKit const fallback = defaultCamera({0, 0, 1}, {1, 0, 0});
-    Point position, target;
-    Vector up;
-    float fieldWidth = 0, fieldHeight = 0;
-    Camera::Projection projection = Camera::Projection::Orthographic;
-    auto either = [&](auto const& show) {
-        if (!show(camera)) show(fallback);
+    View const view(camera);
+    // Along an axis of the view: the middle, and half the size.
+    auto range = [&](Vec3 const& axis) {
+        double const high = extent.support(axis), low = -extent.support(axis * -1);
+        return std::pair(0.5 * (high + low), 0.5 * (high - low));
     };
-    either([&](CameraKit const& kit) { return kit.ShowPosition(position) && kit.ShowTarget(target); });
-    either([&](CameraKit const& kit) { return kit.ShowUpVector(up); });
-    either([&](CameraKit const& kit) { return kit.ShowField(fieldWidth, fieldHeight); });
-    either([&](CameraKit const& kit) { return kit.ShowProjection(projection); });
-
-    double const oldDistance = render::length(vec(position) - vec(target));
-    Vec3 const back = normalised(vec(position) - vec(target), {0, 0, 1});
-    Vec3 const someUp = std::abs(back.z) < 0.9 ? Vec3{0, 0, 1} : Vec3{0, 1, 0};
-    Vec3 right = cross(vec(up), back);
-    right = length(right) > 1e-9 * length(vec(up)) ? normalised(right, {1, 0, 0})
-                                                   : normalised(cross(someUp, back), {1, 0, 0});
-    Vec3 const above = cross(back, right);
-
-    Vec3 const low = vec(box.min), high = vec(box.max);
-    Vec3 const centre = (low + high) * 0.5;
-    double const size = length(high - low);
+    auto const [depth, halfDepth] = range(view.back);
+    auto const [x, halfX] = range(view.right);
+    auto const [y, halfY] = range(view.above);
+    double const size = std::max({halfX, halfY, halfDepth});
     double const smallest = size > 0 ? 1e-3 * size : 1; // a point or a line is framed as well
-    double halfWidth = 0, halfHeight = 0;
-    bool const perspective = projection == Camera::Projection::Perspective;
-    // Half the larger side of the field, per distance; what is framed fills the larger side.
-    double const slope = oldDistance > 0 && fieldWidth > 0 && fieldHeight > 0
-                             ? 0.5 * std::max(fieldWidth, fieldHeight) / oldDistance
-                             : 0.2;
-    double distance = 0;
-    auto forCorners = [&](auto const& use) {
-        for (int i = 0; i < 8; ++i) {
-            Vec3 const corner{(i & 1) != 0 ? high.x : low.x, (i & 2) != 0 ? high.y : low.y,
-                              (i & 4) != 0 ? high.z : low.z};
-            Vec3 const p = corner - centre;
-            use(std::abs(dot(p, right)), std::abs(dot(p, above)), dot(p, back));
-        }
-    };
-    if (perspective) {
-        distance = margin * smallest / slope;
-        forCorners([&](double x, double y, double z) {
-            distance = std::max(distance, z + margin * std::max({x, y, smallest}) / slope);
-        });
-    } else {
-        distance = std::max(2.5 * size, smallest);
-    }
-    forCorners([&](double x, double y, double z) {
-        double const scale = perspective ? distance / (distance - z) : 1;
-        halfWidth = std::max(halfWidth, x * scale);
-        halfHeight = std::max(halfHeight, y * scale);
-    });
+    Framing const framing = view.perspective
+                                ? inPerspective(extent, view, depth, smallest)
+                                : Framing{x, y, std::max(halfX, smallest), std::max(halfY, smallest),
+                                          std::max(5 * size, smallest)};
+
+    Vec3 const target = view.right * framing.x + view.above * framing.y + view.back * depth;
     CameraKit fitted = camera;
-    fitted.SetTarget(point(centre));
-    fitted.SetPosition(point(centre + back * distance));
-    fitted.SetUpVector(Vector(float(above.x), float(above.y), float(above.z)));
-    fitted.SetField(float(2 * margin * std::max(halfWidth, smallest)),
-                    float(2 * margin * std::max(halfHeight, smallest)));
-    fitted.SetProjection(projection);
+    fitted.SetTarget(point(target));
+    fitted.SetPosition(point(target + view.back * framing.distance));
+    fitted.SetUpVector(Vector(float(view.above.x), float(view.above.y), float(view.above.z)));
+    fitted.SetField(float(2 * margin * framing.halfWidth), float(2 * margin * framing.halfHeight));
+    fitted.SetProjection(view.perspective ? Camera::Projection::Perspective
+                                          : Camera::Projection::Orthographic);
     return fitted;
 }
 
