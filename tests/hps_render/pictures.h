@@ -17,14 +17,14 @@ inline ShellData squareShell()
 }
 
 /// A corner of a cube cut off; `mirror` is -1 for the shape seen in a mirror at x = 0. The faces run
-/// counter-clockwise seen from outside, or clockwise for a shell turned inside out.
-inline ShellData wedgeShell(float mirror = 1, bool insideOut = false)
+/// counter-clockwise seen from outside.
+inline ShellData wedgeShell(float mirror = 1)
 {
     ShellData shell{{{0, 0, 0}, {mirror, 0, 0}, {0, 1.2f, 0}, {0, 0, 0.8f}},
                     {3, 0, 2, 1, 3, 0, 1, 3, 3, 0, 3, 2, 3, 1, 2, 3},
                     {},
                     {}};
-    if ((mirror < 0) != insideOut)
+    if (mirror < 0)
         for (std::size_t at = 0; at < shell.facelist.size(); at += 4)
             std::swap(shell.facelist[at + 2], shell.facelist[at + 3]);
     return shell;

@@ -23,6 +23,7 @@ void DrawList::add(Pipeline pipeline, MeshRange const& range, Box const& local, 
     // Winding matters only where a side is culled; elsewhere the bit would split calls for nothing.
     pipeline.mirrored = pipeline.cullBack && determinant3(matrix) < 0;
     Box const world = transformed(local, matrix);
+    if (!world.drawable()) return;
     bounds.add(world);
     records.push_back({pipeline, range, world});
     instances.push_back(instance);

@@ -84,7 +84,8 @@ struct DrawList {
 
     void clear();
     /// `local` is the range's box in its own coordinates, `matrix` leads from there to the world.
-    /// Rows of `instance` and the mirroring are filled in here.
+    /// Rows of `instance` and the mirroring are filled in here. What lies too far out for the device's
+    /// numbers is left out.
     void add(Pipeline pipeline, MeshRange const& range, Box const& local, Mat4 const& matrix,
              Instance instance);
     /// Orders by pipeline and mesh, so that a frame makes few calls, and takes a new version.

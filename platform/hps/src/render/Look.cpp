@@ -69,13 +69,10 @@ void paint(Look::Stroke& stroke, Slot MaterialMappingData::*slot, LookSources co
     Colour colour;
     lay(colour, defaults().materials.*slot, nullptr);
     lay(colour, sources.materials.*slot, sources.palette);
-    auto channel = [](float value) {
-        return std::uint8_t(std::lround(std::clamp(value, 0.0f, 1.0f) * 255.0f));
-    };
-    stroke.colour[0] = channel(colour.rgb.red);
-    stroke.colour[1] = channel(colour.rgb.green);
-    stroke.colour[2] = channel(colour.rgb.blue);
-    stroke.colour[3] = channel(colour.alpha);
+    stroke.colour[0] = colourByte(colour.rgb.red);
+    stroke.colour[1] = colourByte(colour.rgb.green);
+    stroke.colour[2] = colourByte(colour.rgb.blue);
+    stroke.colour[3] = colourByte(colour.alpha);
 }
 
 /// `whole` is the size in pixels of a factor of 1. Lines, edges and markers number their units alike.

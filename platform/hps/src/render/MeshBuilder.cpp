@@ -43,14 +43,11 @@ void MeshBuilder::clear()
 
 void MeshBuilder::putColour(FaceVertex& vertex, RGBAColor const& colour)
 {
-    auto channel = [](float value) {
-        return std::uint8_t(std::lround(std::clamp(value, 0.0f, 1.0f) * 255.0f));
-    };
     vertex.ownColour = 32767;
-    vertex.colour[0] = channel(colour.red);
-    vertex.colour[1] = channel(colour.green);
-    vertex.colour[2] = channel(colour.blue);
-    vertex.colour[3] = channel(colour.alpha);
+    vertex.colour[0] = colourByte(colour.red);
+    vertex.colour[1] = colourByte(colour.green);
+    vertex.colour[2] = colourByte(colour.blue);
+    vertex.colour[3] = colourByte(colour.alpha);
     translucent_ = translucent_ || vertex.colour[3] < 255;
 }
 

@@ -16,6 +16,12 @@ struct FaceVertex {
 };
 static_assert(sizeof(FaceVertex) == 24);
 
+/// From 0 to 1 into a byte; what is no number counts as 0.
+inline std::uint8_t colourByte(float value)
+{
+    return value > 0 ? std::uint8_t(std::lround(std::min(value, 1.0f) * 255.0f)) : std::uint8_t(0);
+}
+
 struct LineSegment {
     float from[3];
     float to[3];

@@ -2,10 +2,26 @@
 
 namespace HPS::render
 {
-
-Viewing::Viewing(Camera const& camera, int width, int height, Box const& bounds)
-    : target(camera.target), perspective(camera.perspective)
+namespace
 {
+
+/// False if a number is none, or so large that nothing could be seen.
+bool usable(Camera const& camera)
+{
+    constexpr double limit = 1e15;
+    for (double number : {length(camera.position), length(camera.target), length(camera.up),
+                          camera.fieldWidth, camera.fieldHeight})
+        if (!(std::abs(number) <= limit)) return false;
+    return true;
+}
+
+} // namespace
+
+Viewing::Viewing(Camera const& wanted, int width, int height, Box const& bounds)
+{
+    Camera const camera = usable(wanted) ? wanted : Camera{};
+    target = camera.target;
+    perspective = camera.perspective;
     back = normalised(camera.position - camera.target, {0, 0, 1});
     Vec3 const anyUp = std::abs(back.z) < 0.9 ? Vec3{0, 0, 1} : Vec3{0, 1, 0};
     right = normalised(cross(normalised(camera.up, anyUp), back), {0, 0, 0});

@@ -90,14 +90,15 @@ VisibleExtent::VisibleExtent(SegmentRecord const& top)
                     bounding.volume->cuboid.min.z);
             box.add(bounding.volume->cuboid.max.x, bounding.volume->cuboid.max.y,
                     bounding.volume->cuboid.max.z);
-            items_.push_back({nullptr, 0, matrix, box});
+            if (transformed(box, matrix).drawable()) items_.push_back({nullptr, 0, matrix, box});
             return false;
         }
         if (segment.geometry.empty()) return true;
         std::uint32_t const kinds = visibleKinds(net.state->get<VisibilityData>());
         auto const [found, isNew] = boxes.try_emplace(std::uint64_t(segment.slot) << 4 | kinds);
         if (isNew) forEachPoint(segment, kinds, [&](Point const& p) { found->second.add(p.x, p.y, p.z); });
-        if (!found->second.empty()) items_.push_back({&segment, kinds, matrix, found->second});
+        if (transformed(found->second, matrix).drawable())
+            items_.push_back({&segment, kinds, matrix, found->second});
         return true;
     });
 }

@@ -75,6 +75,14 @@ struct Box {
                               std::numeric_limits<float>::lowest()};
 
     bool empty() const { return low[0] > high[0]; }
+    /// False for a box that is empty, or reaches so far that single precision has no room for products.
+    bool drawable() const
+    {
+        constexpr float limit = 1e15f;
+        for (std::size_t i = 0; i < 3; ++i) // a comparison with what is no number is false
+            if (!(low[i] >= -limit && low[i] <= high[i] && high[i] <= limit)) return false;
+        return true;
+    }
     void add(float x, float y, float z)
     {
         low = {std::min(low[0], x), std::min(low[1], y), std::min(low[2], z)};
