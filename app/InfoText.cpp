@@ -16,9 +16,6 @@ namespace
 
 constexpr int LabelWidth = 16;
 
-// The stages of a read in which the modelling kernel works; in all others it is us.
-constexpr std::string_view KernelStages[] = {"parse", "transfer", "mesh"};
-
 template <class... Values> std::string format(char const* pattern, Values... values)
 {
     char text[256];
@@ -54,19 +51,19 @@ std::vector<Stage> stagesOf(ZelCad::CadDocument const& document, Picture const* 
     for (NarMetaInfra::StageTiming const& timing : document.GetIO().GetTimings()) {
         std::string name = toUtf8(timing.name);
         std::ranges::transform(name, name.begin(), [](unsigned char c) { return std::tolower(c); });
-        bool const own = std::ranges::find(KernelStages, name) == std::end(KernelStages);
-        stages.push_back({std::move(name), timing.seconds.count(), own});
+        stages.push_back({std::move(name), timing.seconds.count(), timing.inKernel});
     }
-    stages.push_back({"scene", document.GetSceneTime().count(), true});
-    stages.push_back({"tree", document.GetTreeTime().count(), true});
+    auto const add = [&](char const* name, double seconds) { stages.push_back({name, seconds, false}); };
+    add("scene", document.GetSceneTime().count());
+    add("tree", document.GetTreeTime().count());
     if (!picture) return stages;
     HPS::UpdateReport const& report = picture->report;
-    stages.push_back({"graphics start", report.startMilliseconds / 1000, false});
-    stages.push_back({"compile", (report.compileMilliseconds - report.uploadMilliseconds) / 1000, true});
-    stages.push_back({"upload", report.uploadMilliseconds / 1000, true});
-    stages.push_back({"draw", report.drawMilliseconds / 1000, false});
-    stages.push_back({"readback", report.readMilliseconds / 1000, false});
-    stages.push_back({"encode", encodeSeconds, false});
+    add("graphics start", report.startMilliseconds / 1000);
+    add("compile", (report.compileMilliseconds - report.uploadMilliseconds) / 1000);
+    add("upload", report.uploadMilliseconds / 1000);
+    add("draw", report.drawMilliseconds / 1000);
+    add("readback", report.readMilliseconds / 1000);
+    add("encode", encodeSeconds);
     return stages;
 }
 
@@ -101,12 +98,12 @@ std::string infoText(ZelCad::CadDocument const& document, JobFigures const& figu
         text += line("drawn triangles", std::to_string(report.triangles));
         text += line("draw calls", std::to_string(report.drawCalls));
     }
-    double others = 0;
+    double kernel = 0;
     for (Stage const& stage : figures.stages) {
         text += line(stage.name, format("%.1f ms", stage.seconds * 1000));
-        if (!stage.own) others += stage.seconds;
+        if (stage.inKernel) kernel += stage.seconds;
     }
-    double const own = std::max(0.0, figures.totalSeconds - others);
+    double const own = std::max(0.0, figures.totalSeconds - kernel);
     text += line("total", format("%.1f ms", figures.totalSeconds * 1000));
     text += line("own work", format("%.1f %%", 100 * own / figures.totalSeconds));
     return text + line("peak memory", format("%.0f MB", peakMegabytes()));

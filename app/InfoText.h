@@ -10,11 +10,11 @@
 namespace zelview
 {
 
-/// A step of the work and who did it.
+/// A step of the work.
 struct Stage {
     std::string name;
     double seconds;
-    bool own; ///< false: a library below us, or the graphics device
+    bool inKernel; ///< the modelling kernel did it, not we
 };
 
 /// Every stage of a job that measures itself.
@@ -29,8 +29,8 @@ struct JobFigures {
     std::vector<Stage> stages;
 };
 
-/// What the model holds and where the time went: lines "label : value". Everything that no library below us
-/// has done counts as own work, what nobody measured included.
+/// What the model holds and where the time went: lines "label : value". Everything that the modelling
+/// kernel has not done counts as own work: graphics, and what nobody measured, included.
 std::string infoText(ZelCad::CadDocument const& document, JobFigures const& figures);
 
 } // namespace zelview

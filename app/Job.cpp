@@ -9,6 +9,7 @@
 #include <chrono>
 #include <cstring>
 #include <filesystem>
+#include <future>
 #include <new>
 
 namespace zelview
@@ -95,13 +96,15 @@ public:
 
     ExitCode run()
     {
+        // A read keeps one processor busy, the graphics driver's start another.
+        if (drawing()) Graphics = std::async(std::launch::async, HPS::World::PrepareGraphics);
         if (ExitCode const code = open(); code != ExitCode::Good) return code;
         bool const nothingElse = !Asked.output && !Asked.info && !Asked.exportHsf;
         if (Asked.tree || nothingElse)
             if (!print(treeText(TreeView.GetTreeBuilder()))) return ExitCode::CannotWrite;
         if (Asked.exportHsf && !Document.ExportHSF())
             return fail(ExitCode::CannotWrite, Asked.file + ".hsf", "the stream file cannot be written");
-        if (Asked.output || Asked.info)
+        if (drawing())
             if (ExitCode const code = makePicture(); code != ExitCode::Good) return code;
         if (Asked.info && !print(info())) return ExitCode::CannotWrite;
         return ExitCode::Good;
@@ -144,6 +147,7 @@ private:
 
     ExitCode makePicture()
     {
+        Graphics.wait();
         auto drawn = drawPicture(Document.GetModel(), Asked.resolution);
         if (Refusal const* refusal = std::get_if<Refusal>(&drawn)) {
             if (!Asked.output) return ExitCode::Good; // the figures stand without it
@@ -169,6 +173,8 @@ private:
         return infoText(Document, {Asked.file, secondsSince(Start), picture, std::move(stages)});
     }
 
+    bool drawing() const { return Asked.output || Asked.info; }
+
     Clock::time_point const Start = Clock::now();
     Options const& Asked;
     OutputFile const* Output; ///< not owned; null: standard output
@@ -177,6 +183,7 @@ private:
     HPS::World World;
     MoraCore::AViewTree TreeView;
     ZelCad::CadDocument Document;
+    std::future<bool> Graphics; ///< only if a picture is to be drawn
     std::optional<Picture> Drawn;
     double EncodeSeconds = 0;
 };

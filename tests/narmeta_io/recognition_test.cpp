@@ -4,6 +4,7 @@
 #include "text_encoding.h"
 
 #include <gtest/gtest.h>
+#include <iostream>
 
 #include <algorithm>
 
@@ -90,6 +91,16 @@ TEST(TextEncoding, DifferentNamesGiveDifferentIds)
     EXPECT_EQ(idText(L"a/b c"), L"a%2Fb%20c");
     EXPECT_NE(idText(L"a%2Fb"), idText(L"a/b"));
     EXPECT_EQ(idText(L"\u00E1"), L"%C3%A1");
+}
+
+TEST(Reading, LeavesTheProgramsOutputAsItWas)
+{
+    std::streambuf* const before = std::cout.rdbuf();
+    TemporaryFolder const folder;
+    read(folder.write("facet.stl", "solid s\nfacet normal 0 0 1\nouter loop\nvertex 0 0 0\nvertex 1 0 0\n"
+                                   "vertex 0 1 0\nendloop\nendfacet\nendsolid s\n"));
+    EXPECT_EQ(std::cout.rdbuf(), before);
+    EXPECT_TRUE(std::cout.good());
 }
 
 TEST(Reading, ProgressRisesToTheEndAndCancelStops)

@@ -117,6 +117,12 @@ bool Device::open(void* display, char const* way)
     return true;
 }
 
+void Device::release()
+{
+    if (context_ != nullptr && eglGetCurrentContext() == context_)
+        eglMakeCurrent(display_, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
+}
+
 bool Device::makeCurrent()
 {
     if (context_ == nullptr) return false;

@@ -17,6 +17,9 @@ public:
     /// Makes the context current on the calling thread; false if there is none, see `failure`.
     bool makeCurrent();
 
+    /// Lets the context go from the calling thread, so that another one can take it.
+    void release();
+
     /// Empty while all is well; else one line that says what was tried and what was found.
     std::string const& failure() const { return failure_; }
 

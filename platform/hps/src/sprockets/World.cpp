@@ -1,3 +1,4 @@
+#include "warm_up.h"
 #include <hps/World.h>
 
 namespace HPS
@@ -40,6 +41,11 @@ void World::SetMaterialLibraryDirectory(UTF8 const& directory)
 UTF8 const& World::GetMaterialLibraryDirectory()
 {
     return settings().materialLibraryDirectory;
+}
+
+bool World::PrepareGraphics()
+{
+    return render::warmUp();
 }
 
 } // namespace HPS

@@ -72,7 +72,7 @@ bool ZelIO::Read(wchar_t const* path, ZELProductStructure* structure, Progress p
     auto result = reader->Read(
         {source.path, requestGraphical_, persistentNames_, occurrenceData_, processors_, progress}, model);
     auto const spent = stopwatch.Lap();
-    if (result.timings.empty()) result.timings.push_back({L"Reading", spent});
+    if (result.timings.empty()) result.timings.push_back({L"Reading", spent, false});
     timings_.insert(timings_.end(), result.timings.begin(), result.timings.end());
     warnings_ = std::move(result.warnings);
     if (result.outcome != IoOutcome::Done) return fail(result.outcome, source.quoted + L": " + result.error);
@@ -103,9 +103,10 @@ bool ZelIO::Write(wchar_t const* path, ZELProductStructure const* structure, Pro
 void ZelIO::GetTimerReport(std::wstring& report) const
 {
     report.clear();
-    for (auto const& [name, seconds] : timings_) {
+    for (StageTiming const& stage : timings_) {
         wchar_t line[256];
-        std::swprintf(line, std::size(line), L"\t%-26.200ls %f [s].\n", name.c_str(), seconds.count());
+        std::swprintf(line, std::size(line), L"\t%-26.200ls %f [s].\n", stage.name.c_str(),
+                      stage.seconds.count());
         report += line;
     }
 }

@@ -20,6 +20,7 @@ KernelSession::KernelSession() : Output(std::cout.rdbuf(nullptr))
 KernelSession::~KernelSession()
 {
     restore(0, Signals.size());
+    std::cout.rdbuf(Output);
 }
 
 void KernelSession::restore(std::size_t first, std::size_t last)

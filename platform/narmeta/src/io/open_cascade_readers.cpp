@@ -121,10 +121,10 @@ ReadResult OpenCascadeReader::readInSession(ReadRequest const& request, ZELProdu
     progress->report(1.0);
     addWarnings(result, document);
     using Seconds = std::chrono::duration<double>;
-    result.timings = {{L"Parsing", Seconds(loadTimes.parse)},
-                      {L"Transfer", Seconds(loadTimes.transfer)},
-                      {L"Meshing", Seconds(buildTimes.mesh)},
-                      {L"Conversion", Seconds(buildTimes.convert)}};
+    result.timings = {{L"Parsing", Seconds(loadTimes.parse), true},
+                      {L"Transfer", Seconds(loadTimes.transfer), true},
+                      {L"Meshing", Seconds(buildTimes.mesh), true},
+                      {L"Conversion", Seconds(buildTimes.convert), false}};
     return result;
 }
 } // namespace

@@ -28,6 +28,8 @@ enum class IoOutcome {
 struct StageTiming {
     std::wstring name;
     std::chrono::duration<double> seconds{};
+    /// Spent in a modelling kernel, not in this library.
+    bool inKernel = false;
 };
 
 /// A kind of file, for the file dialogs. Extensions without a dot, in lower case.
