@@ -113,6 +113,16 @@ TEST(BrepReading, IdsComeFromTheFilesWordsNotItsName)
     EXPECT_EQ(identityOf(read(file)->model), identityOf(read(renamed)->model));
 }
 
+TEST(BrepReading, AnOccurrenceWithoutANameBearsThatOfItsPart)
+{
+    auto const file = modelFolder() / "asm/koch_leader/Leader_Arm.STEP";
+    REQUIRE_MODEL_FILE(file);
+    auto const done = read(file);
+    std::shared_ptr<ZELInstance> child;
+    ASSERT_TRUE(done->model.GetRootInstance(0, child));
+    EXPECT_EQ(child->GetInstanceName(), child->GetReference()->GetReferenceName());
+}
+
 TEST(BrepReading, AMissingExternalFileLeavesAnEmptyReference)
 {
     auto const source = modelFolder() / "asm/koch_leader";

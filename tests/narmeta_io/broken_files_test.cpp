@@ -148,6 +148,13 @@ TEST(StepText, CountsWhatIsNotDefined)
     EXPECT_EQ(report.duplicateCount, 1u);
 }
 
+TEST(StepText, HolesInWhoMadeTheFileDoNotCount)
+{
+    auto const report = checkStepText(
+        Header + "#1 = PERSON_AND_ORGANIZATION(#7,#8);\n#2=DATE_AND_TIME(#9,#10);\n#3=A(#11);\n" + Footer);
+    EXPECT_EQ(report.danglingCount, 1u);
+}
+
 TEST(StepText, TheEndInsideAStringIsNoEnd)
 {
     EXPECT_TRUE(checkStepText(Header + "#1=A('END-ISO-10303-21;');\n").refusal);

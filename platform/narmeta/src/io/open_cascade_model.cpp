@@ -34,6 +34,13 @@ std::wstring firstNamed(std::initializer_list<std::wstring> names)
     return {};
 }
 
+// An exporter's running number where a name was left blank; a user knows the part by its own name then.
+bool isSerial(std::wstring_view id)
+{
+    if (id.starts_with(L"NAUO")) id.remove_prefix(4);
+    return std::ranges::all_of(id, [](wchar_t c) { return c >= L'0' && c <= L'9'; });
+}
+
 // A surface, curve or point that belongs to no product of its own: formats without structure have one root
 // for each.
 bool isLoose(TopoDS_Shape const& shape)
@@ -117,7 +124,7 @@ ModelBuilder::InstancePointer ModelBuilder::makeInstance(TDF_Label const& compon
     auto const* const mark = Document.occurrences.Seek(component);
     bool const isOwn = component == label;
     auto const labelName = isOwn ? std::wstring() : Document.nameOf(component);
-    auto const name = mark ? firstNamed({mark->name, mark->id, labelName}) : labelName;
+    auto const name = mark ? firstNamed({mark->name, isSerial(mark->id) ? L"" : mark->id}) : labelName;
     std::wstring step;
     if (mark)
         step = idText(firstNamed({mark->id, mark->name})) + L"#" + std::to_wstring(mark->number);

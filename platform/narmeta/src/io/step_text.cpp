@@ -1,6 +1,7 @@
 #include "step_text.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <fstream>
 #include <vector>
@@ -16,6 +17,16 @@ bool isDigit(char c)
 bool isBlank(char c)
 {
     return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
+
+constexpr std::size_t LongestKeyword = 80; // characters; real ones are shorter
+
+// Who made and approved the file. Exporters leave holes there, and nothing that is shown depends on it.
+bool isAdministrative(std::string_view keyword)
+{
+    static constexpr std::array<std::string_view, 5> Words = {"PERSON", "ORGANIZATION", "APPROVAL", "DATE_",
+                                                              "SECURITY"};
+    return std::ranges::any_of(Words, [&](auto word) { return keyword.find(word) != keyword.npos; });
 }
 
 class StepScanner
@@ -98,13 +109,26 @@ private:
         auto next = Position;
         while (next < Text.size() && isBlank(Text[next])) ++next;
         bool const defines = next < Text.size() && Text[next] == '=';
-        (defines ? Defined : Referenced).push_back(id);
+        if (defines) {
+            Defined.push_back(id);
+            IsAdministrative = isAdministrative(keywordAt(next + 1));
+        } else if (!IsAdministrative) {
+            Referenced.push_back(id);
+        }
+    }
+
+    std::string_view keywordAt(std::size_t first) const
+    {
+        while (first < Text.size() && isBlank(Text[first])) ++first;
+        auto const end = std::min(Text.find('(', first), Text.size());
+        return Text.substr(first, std::min<std::size_t>(end - first, LongestKeyword));
     }
 
     std::string_view Text;
     std::size_t Position = 0;
     std::vector<std::uint64_t> Defined, Referenced;
-    std::string Foreign; // strings with bytes outside ASCII, for the guess of the encoding
+    std::string Foreign;           // strings with bytes outside ASCII, for the guess of the encoding
+    bool IsAdministrative = false; // of the entity that the scan stands in
     bool AtEnd = false;
     bool HasScope = false;
 };

@@ -15,7 +15,8 @@ struct StepTextReport {
     /// Why the file must not be parsed, in one line for the user.
     std::optional<std::string> refusal;
     std::size_t entityCount = 0;
-    /// References to entities that the file does not define.
+    /// Entities that others refer to and the file does not define. What only people, organisations, dates and
+    /// approvals refer to does not count: nothing that is shown depends on it.
     std::size_t danglingCount = 0;
     std::size_t duplicateCount = 0;
     /// Encoding of the strings outside ASCII.
