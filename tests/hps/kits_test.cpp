@@ -1,4 +1,4 @@
-// Every aspect of every kit, by one test over the list of kits: a new kit is a new line in it, nothing else.
+// Every aspect of every kit, by one test over the library's list of kits.
 #include "kit_values.h"
 #include "merge.h"
 #include "net_attributes.h"
@@ -34,6 +34,12 @@ template <> struct Sample<RGBColor> {
 };
 template <> struct Sample<RGBAColor> {
     static RGBAColor make(int n) { return {float(n) / 8, 1, 0, 0.5f}; }
+};
+template <class T> struct Sample<Rectangle_2D<T>> {
+    static Rectangle_2D<T> make(int n) { return {0, T(n + 1), 0, 2}; }
+};
+template <> struct Sample<KeyIndex> {
+    static KeyIndex make(int n) { return {unsigned(n + 1), 1}; }
 };
 template <> struct Sample<SimpleCuboid> {
     static SimpleCuboid make(int n) { return {{0, 0, 0}, {1, 1, float(n + 1)}}; }
@@ -90,10 +96,10 @@ template <class... T> struct Sample<std::tuple<T...>> {
 template <class KitType> class EveryKit : public Scene
 {
 };
-using Kits = testing::Types<AttributeLockKit, BoundingKit, CameraKit, CullingKit, DrawingAttributeKit,
-                            EdgeAttributeKit, LightingAttributeKit, LineAttributeKit, MarkerAttributeKit,
-                            MaterialMappingKit, SelectabilityKit, TextAttributeKit, TransparencyKit,
-                            VisibilityKit, VisualEffectsKit>;
+template <class, class... Kit> using KitTypes = testing::Types<Kit...>;
+#define HPS_NEXT(Name) , Name##Kit
+using Kits = KitTypes<void HPS_ALL_KITS(HPS_NEXT)>;
+#undef HPS_NEXT
 TYPED_TEST_SUITE(EveryKit, Kits);
 
 TYPED_TEST(EveryKit, AspectsAreInheritedComparedAndHashed)

@@ -9,12 +9,17 @@ namespace HPS
 struct ApplicationWindowOptionsData {
     std::optional<Window::Driver> driver;                           // Default3D
     std::optional<std::tuple<bool, unsigned int>> antiAliasCapable; // on, with 4 samples a pixel
+    std::optional<std::int64_t> platformData; // the native window, as a number; none draws off screen
+    std::optional<bool> framebufferRetention; // off: the picture is drawn anew when it comes to light
 
     bool operator==(ApplicationWindowOptionsData const&) const = default;
     static constexpr auto aspects()
     {
-        return std::tuple{Aspect{1, "Driver", &ApplicationWindowOptionsData::driver},
-                          Aspect{2, "AntiAliasCapable", &ApplicationWindowOptionsData::antiAliasCapable}};
+        return std::tuple{
+            Aspect{1, "Driver", &ApplicationWindowOptionsData::driver},
+            Aspect{2, "AntiAliasCapable", &ApplicationWindowOptionsData::antiAliasCapable},
+            Aspect{3, "PlatformData", &ApplicationWindowOptionsData::platformData},
+            Aspect{4, "FramebufferRetention", &ApplicationWindowOptionsData::framebufferRetention}};
     }
 };
 static_assert(CompleteKit<ApplicationWindowOptionsData>);
@@ -26,20 +31,22 @@ public:
 
     HPS_ASPECT(Driver, Window::Driver, driver)
     // Samples a pixel, brought into what the device can do.
-    Self& SetAntiAliasCapable(bool state, unsigned int samples = 4)
-    {
-        return detail::set<&Data::antiAliasCapable>(this->self(), std::tuple{state, samples});
-    }
-    Self& UnsetAntiAliasCapable() { return detail::unset<&Data::antiAliasCapable>(this->self()); }
-    bool ShowAntiAliasCapable(bool& state, unsigned int& samples) const
-    {
-        return detail::show<&Data::antiAliasCapable>(this->self(), state, samples);
-    }
+    HPS_ASPECT_PARTS(AntiAliasCapable, antiAliasCapable, (bool state, unsigned int samples = 4),
+                     (bool& state, unsigned int& samples), state, samples)
+    HPS_ASPECT(PlatformData, std::int64_t, platformData)
+    HPS_ASPECT(FramebufferRetention, bool, framebufferRetention)
 };
 
 class ApplicationWindowOptionsKit
     : public Kit<ApplicationWindowOptionsKit, ApplicationWindowOptionsOperations>
 {
+public:
+    static ApplicationWindowOptionsKit GetDefault()
+    {
+        ApplicationWindowOptionsKit kit;
+        kit.SetDriver(Window::Driver::Default3D).SetAntiAliasCapable(true).SetPlatformData(0);
+        return kit.SetFramebufferRetention(false);
+    }
 };
 
 } // namespace HPS

@@ -102,8 +102,8 @@ protected:
     Self const& self() const { return static_cast<Self const&>(*this); }
 };
 
-// The three operations of an aspect that holds one value. The only macro of the attribute layer: it spells
-// names.
+// The three operations of an aspect that holds one value. It only
+// spells names.
 #define HPS_ASPECT(Name, Value, slot)                                                                        \
     Self& Set##Name(Value const& value)                                                                      \
     {                                                                                                        \
@@ -118,6 +118,21 @@ protected:
         return ::HPS::detail::show<&Data::slot>(this->self(), value);                                        \
     }
 
+// The same for an aspect of several parts: their declarations as arguments, then as outs, then their names.
+#define HPS_ASPECT_PARTS(Name, slot, Arguments, Outs, ...)                                                   \
+    Self& Set##Name Arguments                                                                                \
+    {                                                                                                        \
+        return ::HPS::detail::set<&Data::slot>(this->self(), std::tuple{__VA_ARGS__});                       \
+    }                                                                                                        \
+    Self& Unset##Name()                                                                                      \
+    {                                                                                                        \
+        return ::HPS::detail::unset<&Data::slot>(this->self());                                              \
+    }                                                                                                        \
+    bool Show##Name Outs const                                                                               \
+    {                                                                                                        \
+        return ::HPS::detail::show<&Data::slot>(this->self(), __VA_ARGS__);                                  \
+    }
+
 // A kit: a value that the caller owns. Set replaces an aspect, Unset takes it away, Show returns false and
 // leaves its arguments as they are if the aspect is not set.
 template <class Self, template <class> class Ops> class Kit : public Ops<Self>
@@ -127,6 +142,11 @@ public:
 
     bool Empty() const { return data_ == Data{}; }
     void Reset() { data_ = {}; }
+    Self& UnsetEverything()
+    {
+        data_ = {};
+        return this->self();
+    }
 
     Data const& data() const { return data_; }
     template <class F> void edit(F&& f) { f(data_); }

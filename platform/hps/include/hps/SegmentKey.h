@@ -2,11 +2,17 @@
 #include <hps/AttributeLockKit.h>
 #include <hps/BoundingKit.h>
 #include <hps/CameraKit.h>
+#include <hps/ColorInterpolationKit.h>
 #include <hps/ConditionControl.h>
+#include <hps/ContourLineKit.h>
 #include <hps/CullingKit.h>
+#include <hps/CurveAttributeKit.h>
+#include <hps/CuttingSectionAttributeKit.h>
+#include <hps/CylinderAttributeKit.h>
 #include <hps/DistantLightKey.h>
 #include <hps/DrawingAttributeKit.h>
 #include <hps/EdgeAttributeKit.h>
+#include <hps/HiddenLineAttributeKit.h>
 #include <hps/IncludeKey.h>
 #include <hps/LightingAttributeKit.h>
 #include <hps/LineAttributeKit.h>
@@ -15,17 +21,23 @@
 #include <hps/MarkerKey.h>
 #include <hps/MaterialMappingKit.h>
 #include <hps/ModellingMatrixControl.h>
+#include <hps/NURBSSurfaceAttributeKit.h>
+#include <hps/PerformanceKit.h>
 #include <hps/PolygonKey.h>
 #include <hps/PortfolioKey.h>
 #include <hps/Search.h>
 #include <hps/SelectabilityKit.h>
 #include <hps/ShellKey.h>
+#include <hps/SphereAttributeKit.h>
 #include <hps/StyleKey.h>
+#include <hps/SubwindowKit.h>
 #include <hps/TextAttributeKit.h>
 #include <hps/TextKey.h>
+#include <hps/TransformMaskKit.h>
 #include <hps/TransparencyKit.h>
 #include <hps/VisibilityKit.h>
 #include <hps/VisualEffectsKit.h>
+#include <hps/kit_list.h>
 
 namespace HPS
 {
@@ -96,21 +108,7 @@ public:
     {                                                                                                        \
         return Name##Control(*this);                                                                         \
     }
-    HPS_SEGMENT_KIT(AttributeLock)
-    HPS_SEGMENT_KIT(Bounding)
-    HPS_SEGMENT_KIT(Camera)
-    HPS_SEGMENT_KIT(Culling)
-    HPS_SEGMENT_KIT(DrawingAttribute)
-    HPS_SEGMENT_KIT(EdgeAttribute)
-    HPS_SEGMENT_KIT(LightingAttribute)
-    HPS_SEGMENT_KIT(LineAttribute)
-    HPS_SEGMENT_KIT(MarkerAttribute)
-    HPS_SEGMENT_KIT(MaterialMapping)
-    HPS_SEGMENT_KIT(Selectability)
-    HPS_SEGMENT_KIT(TextAttribute)
-    HPS_SEGMENT_KIT(Transparency)
-    HPS_SEGMENT_KIT(Visibility)
-    HPS_SEGMENT_KIT(VisualEffects)
+    HPS_SEGMENT_KITS(HPS_SEGMENT_KIT)
 #undef HPS_SEGMENT_KIT
 
     SegmentKey& SetModellingMatrix(MatrixKit const& matrix);
@@ -141,6 +139,15 @@ public:
     SegmentKey& SetMaterialPalette(UTF8 const& name);
     SegmentKey& UnsetMaterialPalette();
     bool ShowMaterialPalette(UTF8& name) const;
+
+    // From the parameters of vertices to the coordinates of textures.
+    SegmentKey& SetTextureMatrix(MatrixKit const& matrix);
+    SegmentKey& UnsetTextureMatrix();
+    bool ShowTextureMatrix(MatrixKit& matrix) const;
+    // Drawn later the higher it is.
+    SegmentKey& SetPriority(int priority);
+    SegmentKey& UnsetPriority();
+    bool ShowPriority(int& priority) const;
 };
 
 } // namespace HPS

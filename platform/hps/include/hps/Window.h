@@ -7,7 +7,7 @@ namespace HPS
 
 namespace Window
 {
-enum class Driver : std::uint32_t { Default3D = 0, OpenGL2 = 1, OffScreen = 2 };
+enum class Driver : std::uint32_t { Default3D = 0, OpenGL = 1, OpenGL2 = 2, DirectX11 = 3 };
 
 // How much of a picture is made anew.
 enum class UpdateType : std::uint32_t {

@@ -1,5 +1,9 @@
 #pragma once
+#include <hps/DebuggingKit.h>
+#include <hps/PostProcessEffectsKit.h>
 #include <hps/SegmentKey.h>
+#include <hps/SelectionOptionsKit.h>
+#include <hps/UpdateOptionsKit.h>
 
 namespace HPS
 {
@@ -26,6 +30,18 @@ public:
     using KeyOf::KeyOf;
 
     WindowInfoControl GetWindowInfoControl() const { return WindowInfoControl(Index()); }
+
+    // Options of the window: the same operations as for the attributes of a segment.
+#define HPS_WINDOW_KIT(Name)                                                                                 \
+    WindowKey& Set##Name(Name##Kit const& kit);                                                              \
+    WindowKey& Unset##Name();                                                                                \
+    bool Show##Name(Name##Kit& kit) const;                                                                   \
+    Name##Control Get##Name##Control() const                                                                 \
+    {                                                                                                        \
+        return Name##Control(*this);                                                                         \
+    }
+    HPS_WINDOW_KITS(HPS_WINDOW_KIT)
+#undef HPS_WINDOW_KIT
 };
 
 } // namespace HPS

@@ -10,6 +10,36 @@ namespace Camera
 enum class Projection : std::uint32_t { Default = 0, Stretched = 1, Perspective = 2, Orthographic = 3 };
 }
 
+namespace ContourLine
+{
+enum class Mode : std::uint32_t { Repeating, Explicit };
+}
+
+namespace CuttingSection
+{
+enum class CappingLevel : std::uint32_t { Entity, Segment, SegmentTree };
+enum class CappingUsage : std::uint32_t { Off, On, Visibility };
+enum class CuttingLevel : std::uint32_t { Global, Local };
+enum class MaterialPreference : std::uint32_t { Explicit, Implicit };
+enum class Mode : std::uint32_t { None, Round, Square }; // the plane as it is shown
+enum class ToleranceUnits : std::uint32_t { Percent, WorldSpace };
+} // namespace CuttingSection
+
+namespace Cylinder
+{
+enum class Capping : std::uint32_t { None, First, Second, Both };
+enum class Orientation : std::uint32_t {
+    Default,
+    DefaultRadii,
+    InvertRadii,
+    InvertRadiiOnly,
+    DefaultColors,
+    InvertColors,
+    InvertColorsOnly,
+    InvertAll
+};
+} // namespace Cylinder
+
 namespace Drawing
 {
 enum class ClipOperation : std::uint32_t { Keep, Remove };
@@ -17,6 +47,21 @@ enum class ClipSpace : std::uint32_t { Window, World, Object };
 enum class Handedness : std::uint32_t { None, Left, Right };
 enum class Overlay : std::uint32_t { None, Default, WithZValues, InPlace };
 } // namespace Drawing
+
+namespace Grid
+{
+enum class Type : std::uint32_t { Quadrilateral, Radial };
+}
+
+namespace HiddenLine
+{
+enum class Algorithm : std::uint32_t { None, ZBuffer, ZSort };
+}
+
+namespace InfiniteLine
+{
+enum class Type : std::uint32_t { Line, Ray };
+}
 
 namespace Line
 {
@@ -109,10 +154,66 @@ enum class Channel : std::uint32_t {
 }
 } // namespace Material
 
+namespace Performance
+{
+enum class DisplayLists : std::uint32_t { None, Geometry, Segment };
+enum class StaticConditions : std::uint32_t { Independent, Single };
+enum class StaticModel : std::uint32_t { None, Attribute, AttributeZonal };
+} // namespace Performance
+
+namespace PostProcessEffects
+{
+namespace AmbientOcclusion
+{
+enum class Quality : std::uint32_t { Fastest, Nicest };
+}
+namespace Bloom
+{
+enum class Shape : std::uint32_t { Star, Radial };
+}
+} // namespace PostProcessEffects
+
 namespace Selectability
 {
 enum class Value : std::uint32_t { Off, On, ForcedOn };
 }
+
+namespace Selection
+{
+enum class Algorithm : std::uint32_t { Visual, Analytic };
+enum class Granularity : std::uint32_t { General, Detailed };
+enum class Level : std::uint32_t { Segment, Entity, Subentity };
+enum class Sorting : std::uint32_t { Off, Proximity, ZSorting, Default };
+} // namespace Selection
+
+namespace Spotlight
+{
+enum class InnerConeUnits : std::uint32_t { Degrees, FieldRadius, Percent };
+enum class OuterConeUnits : std::uint32_t { Degrees, FieldRadius };
+} // namespace Spotlight
+
+namespace Subwindow
+{
+enum class Background : std::uint32_t {
+    SolidColor,
+    Image,
+    Cubemap,
+    Blend,
+    Transparent,
+    Interactive,
+    GradientTopToBottom,
+    GradientBottomToTop,
+    GradientLeftToRight,
+    GradientRightToLeft,
+    GradientTopLeftToBottomRight,
+    GradientTopRightToBottomLeft,
+    GradientBottomLeftToTopRight,
+    GradientBottomRightToTopLeft
+};
+enum class Border : std::uint32_t { None, Line, Inset };
+enum class RenderingAlgorithm : std::uint32_t { ZBuffer, HiddenLine, Priority };
+enum class Type : std::uint32_t { Standard, Lightweight };
+} // namespace Subwindow
 
 namespace Text
 {

@@ -107,6 +107,58 @@ bool SegmentKey::ShowModellingMatrix(MatrixKit& matrix) const
     return true;
 }
 
+SegmentKey& SegmentKey::SetTextureMatrix(MatrixKit const& matrix)
+{
+    auto* const segment = store().resolve<SegmentRecord>(*this);
+    if (!segment || !matrix.IsFinite()) return *this;
+    segment->rare().textureMatrix = std::make_unique<MatrixKit>(matrix);
+    noteChange(*segment, Change::Attributes);
+    return *this;
+}
+
+SegmentKey& SegmentKey::UnsetTextureMatrix()
+{
+    auto* const segment = store().resolve<SegmentRecord>(*this);
+    if (!segment || !segment->extras || !segment->extras->textureMatrix) return *this;
+    segment->extras->textureMatrix.reset();
+    noteChange(*segment, Change::Attributes);
+    return *this;
+}
+
+bool SegmentKey::ShowTextureMatrix(MatrixKit& matrix) const
+{
+    auto const* const segment = store().resolve<SegmentRecord>(*this);
+    if (!segment || !segment->extras || !segment->extras->textureMatrix) return false;
+    matrix = *segment->extras->textureMatrix;
+    return true;
+}
+
+SegmentKey& SegmentKey::SetPriority(int priority)
+{
+    auto* const segment = store().resolve<SegmentRecord>(*this);
+    if (!segment) return *this;
+    segment->rare().priority = priority;
+    noteChange(*segment, Change::Attributes);
+    return *this;
+}
+
+SegmentKey& SegmentKey::UnsetPriority()
+{
+    auto* const segment = store().resolve<SegmentRecord>(*this);
+    if (!segment || !segment->extras || !segment->extras->priority) return *this;
+    segment->extras->priority.reset();
+    noteChange(*segment, Change::Attributes);
+    return *this;
+}
+
+bool SegmentKey::ShowPriority(int& priority) const
+{
+    auto const* const segment = store().resolve<SegmentRecord>(*this);
+    if (!segment || !segment->extras || !segment->extras->priority) return false;
+    priority = *segment->extras->priority;
+    return true;
+}
+
 SegmentKey Database::CreateRootSegment()
 {
     return SegmentKey(store().indexOf(createSegment(nullptr, {})));

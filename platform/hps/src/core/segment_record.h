@@ -4,6 +4,7 @@
 #include "record.h"
 #include <hps/Cuboid.h>
 #include <hps/MatrixKit.h>
+#include <optional>
 #include <vector>
 
 namespace HPS::scene
@@ -15,6 +16,8 @@ struct SegmentExtras {
     SlotList styles;                     // StyleRecords, in the order they were pushed
     std::vector<KeyIndex> portfolios;    // pushed, the last one on top; some may be gone
     std::string materialPalette;
+    std::unique_ptr<MatrixKit> textureMatrix; // null: none
+    std::optional<int> priority;
     NameIndex childrenByName; // empty until there are more than a few
 };
 

@@ -55,21 +55,23 @@ template <class Kit> bool showKit(Key const& segment, Kit& kit)
 
 } // namespace scene
 
-// Spells the operations of one kit on SegmentKey.
-#define HPS_DEFINE_KIT(Name)                                                                                 \
+// Spells the operations of one kit on a key.
+#define HPS_DEFINE_KIT_ON(KeyClass, Name)                                                                    \
     template Name##Data const& detail::storedKit<Name##Data>(Key const&);                                    \
     template void detail::storeKit<Name##Data>(Key const&, Name##Data&&);                                    \
-    SegmentKey& SegmentKey::Set##Name(Name##Kit const& kit)                                                  \
+    KeyClass& KeyClass::Set##Name(Name##Kit const& kit)                                                      \
     {                                                                                                        \
         return scene::setKit(*this, kit), *this;                                                             \
     }                                                                                                        \
-    SegmentKey& SegmentKey::Unset##Name()                                                                    \
+    KeyClass& KeyClass::Unset##Name()                                                                        \
     {                                                                                                        \
         return detail::storeKit<Name##Data>(*this, {}), *this;                                               \
     }                                                                                                        \
-    bool SegmentKey::Show##Name(Name##Kit& kit) const                                                        \
+    bool KeyClass::Show##Name(Name##Kit& kit) const                                                          \
     {                                                                                                        \
         return scene::showKit(*this, kit);                                                                   \
     }
+#define HPS_DEFINE_KIT(Name) HPS_DEFINE_KIT_ON(SegmentKey, Name)
+#define HPS_DEFINE_WINDOW_KIT(Name) HPS_DEFINE_KIT_ON(WindowKey, Name)
 
 } // namespace HPS

@@ -5,6 +5,7 @@
 #include <hps/DrawingAttributeKit.h>
 #include <hps/LinePatternOptionsKit.h>
 #include <hps/MaterialMappingKit.h>
+#include <hps/Rectangle.h>
 #include <hps/VisualEffectsKit.h>
 #include <type_traits>
 
@@ -37,6 +38,15 @@ template <class F> void visitParts(F& f, Vector const& v)
 template <class F> void visitParts(F& f, Plane const& p)
 {
     f(p.a), f(p.b), f(p.c), f(p.d);
+}
+template <class F, class T> void visitParts(F& f, Rectangle_2D<T> const& r)
+{
+    f(r.left), f(r.right), f(r.bottom), f(r.top);
+}
+// Numbers that hold as long as the process runs.
+template <class F> void visitParts(F& f, KeyIndex const& index)
+{
+    f(index.slot), f(index.generation);
 }
 template <class F> void visitParts(F& f, RGBColor const& c)
 {

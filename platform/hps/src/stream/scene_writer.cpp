@@ -40,45 +40,6 @@ struct PartWriter {
     }
 };
 
-char const* nameOf(KitKind kind)
-{
-    switch (kind) {
-    case KitKind::MaterialMapping:
-        return "MaterialMapping";
-    case KitKind::Visibility:
-        return "Visibility";
-    case KitKind::LineAttribute:
-        return "LineAttribute";
-    case KitKind::EdgeAttribute:
-        return "EdgeAttribute";
-    case KitKind::MarkerAttribute:
-        return "MarkerAttribute";
-    case KitKind::DrawingAttribute:
-        return "DrawingAttribute";
-    case KitKind::Culling:
-        return "Culling";
-    case KitKind::Transparency:
-        return "Transparency";
-    case KitKind::VisualEffects:
-        return "VisualEffects";
-    case KitKind::TextAttribute:
-        return "TextAttribute";
-    case KitKind::Selectability:
-        return "Selectability";
-    case KitKind::LightingAttribute:
-        return "LightingAttribute";
-    case KitKind::Camera:
-        return "Camera";
-    case KitKind::Bounding:
-        return "Bounding";
-    case KitKind::AttributeLock:
-        return "AttributeLock";
-    case KitKind::Count:
-        break;
-    }
-    return "";
-}
-
 std::span<float const, 16> elements(MatrixKit const& matrix)
 {
     return std::span<float const, 16>(matrix.Data(), 16);
