@@ -1,4 +1,5 @@
 #pragma once
+#include <hps/EventDispatcher.h>
 #include <hps/SegmentKey.h>
 
 namespace HPS
@@ -12,6 +13,8 @@ public:
     static SegmentKey CreateRootSegment();
     static SegmentKeyArray GetRootSegments();
     static PortfolioKey CreatePortfolio();
+    // Where the library tells of faults, as ErrorEvent and WarningEvent.
+    static EventDispatcher GetEventDispatcher();
 };
 
 } // namespace HPS

@@ -1,5 +1,7 @@
 #pragma once
 #include <hps/BoundingKit.h>
+#include <hps/Coordinate.h>
+#include <hps/Definition.h>
 #include <hps/Key.h>
 #include <hps/MatrixKit.h>
 
@@ -41,6 +43,33 @@ public:
     bool ShowNetBounding(BoundingKit& kit) const;
     // The matrix from the leaf's coordinates to those above the path's root. False if a key is stale.
     bool ShowNetModellingMatrix(MatrixKit& matrix) const;
+
+    // Takes a point from one space to another, as the window at the path's root and the camera on it show the
+    // leaf. False, leaving `converted` as it is, if a key is stale, if the conversion needs a window and the
+    // path has none, for a point at or behind the eye, or if a matrix on the path cannot be turned round. The
+    // camera of a path without one is the default camera.
+    bool ConvertCoordinate(Coordinate::Space from, Point const& point, Coordinate::Space to,
+                           Point& converted) const;
+    bool ConvertCoordinate(Coordinate::Space from, std::vector<Point> const& points, Coordinate::Space to,
+                           std::vector<Point>& converted) const;
+    // What the extent of the leaf takes of the window, in window space, or sticks out of it. False if there
+    // is nothing to be seen, or as above.
+    bool ComputeExtent(Rectangle& extent) const;
+
+    // What the portfolios of the path's segments define under a name. A name is looked up in the leaf's own
+    // portfolios first, the last one pushed before the others, and then upwards. False if none defines it.
+#define HPS_DEFINITION(Name)                                                                                 \
+    bool ShowEffective##Name##Definition(UTF8 const& name, Name##Definition& definition) const;
+    HPS_DEFINITION(Image)
+    HPS_DEFINITION(Texture)
+    HPS_DEFINITION(CubeMap)
+    HPS_DEFINITION(LinePattern)
+    HPS_DEFINITION(Glyph)
+    HPS_DEFINITION(Shape)
+    HPS_DEFINITION(LegacyShader)
+    HPS_DEFINITION(MaterialPalette)
+    HPS_DEFINITION(NamedStyle)
+#undef HPS_DEFINITION
 
     friend bool operator==(KeyPath const&, KeyPath const&) = default;
 

@@ -1,5 +1,8 @@
 #pragma once
+#include <hps/Coordinate.h>
 #include <hps/DebuggingKit.h>
+#include <hps/EventDispatcher.h>
+#include <hps/InputEvent.h>
 #include <hps/PostProcessEffectsKit.h>
 #include <hps/SegmentKey.h>
 #include <hps/SelectionOptionsKit.h>
@@ -42,6 +45,15 @@ public:
     }
     HPS_WINDOW_KITS(HPS_WINDOW_KIT)
 #undef HPS_WINDOW_KIT
+
+    // Where what the window's user does goes through. For a window that is gone, one that nobody listens to.
+    EventDispatcher GetEventDispatcher() const;
+
+    // As KeyPath::ConvertCoordinate, along the path to the front view of what the window shows.
+    bool ConvertCoordinate(Coordinate::Space from, Point const& point, Coordinate::Space to,
+                           Point& converted) const;
+    bool ConvertCoordinate(Coordinate::Space from, std::vector<Point> const& points, Coordinate::Space to,
+                           std::vector<Point>& converted) const;
 };
 
 } // namespace HPS

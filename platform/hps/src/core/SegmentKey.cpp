@@ -1,4 +1,5 @@
 #include "structure.h"
+#include "subscriptions.h"
 #include "user_data.h"
 #include <hps/Database.h>
 
@@ -21,7 +22,9 @@ template <class K> bool showKeys(std::span<SlotIndex const> slots, std::vector<K
 
 void SegmentKey::SetName(UTF8 const& name)
 {
-    if (auto* const segment = store().resolve<SegmentRecord>(*this)) rename(*segment, name.Str());
+    auto* const segment = store().resolve<SegmentRecord>(*this);
+    if (segment && !rename(*segment, name.Str()))
+        raiseError(("Segment not renamed: a sibling is named \"" + name.Str() + "\" already").c_str());
 }
 
 SegmentKey SegmentKey::Subsegment(UTF8 const& name, bool create)
@@ -49,14 +52,20 @@ bool SegmentKey::MoveTo(SegmentKey const& owner)
 {
     auto* const segment = store().resolve<SegmentRecord>(*this);
     auto* const target = store().resolve<SegmentRecord>(owner);
-    return segment && target && moveTo(*segment, *target);
+    if (!segment || !target) return false;
+    if (moveTo(*segment, *target)) return true;
+    raiseError(standsBelow(*target, *segment) ? "Segment not moved: it would stand below itself"
+                                              : "Segment not moved: a segment of its name is there already");
+    return false;
 }
 
 IncludeKey SegmentKey::IncludeSegment(SegmentKey const& target)
 {
     auto* const segment = store().resolve<SegmentRecord>(*this);
     auto* const included = store().resolve<SegmentRecord>(target);
-    auto const* const include = segment && included ? createInclude(*segment, *included) : nullptr;
+    if (!segment || !included) return {};
+    auto const* const include = createInclude(*segment, *included);
+    if (!include) raiseError("Include refused: the segment would stand below itself");
     return include ? IncludeKey(store().indexOf(*include)) : IncludeKey();
 }
 
@@ -77,7 +86,8 @@ bool SegmentKey::ShowIncluders(IncludeKeyArray& includers) const
 SegmentKey& SegmentKey::SetModellingMatrix(MatrixKit const& matrix)
 {
     auto* const segment = store().resolve<SegmentRecord>(*this);
-    if (!segment || !matrix.IsFinite()) return *this;
+    if (!segment) return *this;
+    if (!matrix.IsFinite()) return raiseError("Modelling matrix refused: an element is no number"), *this;
     if (!segment->matrix)
         segment->matrix = std::make_unique<MatrixKit>(matrix);
     else if (*segment->matrix == matrix)

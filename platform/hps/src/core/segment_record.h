@@ -3,6 +3,7 @@
 #include "name_index.h"
 #include "record.h"
 #include <hps/Cuboid.h>
+#include <hps/EventDispatcher.h>
 #include <hps/MatrixKit.h>
 #include <optional>
 #include <vector>
@@ -58,6 +59,13 @@ struct SegmentRecord : OwnedRecord {
         if (!extras) extras = std::make_unique<SegmentExtras>();
         return *extras;
     }
+};
+
+// A window is the segment at the head of what it shows.
+struct WindowRecord : SegmentRecord {
+    static constexpr HPS::Type family = HPS::Type::WindowKey;
+    int width = 1280, height = 720; // pixels
+    EventDispatcher dispatcher;
 };
 
 } // namespace HPS::scene

@@ -93,7 +93,8 @@ void dissolveTree(SegmentRecord& top)
 
 SegmentRecord& createSegment(SegmentRecord* owner, std::string_view name, HPS::Type type)
 {
-    auto& segment = store().create<SegmentRecord>(type);
+    SegmentRecord& segment = isOfType(type, WindowRecord::family) ? store().create<WindowRecord>(type)
+                                                                  : store().create<SegmentRecord>(type);
     segment.name = name;
     segment.boundsKnown = true; // it is empty
     if (owner) {

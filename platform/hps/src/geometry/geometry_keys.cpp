@@ -1,6 +1,7 @@
 // Insert, Show and Consume, alike for every geometry.
 #include "geometry_records.h"
 #include "structure.h"
+#include "subscriptions.h"
 #include "user_data.h"
 #include <hps/SegmentKey.h>
 
@@ -47,6 +48,7 @@ template <class R> KeyIndex insert(Key const& key, typename R::Kit&& kit)
     auto& record = store().create<R>(R::family);
     if (!take(record, std::move(kit))) {
         store().release(record);
+        raiseError("Geometry refused: a coordinate is no number, or its lists do not fit together");
         return {};
     }
     record.owner = segment->slot;
@@ -76,7 +78,11 @@ template <class R> bool show(Key const& key, typename R::Kit& kit)
 template <class R> bool consume(Key const& key, typename R::Kit& kit)
 {
     auto* const record = store().resolve<R>(key);
-    if (!record || !take(*record, std::move(kit))) return false;
+    if (!record) return false;
+    if (!take(*record, std::move(kit)))
+        return raiseError(
+                   "Geometry not changed: a coordinate is no number, or its lists do not fit together"),
+               false;
     kit = {};
     invalidateBounds(*store().at<SegmentRecord>(record->owner));
     store().changes.mark(record->slot, Change::Geometry);

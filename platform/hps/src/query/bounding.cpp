@@ -46,11 +46,26 @@ SimpleCuboid transformed(SimpleCuboid const& box, MatrixKit const& matrix)
 {
     SimpleCuboid moved;
     if (!box.IsValid()) return moved;
-    for (unsigned corner = 0; corner < 8; ++corner)
-        moved.Merge(
-            matrix.Transform(Point(corner & 1 ? box.max.x : box.min.x, corner & 2 ? box.max.y : box.min.y,
-                                   corner & 4 ? box.max.z : box.min.z)));
+    for (auto const& corner : cornersOf(box)) moved.Merge(matrix.Transform(corner));
     return moved;
+}
+
+std::array<Point, 8> cornersOf(SimpleCuboid const& box)
+{
+    std::array<Point, 8> corners;
+    for (unsigned i = 0; i < 8; ++i)
+        corners[i] = {i & 1 ? box.max.x : box.min.x, i & 2 ? box.max.y : box.min.y,
+                      i & 4 ? box.max.z : box.min.z};
+    return corners;
+}
+
+SimpleCuboid leafBox(Key const& leaf)
+{
+    if (auto const* const segment = store().resolve<SegmentRecord>(leaf)) return boundsOf(*segment);
+    if (auto const* const geometry = store().resolve<GeometryRecord>(leaf)) return boxOf(*geometry);
+    if (auto const* const include = store().resolve<IncludeRecord>(leaf))
+        return worldBoundsOf(*store().at<SegmentRecord>(include->target));
+    return {};
 }
 
 SimpleCuboid const& boundsOf(SegmentRecord const& segment)
@@ -127,16 +142,7 @@ bool KeyPath::ShowNetBounding(BoundingKit& kit) const
 {
     MatrixKit matrix;
     if (!ShowNetModellingMatrix(matrix)) return false;
-    SimpleCuboid box;
-    // An include at the front stands for what it includes, where its owner is.
-    auto const leaf = Front();
-    if (auto const* const segment = store().resolve<SegmentRecord>(leaf))
-        box = boundsOf(*segment);
-    else if (auto const* const geometry = store().resolve<GeometryRecord>(leaf))
-        box = boxOf(*geometry);
-    else if (auto const* const include = store().resolve<IncludeRecord>(leaf))
-        box = worldBoundsOf(*store().at<SegmentRecord>(include->target));
-    box = transformed(box, matrix);
+    auto const box = transformed(leafBox(Front()), matrix);
     if (!box.IsValid()) return false;
     kit.SetVolume(box);
     return true;

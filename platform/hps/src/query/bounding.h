@@ -1,5 +1,6 @@
 #pragma once
 #include "segment_record.h"
+#include <array>
 #include <optional>
 #include <span>
 
@@ -13,6 +14,11 @@ SimpleCuboid const& boundsOf(SegmentRecord const& segment);
 
 // The box around a box that went through a matrix; empty stays empty.
 SimpleCuboid transformed(SimpleCuboid const& box, MatrixKit const& matrix);
+
+std::array<Point, 8> cornersOf(SimpleCuboid const& box);
+
+// The extent of a segment, a geometry or what an include shows, where it stands. Empty for anything else.
+SimpleCuboid leafBox(Key const& leaf);
 
 // The extent as it stands in the coordinates above the segment: with its own matrix. The box of a view's
 // world is that of the segment the view shows. Exclusion of the segment itself does not count here.

@@ -2,6 +2,7 @@
 #include "Presenter.h"
 #include "Stopwatch.h"
 #include "records.h"
+#include "store.h"
 #include <hps/Canvas.h>
 #include <hps/Factory.h>
 #include <hps/WindowKey.h>
@@ -68,6 +69,10 @@ bool Canvas::SetSize(int width, int height)
     if (record == nullptr || width < 1 || height < 1 || width > largest || height > largest) return false;
     record->width = width;
     record->height = height;
+    if (auto* const window = scene::store().resolve<scene::WindowRecord>(record->window)) {
+        window->width = width;
+        window->height = height;
+    }
     return true;
 }
 

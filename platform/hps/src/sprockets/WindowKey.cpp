@@ -1,8 +1,46 @@
 #include "records.h"
+#include "store.h"
+#include <hps/KeyPath.h>
+#include <hps/SprocketPath.h>
 #include <hps/WindowKey.h>
 
 namespace HPS
 {
+namespace
+{
+
+KeyPath frontPath(Key const& window)
+{
+    Registry& registry = Registry::instance();
+    for (KeyIndex const index : registry.canvases.indices()) {
+        Canvas const canvas(index);
+        if (!(registry.find(canvas)->window == window)) continue;
+        Layout const layout = canvas.GetAttachedLayout();
+        if (KeyPath path = SprocketPath(canvas, layout, layout.GetFrontView()).GetKeyPath(); !path.Empty())
+            return path;
+    }
+    return KeyPath().PushFront(window); // a window that shows nothing yet
+}
+
+} // namespace
+
+EventDispatcher WindowKey::GetEventDispatcher() const
+{
+    auto const* const window = scene::store().resolve<scene::WindowRecord>(*this);
+    return window != nullptr ? window->dispatcher : EventDispatcher();
+}
+
+bool WindowKey::ConvertCoordinate(Coordinate::Space from, Point const& point, Coordinate::Space to,
+                                  Point& converted) const
+{
+    return frontPath(*this).ConvertCoordinate(from, point, to, converted);
+}
+
+bool WindowKey::ConvertCoordinate(Coordinate::Space from, std::vector<Point> const& points,
+                                  Coordinate::Space to, std::vector<Point>& converted) const
+{
+    return frontPath(*this).ConvertCoordinate(from, points, to, converted);
+}
 
 bool WindowInfoControl::ShowWindowPixels(unsigned int& width, unsigned int& height) const
 {
