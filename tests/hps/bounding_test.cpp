@@ -61,6 +61,45 @@ TEST_F(Bounds, MatricesMayMirrorScaleAndTurn)
     EXPECT_EQ(of(root), partBox);
 }
 
+// However parts move, what is kept must be what a scene built the same way from the start has.
+TEST_F(Bounds, OfPartsThatMoveAreThoseOfASceneMadeAnew)
+{
+    std::array<SegmentKey, 6> segments;
+    auto const build = [](SegmentKey top, std::array<SegmentKey, 6>& made) {
+        made = {top.Subsegment("a"), top.Subsegment("b"), {}, {}, {}, {}};
+        made[2] = made[0].Subsegment("c");
+        made[3] = made[0].Subsegment("d");
+        made[4] = made[1].Subsegment("e");
+        made[5] = top.Subsegment("f");
+        for (int i = 2; i < 6; ++i) made[std::size_t(i)].InsertLine({0, 0, 0}, {float(i), 1, float(i % 3)});
+        made[4].IncludeSegment(made[0]); // reaches the top two ways
+        made[5].GetBoundingControl().SetExclusion(true);
+    };
+    build(root, segments);
+    unsigned int number = 1;
+    auto const next = [&](int below) { return int((number = number * 1664525 + 1013904223) >> 16) % below; };
+    for (int turn = 0; turn < 500; ++turn) {
+        auto& moved = segments[std::size_t(next(6))];
+        if (next(8) == 0)
+            moved.UnsetModellingMatrix();
+        else
+            moved.SetModellingMatrix(
+                MatrixKit().Rotate(0, 0, 90 * next(4)).Translate(next(9) - 4, next(9) - 4, next(3)));
+        if (next(3) == 0) of(segments[std::size_t(next(6))]); // some extents are asked for, others not
+        auto const kept = of(root);
+
+        auto fresh = Database::CreateRootSegment();
+        std::array<SegmentKey, 6> copies;
+        build(fresh, copies);
+        fresh.Subsegment("part").InsertLine({1, 2, 3}, {4, 6, 8});
+        for (std::size_t i = 0; i < copies.size(); ++i)
+            if (MatrixKit matrix; segments[i].ShowModellingMatrix(matrix))
+                copies[i].SetModellingMatrix(matrix);
+        ASSERT_EQ(kept, of(fresh)) << "turn " << turn;
+        fresh.Delete();
+    }
+}
+
 TEST_F(Bounds, WhatIsExcludedCountsForItselfAlone)
 {
     auto far = root.Subsegment("far");

@@ -26,7 +26,7 @@ class MessageEvent : public Event
 {
 public:
     MessageEvent() = default;
-    explicit MessageEvent(UTF8 message) : message(std::move(message)) {}
+    explicit MessageEvent(UTF8 text) : message(std::move(text)) {}
     UTF8 message;
 };
 

@@ -1,4 +1,4 @@
-#include "structure.h"
+#include "extents.h"
 #include "subscriptions.h"
 #include "user_data.h"
 #include <hps/Database.h>
@@ -88,13 +88,13 @@ SegmentKey& SegmentKey::SetModellingMatrix(MatrixKit const& matrix)
     auto* const segment = store().resolve<SegmentRecord>(*this);
     if (!segment) return *this;
     if (!matrix.IsFinite()) return raiseError("Modelling matrix refused: an element is no number"), *this;
-    if (!segment->matrix)
-        segment->matrix = std::make_unique<MatrixKit>(matrix);
-    else if (*segment->matrix == matrix)
-        return *this;
-    else
+    auto const before = segment->matrix ? *segment->matrix : MatrixKit();
+    if (segment->matrix && before == matrix) return *this;
+    if (segment->matrix)
         *segment->matrix = matrix;
-    invalidateBoundsAbove(*segment);
+    else
+        segment->matrix = std::make_unique<MatrixKit>(matrix);
+    moveBounds(*segment, before);
     noteChange(*segment, Change::Matrix);
     return *this;
 }
@@ -103,8 +103,8 @@ SegmentKey& SegmentKey::UnsetModellingMatrix()
 {
     auto* const segment = store().resolve<SegmentRecord>(*this);
     if (!segment || !segment->matrix) return *this;
-    segment->matrix.reset();
-    invalidateBoundsAbove(*segment);
+    auto const before = std::exchange(segment->matrix, nullptr);
+    moveBounds(*segment, *before);
     noteChange(*segment, Change::Matrix);
     return *this;
 }

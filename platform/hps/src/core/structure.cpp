@@ -1,4 +1,4 @@
-#include "structure.h"
+#include "extents.h"
 #include "user_data.h"
 #include <unordered_set>
 
@@ -26,14 +26,6 @@ void indexName(SegmentRecord& owner, SegmentRecord const& child)
 void unindexName(SegmentRecord& owner, SegmentRecord const& child)
 {
     if (!child.name.empty() && owner.extras) owner.extras->childrenByName.erase(child.slot, nameOf);
-}
-
-// Calls f with each segment that shows this one: its owner and the owners of its includes.
-template <class F> void forEachAbove(SegmentRecord const& segment, F&& f)
-{
-    if (auto* const owner = store().at<SegmentRecord>(segment.owner)) f(*owner);
-    for (auto const slot : segment.includers)
-        if (auto* const owner = store().at<SegmentRecord>(store().at<IncludeRecord>(slot)->owner)) f(*owner);
 }
 
 void detach(SegmentRecord& segment)

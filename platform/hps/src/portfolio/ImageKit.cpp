@@ -1,4 +1,5 @@
 #include "block_codec.h"
+#include <array>
 #include <cerrno>
 #include <cmath>
 #include <cstring>
@@ -168,7 +169,11 @@ ImageKit Image::File::Import(UTF8 const& file, ImportOptionsKit const& options)
     std::ifstream in(file.Str(), std::ios::binary);
     if (!in) fail(reasonOf(errno));
     ImageData data;
-    data.bytes = ByteArray(std::istreambuf_iterator<char>(in), {});
+    auto& bytes = data.bytes.emplace();
+    for (std::array<char, 65536> piece; in;) {
+        in.read(piece.data(), piece.size());
+        bytes.insert(bytes.end(), piece.begin(), piece.begin() + in.gcount());
+    }
     if (in.bad()) fail(reasonOf(errno));
 
     Format wanted = formatOf(*data.bytes);

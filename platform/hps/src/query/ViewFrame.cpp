@@ -30,7 +30,7 @@ template <class T> Triple triple(T const& v)
 
 } // namespace
 
-ViewFrame::ViewFrame(CameraData const& camera, int width, int height)
+ViewFrame::ViewFrame(CameraData const& camera, double width, double height)
 {
     static CameraData const fallback = CameraKit::GetDefault().data();
     auto const value = [&](auto slot) { return camera.*slot ? *(camera.*slot) : *(fallback.*slot); };

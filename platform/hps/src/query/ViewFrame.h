@@ -17,7 +17,7 @@ public:
     using Triple = std::array<double, 3>;
 
     // Pixels of the window; what the camera does not set is as in the default one.
-    ViewFrame(CameraData const& camera, int width, int height);
+    ViewFrame(CameraData const& camera, double width, double height);
 
     // Camera space: axes of the view, counted from the target.
     Triple toCamera(Triple const& world) const;

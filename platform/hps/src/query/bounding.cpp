@@ -42,14 +42,6 @@ SimpleCuboid computeBounds(SegmentRecord const& segment)
 
 } // namespace
 
-SimpleCuboid transformed(SimpleCuboid const& box, MatrixKit const& matrix)
-{
-    SimpleCuboid moved;
-    if (!box.IsValid()) return moved;
-    for (auto const& corner : cornersOf(box)) moved.Merge(matrix.Transform(corner));
-    return moved;
-}
-
 std::array<Point, 8> cornersOf(SimpleCuboid const& box)
 {
     std::array<Point, 8> corners;

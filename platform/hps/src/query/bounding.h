@@ -1,5 +1,5 @@
 #pragma once
-#include "segment_record.h"
+#include "extents.h"
 #include <array>
 #include <optional>
 #include <span>
@@ -11,9 +11,6 @@ namespace HPS::scene
 // on it, or else its geometry, its children and what it includes, but for what is excluded. Empty if there is
 // nothing. Kept until a write changes it.
 SimpleCuboid const& boundsOf(SegmentRecord const& segment);
-
-// The box around a box that went through a matrix; empty stays empty.
-SimpleCuboid transformed(SimpleCuboid const& box, MatrixKit const& matrix);
 
 std::array<Point, 8> cornersOf(SimpleCuboid const& box);
 

@@ -2,6 +2,7 @@
 #include "bounding.h"
 #include "geometry_records.h"
 #include "net_attributes.h"
+#include <algorithm>
 #include <hps/KeyPath.h>
 
 namespace HPS
@@ -14,28 +15,41 @@ namespace
 using Space = Coordinate::Space;
 using Triple = ViewFrame::Triple;
 
-// The spaces in their order from the object to the screen; each is one step from its neighbours. The inner
-// spaces branch off window space.
-enum class Stage { Object, World, Camera, Window, Pixel };
+// The spaces in their order from the object to the screen; each is one step from its neighbours.
+constexpr std::array order{Space::Object,     Space::World, Space::Camera, Space::InnerWindow,
+                           Space::InnerPixel, Space::Pixel, Space::Window};
 
-Stage stageOf(Space space)
+std::size_t stageOf(Space space)
 {
-    switch (space) {
-    case Space::Object:
-        return Stage::Object;
-    case Space::World:
-        return Stage::World;
-    case Space::Camera:
-        return Stage::Camera;
-    case Space::Window:
-    case Space::InnerWindow:
-        return Stage::Window;
-    case Space::Pixel:
-    case Space::InnerPixel:
-        return Stage::Pixel;
-    }
-    return Stage::Object;
+    return static_cast<std::size_t>(std::find(order.begin(), order.end(), space) - order.begin());
 }
+
+// A part of a window in pixels from its top left corner.
+struct Area {
+    double left, top, width, height;
+
+    void toWindow(Triple& p) const
+    {
+        p[0] = p[0] / width * 2 - 1;
+        p[1] = 1 - p[1] / height * 2;
+    }
+    void toPixel(Triple& p) const
+    {
+        p[0] = (p[0] + 1) / 2 * width;
+        p[1] = (1 - p[1]) / 2 * height;
+    }
+    // The part of this one that a subwindow takes; at least a pixel.
+    Area inner(Rectangle const& position, IntRectangle const& offsets) const
+    {
+        Triple corner{position.left, position.top, 0}, opposite{position.right, position.bottom, 0};
+        toPixel(corner);
+        toPixel(opposite);
+        // Offsets count upwards.
+        double const x = corner[0] + offsets.left, y = corner[1] - offsets.top;
+        return {left + x, top + y, std::max(1.0, opposite[0] + offsets.right - x),
+                std::max(1.0, opposite[1] - offsets.bottom - y)};
+    }
+};
 
 Triple mapped(MatrixKit const& matrix, Triple const& p)
 {
@@ -47,71 +61,89 @@ Triple mapped(MatrixKit const& matrix, Triple const& p)
 class Conversion
 {
 public:
-    // Nothing on the path may be stale.
     explicit Conversion(std::vector<SegmentRecord const*> const& rootFirst)
     {
         NetFold fold;
         auto net = fold.root();
         for (auto const* const segment : rootFirst) {
             net = fold.step(net, *segment);
-            if (auto const* const found = store().at<WindowRecord>(segment->slot)) window_ = found;
+            if (auto const* const found = store().at<WindowRecord>(segment->slot)) {
+                window_ = {0, 0, double(found->width), double(found->height)};
+                inner_ = window_;
+            } else if (auto const& data = valuesOf<SubwindowData>(segment->kit(KitKind::Subwindow)).subwindow;
+                       inner_ && data) {
+                inner_ = inner_->inner(std::get<0>(*data), std::get<1>(*data));
+            }
         }
         toWorld_ = net.matrix;
         invertible_ = toWorld_.ShowInverse(toObject_);
-        frame_.emplace(net.state->get<CameraData>(), window_ ? window_->width : 1,
-                       window_ ? window_->height : 1);
+        auto const area = inner_.value_or(Area{0, 0, 1, 1});
+        frame_.emplace(net.state->get<CameraData>(), area.width, area.height);
     }
 
     bool convert(Triple& p, Space from, Space to) const
     {
-        auto stage = static_cast<int>(stageOf(from));
-        auto const wanted = static_cast<int>(stageOf(to));
+        auto stage = stageOf(from);
+        auto const wanted = stageOf(to);
+        if (!window_ && std::max(stage, wanted) > stageOf(Space::Camera)) return false;
         for (; stage < wanted; ++stage)
-            if (!forth(static_cast<Stage>(stage), p)) return false;
+            if (!forth(order[stage], p)) return false;
         for (; stage > wanted; --stage)
-            if (!back(static_cast<Stage>(stage), p)) return false;
+            if (!back(order[stage], p)) return false;
         return true;
     }
 
 private:
-    bool forth(Stage stage, Triple& p) const
+    // To the next space.
+    bool forth(Space space, Triple& p) const
     {
-        switch (stage) {
-        case Stage::Object:
+        switch (space) {
+        case Space::Object:
             p = mapped(toWorld_, p);
             return true;
-        case Stage::World:
+        case Space::World:
             p = frame_->toCamera(p);
             return true;
-        case Stage::Camera:
-            return window_ && frame_->toWindow(p);
-        case Stage::Window:
-            if (!window_) return false;
-            p[0] = (p[0] + 1) / 2 * window_->width;
-            p[1] = (1 - p[1]) / 2 * window_->height;
+        case Space::Camera:
+            return frame_->toWindow(p);
+        case Space::InnerWindow:
+            inner_->toPixel(p);
             return true;
-        case Stage::Pixel:
+        case Space::InnerPixel:
+            p[0] += inner_->left;
+            p[1] += inner_->top;
+            return true;
+        case Space::Pixel:
+            window_->toWindow(p);
+            return true;
+        case Space::Window:
             break;
         }
         return false;
     }
-    bool back(Stage stage, Triple& p) const
+    // To the one before.
+    bool back(Space space, Triple& p) const
     {
-        switch (stage) {
-        case Stage::Pixel:
-            if (!window_) return false;
-            p[0] = p[0] / window_->width * 2 - 1;
-            p[1] = 1 - p[1] / window_->height * 2;
+        switch (space) {
+        case Space::Window:
+            window_->toPixel(p);
             return true;
-        case Stage::Window:
-            return window_ && frame_->fromWindow(p);
-        case Stage::Camera:
+        case Space::Pixel:
+            p[0] -= inner_->left;
+            p[1] -= inner_->top;
+            return true;
+        case Space::InnerPixel:
+            inner_->toWindow(p);
+            return true;
+        case Space::InnerWindow:
+            return frame_->fromWindow(p);
+        case Space::Camera:
             p = frame_->toWorld(p);
             return true;
-        case Stage::World:
+        case Space::World:
             if (invertible_) p = mapped(toObject_, p);
             return invertible_;
-        case Stage::Object:
+        case Space::Object:
             break;
         }
         return false;
@@ -119,7 +151,7 @@ private:
 
     MatrixKit toWorld_, toObject_;
     bool invertible_ = false;
-    WindowRecord const* window_ = nullptr;
+    std::optional<Area> window_, inner_; // the window, and the part of it that the leaf is shown in
     std::optional<ViewFrame> frame_;
 };
 
