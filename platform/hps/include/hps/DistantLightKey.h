@@ -6,15 +6,11 @@ namespace HPS
 {
 
 // Light from infinitely far away.
-class DistantLightKey : public KeyOf<Type::DistantLightKey, GeometryKey>
+class DistantLightKey : public GeometryKeyOf<HPS::Type::DistantLightKey, DistantLightKit>,
+                        public DistantLightOperations<DistantLightKey>
 {
 public:
-    using KeyOf::KeyOf;
-    // Copies what the database holds into the kit. False, with the kit emptied, for a stale key.
-    bool Show(DistantLightKit& kit) const;
-    // Puts the kit in place of what the database holds and empties it. False, with nothing changed, if the
-    // kit could not be inserted either.
-    bool Consume(DistantLightKit& kit);
+    using GeometryKeyOf::GeometryKeyOf;
 };
 
 } // namespace HPS

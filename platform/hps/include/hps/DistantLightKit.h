@@ -1,8 +1,8 @@
 #pragma once
-#include <hps/Color.h>
 #include <hps/GeometryKit.h>
-#include <hps/MaterialMappingKit.h>
-#include <hps/Vector.h>
+#include <hps/Point.h>
+#include <hps/enumerations.h>
+#include <hps/light_color.h>
 
 namespace HPS
 {
@@ -11,28 +11,29 @@ struct DistantLightData {
     HPS::Vector direction{0, 0, -1}; // the way the light goes
     std::optional<SimpleMaterial> color;
     bool cameraRelative = false; // direction in the axes of the camera
+
     bool operator==(DistantLightData const&) const = default;
+    static constexpr auto fields()
+    {
+        return std::tuple{&DistantLightData::direction, &DistantLightData::color,
+                          &DistantLightData::cameraRelative};
+    }
+};
+
+template <class Self> class DistantLightOperations : public LightColorOperations<Self, DistantLightData>
+{
+public:
+    using Data = DistantLightData;
+
+    HPS_FIELD(Direction, HPS::Vector, direction)
+    HPS_FIELD(CameraRelative, bool, cameraRelative)
 };
 
 // Light from infinitely far away.
-class DistantLightKit : public GeometryKit<DistantLightKit>
+class DistantLightKit : public GeometryKitOf<DistantLightKit, DistantLightData>,
+                        public DistantLightOperations<DistantLightKit>
 {
 public:
-    DistantLightKit& SetDirection(Vector const& direction);
-    bool ShowDirection(Vector& direction) const;
-    DistantLightKit& SetColor(RGBAColor const& color);
-    DistantLightKit& SetColorByIndex(float index);
-    DistantLightKit& UnsetColor();
-    bool ShowColor(Material::Type& type, RGBAColor& color, float& index) const;
-    DistantLightKit& SetCameraRelative(bool state);
-    bool ShowCameraRelative(bool& state) const;
-
-    DistantLightData const& data() const { return data_; }
-    DistantLightData& data() { return data_; }
-    friend bool operator==(DistantLightKit const&, DistantLightKit const&) = default;
-
-private:
-    DistantLightData data_;
 };
 
 } // namespace HPS

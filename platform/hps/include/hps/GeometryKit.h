@@ -2,6 +2,7 @@
 #include <hps/Key.h>
 #include <map>
 #include <optional>
+#include <tuple>
 
 namespace HPS
 {
@@ -88,5 +89,64 @@ private:
     Self& self() { return static_cast<Self&>(*this); }
     GeometryExtras extras_;
 };
+
+// Base of the kits whose shape is DataType.
+template <class Self, class DataType> class GeometryKitOf : public GeometryKit<Self>
+{
+public:
+    DataType const& data() const { return data_; }
+    DataType& data() { return data_; }
+    template <class F> bool read(F&& f) const
+    {
+        f(data_);
+        return true;
+    }
+    template <class F> void edit(F&& f) { f(data_); }
+
+    bool Empty() const { return data_ == DataType{}; }
+    void Reset() { static_cast<Self&>(*this) = {}; }
+    friend bool operator==(GeometryKitOf const&, GeometryKitOf const&) = default;
+
+private:
+    DataType data_;
+};
+
+// The shape in a kit.
+template <class Self, class DataType> DataType& shapeOf(GeometryKitOf<Self, DataType>& kit)
+{
+    return kit.data();
+}
+
+// Base of the operations that a kit and the key of its kind share.
+template <class Self> class GeometryOperations
+{
+protected:
+    Self& self() { return static_cast<Self&>(*this); }
+    Self const& self() const { return static_cast<Self const&>(*this); }
+};
+
+namespace detail
+{
+template <auto Slot, class Self, class T> Self& setField(Self& self, T const& value)
+{
+    self.edit([&](auto& data) { data.*Slot = value; });
+    return self;
+}
+template <auto Slot, class Self, class T> bool showField(Self const& self, T& out)
+{
+    return self.read([&](auto const& data) { out = data.*Slot; });
+}
+} // namespace detail
+
+// The operations of a field that always has a value. It only spells names.
+#define HPS_FIELD(Name, Value, slot)                                                                         \
+    Self& Set##Name(Value const& value)                                                                      \
+    {                                                                                                        \
+        return ::HPS::detail::setField<&Data::slot>(this->self(), value);                                    \
+    }                                                                                                        \
+    bool Show##Name(Value& value) const                                                                      \
+    {                                                                                                        \
+        return ::HPS::detail::showField<&Data::slot>(this->self(), value);                                   \
+    }
 
 } // namespace HPS

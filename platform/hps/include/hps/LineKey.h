@@ -6,16 +6,11 @@ namespace HPS
 {
 
 // A polyline.
-class LineKey : public KeyOf<Type::LineKey, GeometryKey>
+class LineKey : public GeometryKeyOf<HPS::Type::LineKey, LineKit>, public PointChainOperations<LineKey>
 {
 public:
-    using KeyOf::KeyOf;
-    std::size_t GetPointCount() const;
-    // Copies what the database holds into the kit. False, with the kit emptied, for a stale key.
-    bool Show(LineKit& kit) const;
-    // Puts the kit in place of what the database holds and empties it. False, with nothing changed, if the
-    // kit could not be inserted either.
-    bool Consume(LineKit& kit);
+    using GeometryKeyOf::GeometryKeyOf;
+    std::size_t GetPointCount() const; // without a copy
 };
 
 } // namespace HPS

@@ -8,16 +8,19 @@ namespace HPS
 // A chain of points. The shape of lines, and with the last point joined to the first, of polygons.
 struct PointChain {
     std::vector<Point> points;
+
     bool operator==(PointChain const&) const = default;
+    static constexpr auto fields() { return std::tuple{&PointChain::points}; }
 };
 
-template <class Self> class PointChainKit : public GeometryKit<Self>
+template <class Self> class PointChainOperations : public GeometryOperations<Self>
 {
 public:
-    Self& SetPoints(std::vector<Point> points)
+    using Data = PointChain;
+
+    Self& SetPoints(std::vector<Point> const& points)
     {
-        data_.points = std::move(points);
-        return static_cast<Self&>(*this);
+        return detail::setField<&Data::points>(this->self(), points);
     }
     Self& SetPoints(std::size_t count, Point const points[])
     {
@@ -26,29 +29,19 @@ public:
     Self& UnsetPoints() { return SetPoints({}); }
     bool ShowPoints(std::vector<Point>& points) const
     {
-        if (data_.points.empty()) return false;
-        points = data_.points;
-        return true;
+        return detail::showField<&Data::points>(this->self(), points) && !points.empty();
     }
-    std::size_t GetPointCount() const { return data_.points.size(); }
-
-    bool Empty() const { return data_.points.empty(); }
-    void Reset() { static_cast<Self&>(*this) = {}; }
-    PointChain const& data() const { return data_; }
-    PointChain& data() { return data_; }
-
-protected:
-    friend bool operator==(PointChainKit const&, PointChainKit const&) = default;
-
-private:
-    PointChain data_;
+    std::size_t GetPointCount() const
+    {
+        std::size_t count = 0;
+        this->self().read([&](auto const& data) { count = data.points.size(); });
+        return count;
+    }
 };
 
 // A polyline; at least one point.
-class LineKit : public PointChainKit<LineKit>
+class LineKit : public GeometryKitOf<LineKit, PointChain>, public PointChainOperations<LineKit>
 {
-public:
-    friend bool operator==(LineKit const&, LineKit const&) = default;
 };
 
 } // namespace HPS

@@ -6,15 +6,10 @@ namespace HPS
 {
 
 // A point shown as a glyph.
-class MarkerKey : public KeyOf<Type::MarkerKey, GeometryKey>
+class MarkerKey : public GeometryKeyOf<HPS::Type::MarkerKey, MarkerKit>, public MarkerOperations<MarkerKey>
 {
 public:
-    using KeyOf::KeyOf;
-    // Copies what the database holds into the kit. False, with the kit emptied, for a stale key.
-    bool Show(MarkerKit& kit) const;
-    // Puts the kit in place of what the database holds and empties it. False, with nothing changed, if the
-    // kit could not be inserted either.
-    bool Consume(MarkerKit& kit);
+    using GeometryKeyOf::GeometryKeyOf;
 };
 
 } // namespace HPS

@@ -6,32 +6,26 @@ namespace HPS
 {
 
 struct MarkerData {
-    Point point;
+    HPS::Point point;
+
     bool operator==(MarkerData const&) const = default;
+    static constexpr auto fields() { return std::tuple{&MarkerData::point}; }
+};
+
+template <class Self> class MarkerOperations : public GeometryOperations<Self>
+{
+public:
+    using Data = MarkerData;
+
+    HPS_FIELD(Point, HPS::Point, point)
 };
 
 // A point shown as a glyph.
-class MarkerKit : public GeometryKit<MarkerKit>
+class MarkerKit : public GeometryKitOf<MarkerKit, MarkerData>, public MarkerOperations<MarkerKit>
 {
 public:
     MarkerKit() = default;
-    explicit MarkerKit(Point const& point) : data_{point} {}
-    MarkerKit& SetPoint(Point const& point)
-    {
-        data_.point = point;
-        return *this;
-    }
-    bool ShowPoint(Point& point) const
-    {
-        point = data_.point;
-        return true;
-    }
-    MarkerData const& data() const { return data_; }
-    MarkerData& data() { return data_; }
-    friend bool operator==(MarkerKit const&, MarkerKit const&) = default;
-
-private:
-    MarkerData data_;
+    explicit MarkerKit(HPS::Point const& point) { SetPoint(point); }
 };
 
 } // namespace HPS

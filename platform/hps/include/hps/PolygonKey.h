@@ -6,16 +6,12 @@ namespace HPS
 {
 
 // A flat face with its outline.
-class PolygonKey : public KeyOf<Type::PolygonKey, GeometryKey>
+class PolygonKey : public GeometryKeyOf<HPS::Type::PolygonKey, PolygonKit>,
+                   public PointChainOperations<PolygonKey>
 {
 public:
-    using KeyOf::KeyOf;
-    std::size_t GetPointCount() const;
-    // Copies what the database holds into the kit. False, with the kit emptied, for a stale key.
-    bool Show(PolygonKit& kit) const;
-    // Puts the kit in place of what the database holds and empties it. False, with nothing changed, if the
-    // kit could not be inserted either.
-    bool Consume(PolygonKit& kit);
+    using GeometryKeyOf::GeometryKeyOf;
+    std::size_t GetPointCount() const; // without a copy
 };
 
 } // namespace HPS

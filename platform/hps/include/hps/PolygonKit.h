@@ -5,10 +5,8 @@ namespace HPS
 {
 
 // A flat face with its outline; at least one point. The first point may stand again at the end.
-class PolygonKit : public PointChainKit<PolygonKit>
+class PolygonKit : public GeometryKitOf<PolygonKit, PointChain>, public PointChainOperations<PolygonKit>
 {
-public:
-    friend bool operator==(PolygonKit const&, PolygonKit const&) = default;
 };
 
 } // namespace HPS

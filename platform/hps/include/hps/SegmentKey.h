@@ -2,33 +2,48 @@
 #include <hps/AttributeLockKit.h>
 #include <hps/BoundingKit.h>
 #include <hps/CameraKit.h>
+#include <hps/CircleKey.h>
+#include <hps/CircularArcKey.h>
+#include <hps/CircularWedgeKey.h>
 #include <hps/ColorInterpolationKit.h>
 #include <hps/ConditionControl.h>
 #include <hps/ContourLineKit.h>
 #include <hps/CullingKit.h>
 #include <hps/CurveAttributeKit.h>
 #include <hps/CuttingSectionAttributeKit.h>
+#include <hps/CuttingSectionKey.h>
 #include <hps/CylinderAttributeKit.h>
+#include <hps/CylinderKey.h>
 #include <hps/DistantLightKey.h>
 #include <hps/DrawingAttributeKit.h>
 #include <hps/EdgeAttributeKit.h>
+#include <hps/EllipseKey.h>
+#include <hps/EllipticalArcKey.h>
+#include <hps/GridKey.h>
 #include <hps/HiddenLineAttributeKit.h>
 #include <hps/IncludeKey.h>
+#include <hps/InfiniteLineKey.h>
 #include <hps/LightingAttributeKit.h>
 #include <hps/LineAttributeKit.h>
 #include <hps/LineKey.h>
 #include <hps/MarkerAttributeKit.h>
 #include <hps/MarkerKey.h>
 #include <hps/MaterialMappingKit.h>
+#include <hps/MeshKey.h>
 #include <hps/ModellingMatrixControl.h>
+#include <hps/NURBSCurveKey.h>
 #include <hps/NURBSSurfaceAttributeKit.h>
+#include <hps/NURBSSurfaceKey.h>
 #include <hps/PerformanceKit.h>
 #include <hps/PolygonKey.h>
 #include <hps/PortfolioKey.h>
+#include <hps/ReferenceKey.h>
 #include <hps/Search.h>
 #include <hps/SelectabilityKit.h>
 #include <hps/ShellKey.h>
 #include <hps/SphereAttributeKit.h>
+#include <hps/SphereKey.h>
+#include <hps/SpotlightKey.h>
 #include <hps/StyleKey.h>
 #include <hps/SubwindowKit.h>
 #include <hps/TextAttributeKit.h>
@@ -37,6 +52,7 @@
 #include <hps/TransparencyKit.h>
 #include <hps/VisibilityKit.h>
 #include <hps/VisualEffectsKit.h>
+#include <hps/geometry_list.h>
 #include <hps/kit_list.h>
 
 namespace HPS
@@ -76,26 +92,45 @@ public:
     std::size_t Find(Search::Type type, Search::Space space, SearchResults& results) const;
     std::size_t Find(SearchTypeArray const& types, Search::Space space, SearchResults& results) const;
 
-    // An empty key, with nothing inserted, for what no geometry can be made of: a coordinate that is no
-    // number, an index without a point, a facelist that ends within a face, more values than elements.
-    ShellKey InsertShell(ShellKit const& kit);
+    // An empty key, with nothing inserted, for what no geometry can be made of: a number that is none, an
+    // index without a point, a facelist that ends within a face, more values than elements, a radius that is
+    // not positive, a direction without length, knots that fall.
+#define HPS_INSERT(Name) Name##Key Insert##Name(Name##Kit const& kit);
+    HPS_GEOMETRY_KINDS(HPS_INSERT)
+#undef HPS_INSERT
     ShellKey InsertShell(ShellKit&& kit); // takes the arrays over
     ShellKey InsertShell(std::vector<Point> const& points, std::vector<int> const& facelist);
     ShellKey InsertShell(std::size_t pointCount, Point const points[], std::size_t facelistCount,
                          int const facelist[]);
-    LineKey InsertLine(LineKit const& kit);
     LineKey InsertLine(std::vector<Point> const& points);
     LineKey InsertLine(std::size_t count, Point const points[]);
     LineKey InsertLine(Point const& start, Point const& end);
-    PolygonKey InsertPolygon(PolygonKit const& kit);
     PolygonKey InsertPolygon(std::vector<Point> const& points);
     PolygonKey InsertPolygon(std::size_t count, Point const points[]);
-    MarkerKey InsertMarker(MarkerKit const& kit);
     MarkerKey InsertMarker(Point const& point);
-    TextKey InsertText(TextKit const& kit);
     TextKey InsertText(Point const& position, UTF8 const& text);
-    DistantLightKey InsertDistantLight(DistantLightKit const& kit);
     DistantLightKey InsertDistantLight(Vector const& direction);
+    MeshKey InsertMesh(std::size_t rows, std::size_t columns, std::vector<Point> const& points);
+    GridKey InsertGrid(Grid::Type type, Point const& origin, Point const& firstPoint,
+                       Point const& secondPoint, int firstCount, int secondCount);
+    NURBSCurveKey InsertNURBSCurve(std::size_t degree, std::vector<Point> const& points,
+                                   std::vector<float> const& knots, std::vector<float> const& weights = {});
+    CylinderKey InsertCylinder(Point const& start, Point const& end, float radius,
+                               Cylinder::Capping caps = Cylinder::Capping::Both);
+    SphereKey InsertSphere(Point const& center, float radius);
+    CircleKey InsertCircle(Point const& center, float radius, Vector const& normal);
+    CircularArcKey InsertCircularArc(Point const& start, Point const& middle, Point const& end);
+    CircularWedgeKey InsertCircularWedge(Point const& start, Point const& middle, Point const& end);
+    EllipseKey InsertEllipse(Point const& center, Point const& major, Point const& minor);
+    EllipticalArcKey InsertEllipticalArc(Point const& center, Point const& major, Point const& minor,
+                                         float start, float end);
+    InfiniteLineKey InsertInfiniteLine(Point const& first, Point const& second);
+    InfiniteLineKey InsertInfiniteRay(Point const& first, Point const& second);
+    SpotlightKey InsertSpotlight(Point const& position, Point const& target);
+    CuttingSectionKey InsertCuttingSection(Plane const& plane);
+    CuttingSectionKey InsertCuttingSection(std::vector<Plane> const& planes);
+    // Shows `target`, which is no reference itself, here as well.
+    ReferenceKey ReferenceGeometry(GeometryKey const& target);
 
     // Attributes. Set lays what the kit has over what is set already; Unset takes all of it away; Show copies
     // what is set on this segment, and is false if that is nothing; the control works on the segment in

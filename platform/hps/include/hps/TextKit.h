@@ -16,7 +16,14 @@ struct TextRegion {
     bool adjustDirection = true;
     bool relativeCoordinates = true;
     bool windowSpace = false;
+
     bool operator==(TextRegion const&) const = default;
+    static constexpr auto fields()
+    {
+        return std::tuple{
+            &TextRegion::points,          &TextRegion::alignment,           &TextRegion::fitting,
+            &TextRegion::adjustDirection, &TextRegion::relativeCoordinates, &TextRegion::windowSpace};
+    }
 };
 
 struct TextData {
@@ -27,7 +34,14 @@ struct TextData {
     std::optional<MatrixKit> modellingMatrix;
     std::optional<std::tuple<std::vector<Point>, Text::LeaderLineSpace>> leaderLines;
     std::optional<TextRegion> region;
+
     bool operator==(TextData const&) const = default;
+    static constexpr auto fields()
+    {
+        return std::tuple{
+            &TextData::position,        &TextData::text,        &TextData::attributes, &TextData::color,
+            &TextData::modellingMatrix, &TextData::leaderLines, &TextData::region};
+    }
 };
 
 // A text, with attributes of its own where the segment's are not to hold.
@@ -86,5 +100,10 @@ public:
 private:
     TextData data_;
 };
+
+inline TextData& shapeOf(TextKit& kit)
+{
+    return kit.textData();
+}
 
 } // namespace HPS

@@ -1,4 +1,8 @@
+// What the database takes: every number finite, and the shape as its kind asks for.
 #include "geometry_records.h"
+#include "kit_values.h"
+#include "store.h"
+#include "tessellation_nurbs.h"
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -8,19 +12,14 @@ namespace HPS::scene
 namespace
 {
 
-bool isFinite(Point const& p)
+template <HasFields Data> bool isFinite(Data const& data)
 {
-    return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
-}
-
-bool extentOf(std::span<Point const> points, SimpleCuboid& box)
-{
-    box = {};
     bool finite = true;
-    for (auto const& p : points) {
-        finite = finite && isFinite(p);
-        box.Merge(p);
-    }
+    auto const look = [&](auto const& part) {
+        if constexpr (std::is_floating_point_v<std::decay_t<decltype(part)>>)
+            finite = finite && part - part == 0; // neither infinite nor no number
+    };
+    visitParts(look, data);
     return finite;
 }
 
@@ -41,58 +40,207 @@ std::optional<std::size_t> countFaces(std::span<int const> facelist, std::size_t
     return faces;
 }
 
-template <class T> bool fits(ElementValues<T> const& values, std::size_t elements)
+template <class... T> bool fit(std::size_t elements, ElementValues<T> const&... values)
 {
-    return values.values.size() <= elements;
+    return ((values.values.size() <= elements) && ...);
 }
 
-} // namespace
+bool valuesFit(PolyhedronData const& data, std::size_t faces)
+{
+    auto const vertices = data.points.size();
+    if (!fit(vertices, data.vertexNormals)) return false;
+    if (data.colors) {
+        auto const& c = *data.colors;
+        if (!fit(vertices, c.vertexFaces, c.vertexEdges, c.vertexMarkers, c.vertexFaceIndices,
+                 c.vertexEdgeIndices, c.vertexMarkerIndices) ||
+            !fit(faces, c.faces, c.faceIndices))
+            return false;
+    }
+    if (!data.extras) return true;
+    auto const& e = *data.extras;
+    return fit(vertices, e.vertexVisibilities) && fit(faces, e.faceNormals, e.faceVisibilities) &&
+           e.parameterWidth <= 3 && e.vertexParameters.size() <= vertices * e.parameterWidth;
+}
 
-bool check(ShellData const& data, SimpleCuboid& box)
+bool isDirection(Vector const& v)
+{
+    return v != Vector();
+}
+bool areApart(Point const& a, Point const& b)
+{
+    return !(a == b);
+}
+
+// The shape, with numbers known to be finite.
+bool isValid(ShellData const& data)
 {
     if (data.points.empty() || data.points.size() > static_cast<std::size_t>(std::numeric_limits<int>::max()))
         return false;
     auto const faces = countFaces(data.facelist, data.points.size());
-    if (!faces || !extentOf(data.points, box) || !fits(data.vertexNormals, data.points.size())) return false;
-    if (!std::all_of(data.vertexNormals.values.begin(), data.vertexNormals.values.end(),
-                     [](Vector const& n) { return isFinite(Point(n)); }))
-        return false;
-    if (!data.colors) return true;
-    auto const& colors = *data.colors;
-    return fits(colors.vertexFaces, data.points.size()) && fits(colors.vertexEdges, data.points.size()) &&
-           fits(colors.vertexMarkers, data.points.size()) && fits(colors.faces, *faces);
+    return faces && valuesFit(data, *faces);
+}
+bool isValid(MeshData const& data)
+{
+    return data.rows > 1 && data.columns > 1 && data.points.size() / data.rows == data.columns &&
+           data.points.size() % data.rows == 0 && valuesFit(data, (data.rows - 1) * (data.columns - 1));
+}
+bool isValid(PointChain const& data)
+{
+    return !data.points.empty();
+}
+bool isValid(MarkerData const&)
+{
+    return true;
+}
+bool isValid(TextData const&)
+{
+    return true;
+}
+bool isValid(DistantLightData const& data)
+{
+    return isDirection(data.direction);
+}
+bool isValid(SpotlightData const& data)
+{
+    return areApart(data.position, data.target) && data.outerCone > 0 && data.innerCone >= 0 &&
+           data.concentration >= 0;
+}
+bool isValid(GridData const& data)
+{
+    constexpr int most = 10'000; // lines in a direction: more would only fill the screen
+    return data.firstCount > 0 && data.secondCount > 0 && data.firstCount <= most &&
+           data.secondCount <= most && areApart(data.origin, data.firstPoint) &&
+           areApart(data.origin, data.secondPoint);
+}
+bool areWeights(std::vector<float> const& weights, std::size_t points)
+{
+    return (weights.empty() || weights.size() == points) &&
+           std::all_of(weights.begin(), weights.end(), [](float w) { return w > 0; });
+}
+bool isValid(NURBSCurveData const& data)
+{
+    return areValidKnots(data.degree, data.points.size(), data.knots) &&
+           areWeights(data.weights, data.points.size()) && data.start >= 0 && data.start <= data.end &&
+           data.end <= 1;
+}
+bool isValid(NURBSSurfaceData const& data)
+{
+    return areValidKnots(data.uDegree, data.uCount, data.uKnots) &&
+           areValidKnots(data.vDegree, data.vCount, data.vKnots) &&
+           data.points.size() / data.uCount == data.vCount && data.points.size() % data.uCount == 0 &&
+           areWeights(data.weights, data.points.size()) &&
+           std::all_of(data.trims.begin(), data.trims.end(),
+                       [](TrimKit const& trim) { return trim.data().points.size() >= 3; });
+}
+bool isValid(CylinderData const& data)
+{
+    auto const count = data.points.size();
+    if (count < 2 || !(data.radii.size() == 1 || data.radii.size() == count)) return false;
+    bool const positive = std::all_of(data.radii.begin(), data.radii.end(), [](float r) { return r >= 0; }) &&
+                          std::any_of(data.radii.begin(), data.radii.end(), [](float r) { return r > 0; });
+    return positive && fit(count, data.faceColors, data.edgeColors) &&
+           std::adjacent_find(data.points.begin(), data.points.end()) == data.points.end();
+}
+bool isValid(SphereData const& data)
+{
+    return data.radius > 0 && isDirection(data.vertical);
+}
+bool isValid(CircleData const& data)
+{
+    return data.radius > 0 && isDirection(data.normal);
+}
+bool isValid(ArcPointsData const& data)
+{
+    return areApart(data.start, data.middle) && areApart(data.middle, data.end) &&
+           areApart(data.start, data.end);
+}
+bool isValid(EllipseData const& data)
+{
+    return areApart(data.center, data.major) && areApart(data.center, data.minor);
+}
+bool isValid(EllipticalArcData const& data)
+{
+    // No more than a turn, at places that a number of this size can tell apart.
+    return areApart(data.center, data.major) && areApart(data.center, data.minor) && data.start != data.end &&
+           std::abs(data.end - data.start) <= 1 && std::abs(data.start) <= 1000;
+}
+bool isValid(InfiniteLineData const& data)
+{
+    return areApart(data.first, data.second);
+}
+bool isValid(CuttingSectionData const& data)
+{
+    return !data.planes.empty() && data.scale > 0 &&
+           std::all_of(data.planes.begin(), data.planes.end(), [](Plane const& plane) {
+               return isDirection({plane.a, plane.b, plane.c});
+           });
+}
+bool isValid(ReferenceData const& data)
+{
+    auto const* const target = store().resolve<GeometryRecord>(data.target);
+    return target && target->type != HPS::Type::ReferenceKey;
 }
 
-bool check(PointChain const& data, SimpleCuboid& box)
+template <class Data> SimpleCuboid extentOfPoints(Data const& data)
 {
-    return !data.points.empty() && extentOf(data.points, box);
+    SimpleCuboid box;
+    for (auto const& p : data.points) box.Merge(p);
+    return box;
 }
 
-bool check(MarkerData const& data)
+template <class Record> SimpleCuboid extent(typename Record::Data const& data)
 {
-    return isFinite(data.point);
+    if constexpr (std::is_same_v<Record, CircularWedgeRecord>)
+        return wedgeExtentOf(data);
+    else if constexpr (std::is_same_v<Record, MarkerRecord>)
+        return {data.point, data.point};
+    else if constexpr (std::is_same_v<Record, TextRecord>)
+        return {data.position, data.position};
+    else if constexpr (requires { sweepOf(data).center; })
+        return extentOf(sweepOf(data));
+    else if constexpr (requires { extentOf(data); })
+        return extentOf(data);
+    else if constexpr (requires { data.points; })
+        return extentOfPoints(data);
+    else
+        return {}; // without a place, or, for a reference, with that of another
 }
 
-bool check(TextData const& data)
+// What a reference shows, moved to where it shows it. The target may be gone.
+SimpleCuboid targetBox(ReferenceData const& data)
 {
-    return isFinite(data.position) && (!data.modellingMatrix || data.modellingMatrix->IsFinite());
+    auto const* const target = store().resolve<GeometryRecord>(data.target);
+    if (!target || target->type == HPS::Type::ReferenceKey) return {};
+    auto const box = boxOf(*target);
+    if (!data.modellingMatrix || !box.IsValid()) return box;
+    SimpleCuboid moved;
+    for (unsigned corner = 0; corner < 8; ++corner)
+        moved.Merge(data.modellingMatrix->Transform(Point(corner & 1 ? box.max.x : box.min.x,
+                                                          corner & 2 ? box.max.y : box.min.y,
+                                                          corner & 4 ? box.max.z : box.min.z)));
+    return moved;
 }
 
-bool check(DistantLightData const& data)
+} // namespace
+
+template <class Record> bool check(typename Record::Data const& data, SimpleCuboid& box)
 {
-    return isFinite(Point(data.direction)) && data.direction != Vector();
+    if (!isFinite(data) || !isValid(data)) return false;
+    box = extent<Record>(data);
+    return true;
 }
+#define HPS_CHECK(Name) template bool check<Name##Record>(Name##Record::Data const&, SimpleCuboid&);
+HPS_GEOMETRY_KINDS(HPS_CHECK)
+#undef HPS_CHECK
 
 SimpleCuboid boxOf(GeometryRecord const& record)
 {
     SimpleCuboid box;
     visitGeometry(record, [&]<class R>(R const& typed) {
-        if constexpr (requires { typed.box; })
+        if constexpr (std::is_same_v<R, ReferenceRecord>)
+            box = targetBox(typed.data);
+        else
             box = typed.box;
-        else if constexpr (std::is_same_v<R, MarkerRecord>)
-            box.Merge(typed.data.point);
-        else if constexpr (std::is_same_v<R, TextRecord>)
-            box.Merge(typed.data.position);
     });
     return box;
 }

@@ -15,21 +15,10 @@ namespace
 // Puts a kit's contents into a record, or leaves it as it is and returns false.
 template <class R> bool take(R& record, typename R::Kit&& kit)
 {
-    auto& data = [&]() -> auto&
-    {
-        if constexpr (std::is_same_v<R, TextRecord>)
-            return kit.textData();
-        else
-            return kit.data();
-    }
-    ();
-    if constexpr (requires { record.box; }) {
-        SimpleCuboid box;
-        if (!check(data, box)) return false;
-        record.box = box;
-    } else if (!check(data)) {
-        return false;
-    }
+    auto& data = shapeOf(kit);
+    SimpleCuboid box;
+    if (!check<R>(data, box)) return false;
+    record.box = box;
     record.data = std::move(data);
     record.hasPriority = kit.extras().priority.has_value();
     record.priority = kit.extras().priority.value_or(0);
@@ -63,10 +52,7 @@ template <class R> bool show(Key const& key, typename R::Kit& kit)
     kit = {};
     auto const* const record = store().resolve<R>(key);
     if (!record) return false;
-    if constexpr (std::is_same_v<R, TextRecord>)
-        kit.textData() = record->data;
-    else
-        kit.data() = record->data;
+    shapeOf(kit) = record->data;
     if (record->hasPriority) kit.SetPriority(record->priority);
     if (record->userData)
         record->userData->forEach([&](UserData::Entry const& entry) {
@@ -97,25 +83,23 @@ template <class R> std::size_t pointCount(Key const& key)
 
 } // namespace
 
+template <HPS::Type Expected, class KitType> bool GeometryKeyOf<Expected, KitType>::Show(KitType& kit) const
+{
+    return show<RecordOf<GeometryKeyOf<Expected, KitType>>>(*this, kit);
+}
+
+template <HPS::Type Expected, class KitType> bool GeometryKeyOf<Expected, KitType>::Consume(KitType& kit)
+{
+    return consume<RecordOf<GeometryKeyOf<Expected, KitType>>>(*this, kit);
+}
+
 #define HPS_DEFINE_GEOMETRY(Name)                                                                            \
-    bool Name##Key::Show(Name##Kit& kit) const                                                               \
-    {                                                                                                        \
-        return show<Name##Record>(*this, kit);                                                               \
-    }                                                                                                        \
-    bool Name##Key::Consume(Name##Kit& kit)                                                                  \
-    {                                                                                                        \
-        return consume<Name##Record>(*this, kit);                                                            \
-    }                                                                                                        \
+    template class GeometryKeyOf<Type::Name##Key, Name##Kit>;                                                \
     Name##Key SegmentKey::Insert##Name(Name##Kit const& kit)                                                 \
     {                                                                                                        \
         return Name##Key(insert<Name##Record>(*this, Name##Kit(kit)));                                       \
     }
-HPS_DEFINE_GEOMETRY(Shell)
-HPS_DEFINE_GEOMETRY(Line)
-HPS_DEFINE_GEOMETRY(Polygon)
-HPS_DEFINE_GEOMETRY(Marker)
-HPS_DEFINE_GEOMETRY(Text)
-HPS_DEFINE_GEOMETRY(DistantLight)
+HPS_GEOMETRY_KINDS(HPS_DEFINE_GEOMETRY)
 #undef HPS_DEFINE_GEOMETRY
 
 ShellKey SegmentKey::InsertShell(ShellKit&& kit)
@@ -176,6 +160,123 @@ DistantLightKey SegmentKey::InsertDistantLight(Vector const& direction)
         insert<DistantLightRecord>(*this, std::move(DistantLightKit().SetDirection(direction))));
 }
 
+MeshKey SegmentKey::InsertMesh(std::size_t rows, std::size_t columns, std::vector<Point> const& points)
+{
+    return InsertMesh(MeshKit().SetPoints(rows, columns, points));
+}
+
+GridKey SegmentKey::InsertGrid(Grid::Type type, Point const& origin, Point const& firstPoint,
+                               Point const& secondPoint, int firstCount, int secondCount)
+{
+    GridKit kit;
+    kit.SetType(type).SetOrigin(origin).SetFirstPoint(firstPoint).SetSecondPoint(secondPoint);
+    return InsertGrid(kit.SetFirstCount(firstCount).SetSecondCount(secondCount));
+}
+
+NURBSCurveKey SegmentKey::InsertNURBSCurve(std::size_t degree, std::vector<Point> const& points,
+                                           std::vector<float> const& knots, std::vector<float> const& weights)
+{
+    return InsertNURBSCurve(
+        NURBSCurveKit().SetDegree(degree).SetPoints(points).SetKnots(knots).SetWeights(weights));
+}
+
+CylinderKey SegmentKey::InsertCylinder(Point const& start, Point const& end, float radius,
+                                       Cylinder::Capping caps)
+{
+    return InsertCylinder(CylinderKit().SetPoints({start, end}).SetRadii({radius}).SetCaps(caps));
+}
+
+SphereKey SegmentKey::InsertSphere(Point const& center, float radius)
+{
+    return InsertSphere(SphereKit().SetCenter(center).SetRadius(radius));
+}
+
+CircleKey SegmentKey::InsertCircle(Point const& center, float radius, Vector const& normal)
+{
+    return InsertCircle(CircleKit().SetCenter(center).SetRadius(radius).SetNormal(normal));
+}
+
+CircularArcKey SegmentKey::InsertCircularArc(Point const& start, Point const& middle, Point const& end)
+{
+    return InsertCircularArc(CircularArcKit().SetStart(start).SetMiddle(middle).SetEnd(end));
+}
+
+CircularWedgeKey SegmentKey::InsertCircularWedge(Point const& start, Point const& middle, Point const& end)
+{
+    return InsertCircularWedge(CircularWedgeKit().SetStart(start).SetMiddle(middle).SetEnd(end));
+}
+
+EllipseKey SegmentKey::InsertEllipse(Point const& center, Point const& major, Point const& minor)
+{
+    return InsertEllipse(EllipseKit().SetCenter(center).SetMajor(major).SetMinor(minor));
+}
+
+EllipticalArcKey SegmentKey::InsertEllipticalArc(Point const& center, Point const& major, Point const& minor,
+                                                 float start, float end)
+{
+    return InsertEllipticalArc(
+        EllipticalArcKit().SetCenter(center).SetMajor(major).SetMinor(minor).SetStart(start).SetEnd(end));
+}
+
+InfiniteLineKey SegmentKey::InsertInfiniteLine(Point const& first, Point const& second)
+{
+    return InsertInfiniteLine(InfiniteLineKit().SetFirst(first).SetSecond(second));
+}
+
+InfiniteLineKey SegmentKey::InsertInfiniteRay(Point const& first, Point const& second)
+{
+    return InsertInfiniteLine(
+        InfiniteLineKit().SetFirst(first).SetSecond(second).SetType(InfiniteLine::Type::Ray));
+}
+
+SpotlightKey SegmentKey::InsertSpotlight(Point const& position, Point const& target)
+{
+    return InsertSpotlight(SpotlightKit().SetPosition(position).SetTarget(target));
+}
+
+CuttingSectionKey SegmentKey::InsertCuttingSection(Plane const& plane)
+{
+    return InsertCuttingSection(CuttingSectionKit().SetPlanes(plane));
+}
+
+CuttingSectionKey SegmentKey::InsertCuttingSection(std::vector<Plane> const& planes)
+{
+    return InsertCuttingSection(CuttingSectionKit().SetPlanes(planes));
+}
+
+ReferenceKey SegmentKey::ReferenceGeometry(GeometryKey const& target)
+{
+    return InsertReference(ReferenceKit().SetTarget(target));
+}
+
+GeometryKey& GeometryKey::SetPriority(int priority)
+{
+    auto* const record = store().resolve<GeometryRecord>(*this);
+    if (!record) return *this;
+    record->hasPriority = true;
+    record->priority = priority;
+    store().changes.mark(record->slot, Change::Geometry);
+    return *this;
+}
+
+GeometryKey& GeometryKey::UnsetPriority()
+{
+    auto* const record = store().resolve<GeometryRecord>(*this);
+    if (!record || !record->hasPriority) return *this;
+    record->hasPriority = false;
+    record->priority = 0;
+    store().changes.mark(record->slot, Change::Geometry);
+    return *this;
+}
+
+bool GeometryKey::ShowPriority(int& priority) const
+{
+    auto const* const record = store().resolve<GeometryRecord>(*this);
+    if (!record || !record->hasPriority) return false;
+    priority = record->priority;
+    return true;
+}
+
 std::size_t ShellKey::GetPointCount() const
 {
     return pointCount<ShellRecord>(*this);
@@ -187,6 +288,17 @@ std::size_t ShellKey::GetFaceCount() const
     if (auto const* const record = store().resolve<ShellRecord>(*this))
         forEachLoop(record->data.facelist, [&](FaceLoop const& loop) { faces += !loop.isHole; });
     return faces;
+}
+
+std::size_t MeshKey::GetPointCount() const
+{
+    return pointCount<MeshRecord>(*this);
+}
+
+std::size_t MeshKey::GetFaceCount() const
+{
+    auto const* const record = store().resolve<MeshRecord>(*this);
+    return record ? (record->data.rows - 1) * (record->data.columns - 1) : 0;
 }
 
 std::size_t LineKey::GetPointCount() const

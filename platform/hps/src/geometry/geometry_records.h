@@ -1,71 +1,59 @@
 // What the database holds of each geometry. The arrays stand here once; kits are copies for the caller.
 #pragma once
 #include "record.h"
-#include <hps/Cuboid.h>
-#include <hps/DistantLightKit.h>
-#include <hps/MarkerKit.h>
-#include <hps/PolygonKit.h>
-#include <hps/ShellKit.h>
-#include <hps/TextKit.h>
+#include <hps/SegmentKey.h>
+#include <hps/geometry_list.h>
 #include <span>
+#include <tuple>
 
 namespace HPS::scene
 {
 
-struct ShellRecord : GeometryRecord {
-    static constexpr HPS::Type family = HPS::Type::ShellKey;
-    using Kit = ShellKit;
-    ShellData data; // checked: every index has its point, every coordinate is finite
+template <class KeyType> struct RecordOf : GeometryRecord {
+    static constexpr HPS::Type family = KeyType::StaticType;
+    using Kit = typename KeyType::Kit;
+    using Data = std::decay_t<decltype(shapeOf(std::declval<Kit&>()))>;
+    Data data; // checked: every index has its point, every number is finite
     SimpleCuboid box;
 };
 
-// One type for lines and polygons: what differs is the record's type.
-template <HPS::Type TypeOf, class KitType> struct PointChainRecord : GeometryRecord {
-    static constexpr HPS::Type family = TypeOf;
-    using Kit = KitType;
-    PointChain data;
-    SimpleCuboid box;
-};
-using LineRecord = PointChainRecord<HPS::Type::LineKey, LineKit>;
-using PolygonRecord = PointChainRecord<HPS::Type::PolygonKey, PolygonKit>;
+#define HPS_RECORD(Name) using Name##Record = RecordOf<GeometryKeyOf<HPS::Type::Name##Key, Name##Kit>>;
+HPS_GEOMETRY_KINDS(HPS_RECORD)
+#undef HPS_RECORD
 
-struct MarkerRecord : GeometryRecord {
-    static constexpr HPS::Type family = HPS::Type::MarkerKey;
-    using Kit = MarkerKit;
-    MarkerData data;
+template <class...> struct TypeList {
 };
+template <class, class... R> using TypeListBehind = TypeList<R...>;
+#define HPS_NEXT(Name) , Name##Record
+using GeometryRecords = TypeListBehind<void HPS_GEOMETRY_KINDS(HPS_NEXT)>;
+#undef HPS_NEXT
 
-struct TextRecord : GeometryRecord {
-    static constexpr HPS::Type family = HPS::Type::TextKey;
-    using Kit = TextKit;
-    TextData data;
-};
+namespace detail
+{
+template <class... R, class F> void visit(TypeList<R...>, GeometryRecord const& record, F&& f)
+{
+    ((record.type == R::family && (f(static_cast<R const&>(record)), true)) || ...);
+}
+} // namespace detail
 
-struct DistantLightRecord : GeometryRecord {
-    static constexpr HPS::Type family = HPS::Type::DistantLightKey;
-    using Kit = DistantLightKit;
-    DistantLightData data;
-};
-
-// Calls f with the record as its own type; nothing for a type without a record of its own.
+// Calls f with the record as its own type.
 template <class F> void visitGeometry(GeometryRecord const& record, F&& f)
 {
-    if (record.type == ShellRecord::family)
-        f(static_cast<ShellRecord const&>(record));
-    else if (record.type == LineRecord::family)
-        f(static_cast<LineRecord const&>(record));
-    else if (record.type == PolygonRecord::family)
-        f(static_cast<PolygonRecord const&>(record));
-    else if (record.type == MarkerRecord::family)
-        f(static_cast<MarkerRecord const&>(record));
-    else if (record.type == TextRecord::family)
-        f(static_cast<TextRecord const&>(record));
-    else if (record.type == DistantLightRecord::family)
-        f(static_cast<DistantLightRecord const&>(record));
+    detail::visit(GeometryRecords(), record, std::forward<F>(f));
 }
 
-// The extent of a geometry in its segment's coordinates. Empty for a light. A text counts with its position
-// alone: its size depends on where it is seen from.
+// The name of a kind, as it stands in files.
+constexpr char const* nameOfGeometry(HPS::Type type)
+{
+#define HPS_NAME(Name)                                                                                       \
+    if (type == HPS::Type::Name##Key) return #Name;
+    HPS_GEOMETRY_KINDS(HPS_NAME)
+#undef HPS_NAME
+    return "";
+}
+
+// The extent of a geometry in its segment's coordinates. Empty for what has no place: a light, an infinite
+// line, a cutting section. A text counts with its position alone: its size depends on where it is seen from.
 SimpleCuboid boxOf(GeometryRecord const& record);
 
 // One face of a shell with the holes that follow it.
@@ -84,11 +72,7 @@ template <class F> void forEachLoop(std::span<int const> facelist, F&& f)
     }
 }
 
-// Whether the database can hold the geometry. `box` takes its extent.
-bool check(ShellData const& data, SimpleCuboid& box);
-bool check(PointChain const& data, SimpleCuboid& box);
-bool check(MarkerData const& data);
-bool check(TextData const& data);
-bool check(DistantLightData const& data);
+// Whether the database can hold the geometry; `box` then takes its extent.
+template <class Record> bool check(typename Record::Data const& data, SimpleCuboid& box);
 
 } // namespace HPS::scene

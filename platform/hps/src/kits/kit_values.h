@@ -1,11 +1,15 @@
-// Every value that a kit may hold, taken apart into bools, numbers and text: what hashing and dumping need.
+// Every value that a kit or a geometry may hold, taken apart into bools, numbers and text: what hashing,
+// checking and dumping need.
 #pragma once
 #include <hps/AttributeLockKit.h>
 #include <hps/BoundingKit.h>
 #include <hps/DrawingAttributeKit.h>
+#include <hps/ElementValues.h>
 #include <hps/LinePatternOptionsKit.h>
 #include <hps/MaterialMappingKit.h>
+#include <hps/MatrixKit.h>
 #include <hps/Rectangle.h>
+#include <hps/TrimKit.h>
 #include <hps/VisualEffectsKit.h>
 #include <type_traits>
 
@@ -57,6 +61,13 @@ template <class F> void visitParts(F& f, RGBAColor const& c)
     f(c.red), f(c.green), f(c.blue), f(c.alpha);
 }
 
+// A value that lists its members as fields().
+template <class Data>
+concept HasFields = requires
+{
+    Data::fields();
+};
+
 template <class F, class T> void visitParts(F& f, std::vector<T> const& values);
 template <class F, class T> void visitParts(F& f, std::optional<T> const& value);
 template <class F, class... T> void visitParts(F& f, std::tuple<T...> const& values);
@@ -67,7 +78,26 @@ requires requires
 }
 void visitParts(F& f, Data const& data);
 template <class F, class Self, template <class> class Ops> void visitParts(F& f, Kit<Self, Ops> const& kit);
+template <class F, HasFields Data> void visitParts(F& f, Data const& data);
 
+template <class F> void visitParts(F& f, MatrixKit const& matrix)
+{
+    for (int i = 0; i < 16; ++i) f(matrix.Data()[i]);
+}
+template <class F> void visitParts(F& f, TrimKit const& trim)
+{
+    visitParts(f, trim.data());
+}
+template <class F, class T> void visitParts(F& f, ElementValues<T> const& all)
+{
+    visitParts(f, all.values);
+    visitParts(f, all.isSet);
+}
+template <class F, class T> void visitParts(F& f, std::shared_ptr<T const> const& shared)
+{
+    f(shared != nullptr);
+    if (shared) visitParts(f, *shared);
+}
 template <class F> void visitParts(F& f, SimpleCuboid const& box)
 {
     visitParts(f, box.min);
@@ -144,6 +174,11 @@ void visitParts(F& f, Data const& data)
 template <class F, class Self, template <class> class Ops> void visitParts(F& f, Kit<Self, Ops> const& kit)
 {
     visitParts(f, kit.data());
+}
+
+template <class F, HasFields Data> void visitParts(F& f, Data const& data)
+{
+    std::apply([&](auto... field) { (visitParts(f, data.*field), ...); }, Data::fields());
 }
 
 // Equal values have equal hashes.

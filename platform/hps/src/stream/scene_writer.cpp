@@ -213,9 +213,11 @@ void SceneWriter::writeGeometry(GeometryRecord const& geometry)
             line("marker", record.data.point);
         } else if constexpr (std::is_same_v<R, TextRecord>) {
             writeText(record.data);
-        } else {
+        } else if constexpr (std::is_same_v<R, DistantLightRecord>) {
             line("distant-light", record.data.direction, record.data.cameraRelative);
             if (record.data.color) line("color", *record.data.color);
+        } else {
+            line(nameOfGeometry(R::family), record.data);
         }
     });
     if (geometry.hasPriority) line("priority", geometry.priority);
