@@ -190,6 +190,26 @@ TEST(ZelIOFiles, WritesAndReadsThroughAFile)
     MaterialContainer::Instance().Clear();
 }
 
+TEST(ZelIOFiles, TheModelStaysGraphicalUntilAnotherIsRead)
+{
+    TemporaryFolder const folder;
+    ZelIO io;
+    io.RequestGraphicalMode(true);
+    ZELProductStructure model;
+    auto const triangle = folder.Write("a.stl", "solid a\nfacet normal 0 0 1\nouter loop\nvertex 0 0 0\n"
+                                                "vertex 1 0 0\nvertex 0 1 0\nendloop\nendfacet\n"
+                                                "endsolid a\n");
+    ASSERT_TRUE(io.Read(triangle.c_str(), &model, nullptr));
+    ASSERT_TRUE(io.IsGraphicalMode());
+    ASSERT_TRUE(io.Write(folder.Wide(L"a.zel_xml").c_str(), &model, nullptr));
+    EXPECT_TRUE(io.IsGraphicalMode()) << "after saving";
+    EXPECT_FALSE(io.Read(folder.Wide(L"none.stl").c_str(), &model, nullptr));
+    EXPECT_TRUE(io.IsGraphicalMode()) << "after a failed read";
+    io.Reset();
+    EXPECT_FALSE(io.IsGraphicalMode());
+    MaterialContainer::Instance().Clear();
+}
+
 TEST(ZelIOFiles, StopsWhenTold)
 {
     TemporaryFolder const folder;

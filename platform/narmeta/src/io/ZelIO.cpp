@@ -42,6 +42,11 @@ bool HasVisualisation(ZELProductStructure const& model)
 void ZelIO::Reset()
 {
     graphical_ = false;
+    forgetResult();
+}
+
+void ZelIO::forgetResult()
+{
     outcome_ = IoOutcome::Done;
     error_.clear();
     warnings_.clear();
@@ -59,7 +64,7 @@ bool ZelIO::Read(wchar_t const* path, ZELProductStructure* structure, Progress p
 {
     assert(path && "ZelIO::Read: path is null");
     assert(structure && "ZelIO::Read: structure is null");
-    Reset();
+    forgetResult();
     Stopwatch stopwatch;
     auto const source = SourceFile::Open(path);
     if (!source.error.empty()) return fail(IoOutcome::CannotRead, source.error);
@@ -91,7 +96,7 @@ bool ZelIO::Write(wchar_t const* path, ZELProductStructure const* structure, Pro
 {
     assert(path && "ZelIO::Write: path is null");
     assert(structure && "ZelIO::Write: structure is null");
-    Reset();
+    forgetResult();
     if (LowerExtension(path) != "zel_xml")
         return fail(IoOutcome::CannotWrite, Quoted(path) + L": models are written as \"zel_xml\" only");
     auto const text = ZelXmlText(*structure, progress);

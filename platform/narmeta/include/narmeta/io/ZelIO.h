@@ -44,8 +44,9 @@ class ZelIO
 public:
     /// Asks for visualisation data in place of bodies; see IsGraphicalMode.
     void RequestGraphicalMode(bool graphical) { requestGraphical_ = graphical; }
-    /// What the last read gave: the reader of a format that knows no bodies refuses false, and the other way
-    /// round.
+    /// What the last read that went well gave: the reader of a format that knows no bodies refuses false, and
+    /// the other way round. Writing, and a read that fails, leave it: the model is still the one that was
+    /// read.
     bool IsGraphicalMode() const { return graphical_; }
     void SetReadPersistentNames(bool read) { persistentNames_ = read; }
     void SetUseOccurrenceData(bool use) { occurrenceData_ = use; }
@@ -71,6 +72,7 @@ public:
     static std::vector<FileFormat> ExportFormats();
 
 private:
+    void forgetResult();
     bool fail(IoOutcome outcome, std::wstring cause);
 
     bool requestGraphical_ = false;
