@@ -1,3 +1,4 @@
+#include <QString>
 #include <algorithm>
 #include <cstdio>
 #include <mora/ASession.h>
@@ -12,21 +13,9 @@ namespace
 /// Standard error is byte-oriented in most programs, so the text goes out as UTF-8 whatever the locale.
 void writeUtf8(std::wstring const& text)
 {
-    std::string bytes;
-    for (wchar_t const unit : text) {
-        auto c = static_cast<unsigned long>(unit);
-        if (c > 0x10ffff || (c >= 0xd800 && c < 0xe000)) c = 0xfffd;
-        if (c < 0x80) {
-            bytes += static_cast<char>(c);
-            continue;
-        }
-        int const tail = c < 0x800 ? 1 : c < 0x10000 ? 2 : 3;
-        unsigned const lead = tail == 1 ? 0xc0 : tail == 2 ? 0xe0 : 0xf0;
-        bytes += static_cast<char>(lead | (c >> (6 * tail)));
-        for (int i = tail - 1; i >= 0; --i) bytes += static_cast<char>(0x80 | ((c >> (6 * i)) & 0x3f));
-    }
-    if (bytes.empty() || bytes.back() != '\n') bytes += '\n';
-    std::fwrite(bytes.data(), 1, bytes.size(), stderr);
+    QByteArray bytes = QString::fromStdWString(text).toUtf8();
+    if (!bytes.endsWith('\n')) bytes += '\n';
+    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stderr);
 }
 
 } // namespace
