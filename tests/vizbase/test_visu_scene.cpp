@@ -162,6 +162,9 @@ TEST_F(VisuSceneTest, EmptyGroupsAreFalseAndEmptyDataIsTrue)
     EXPECT_FALSE(render({group(NodeType::Geometry, L"empty", {})}));
     EXPECT_TRUE(render({std::make_shared<Node>(NodeType::Geometry)})); // a leaf without data
     EXPECT_FALSE(Renderer.renderVisuNode(Root, nullptr));
+    EXPECT_FALSE(render({nullptr}));
+    NarMetaInfra::ZELProductStructure const structure(L"A");
+    EXPECT_FALSE(Renderer.renderVisuData(&structure, Root, container({nullptr})));
 }
 
 TEST_F(VisuSceneTest, GroupsOfOneNameShareASegmentAndLeavesCountOn)

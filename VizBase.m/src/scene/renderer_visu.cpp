@@ -3,6 +3,7 @@
 
 #include "ZELRenderer.h"
 
+#include "host_api.h"
 #include "line_attributes.h"
 #include "model_color.h"
 #include "text.h"
@@ -20,8 +21,8 @@ namespace
 /// Nodes are walked by recursion; deeper ones can only come from a node that is its own descendant.
 constexpr size_t greatestNodeDepth = 1000;
 
-constexpr unsigned long long annotationsPid = 10005;
-constexpr unsigned long long visualisationPid = 10006;
+constexpr unsigned long long annotationsPid = ToValue(ZELVizCore::EntityType::Annotations);
+constexpr unsigned long long visualisationPid = ToValue(ZELVizCore::EntityType::Visualisation);
 
 void scale(HPS::SegmentKey& segment, float factor)
 {
@@ -85,6 +86,7 @@ bool ZELRenderer::renderVisuData(HPS::SegmentKey& segment,
 
     bool result = false;
     for (std::shared_ptr<Node> const& child : roots.front()->GetChildNodes()) {
+        if (!child) return false;
         result = false;
         switch (child->GetType()) {
         case NodeType::Geometry:
@@ -120,7 +122,7 @@ bool ZELRenderer::renderVisuData(NarMetaInfra::ZELProductStructure const* struct
     bool result = false;
     for (std::shared_ptr<Node> const& child : roots.front()->GetChildNodes()) {
         bool const taken =
-            child->GetType() == NodeType::Geometry || child->GetType() == NodeType::Annotations;
+            child && (child->GetType() == NodeType::Geometry || child->GetType() == NodeType::Annotations);
         result = taken && renderVisuNode(segment, child);
         if (!result) return false;
     }
