@@ -28,7 +28,7 @@ bool ZELDocument::initialize()
         SetClassicalOrientation();
     else
         SetStandardOrientation();
-    ZELDocument::initializeImportExportExtensions();
+    initializeImportExportExtensions();
     return true;
 }
 
