@@ -282,4 +282,57 @@ TEST_F(Net, AnOverlayIsKeptByLocks)
         blue);
 }
 
+TEST_F(Net, AFilteredStyleGivesAllButWhatIsFiltered)
+{
+    auto child = root.Subsegment("child"), source = style("s");
+    source.GetMaterialMappingControl().SetFaceColor(RGBAColor(blue));
+    source.GetVisibilityControl().SetFaces(false);
+    auto pushed = child.GetStyleControl().PushNamed("s");
+    ASSERT_EQ(faceColor({root, child}), blue);
+    pushed.SetFilter(LockType::Material);
+    EXPECT_EQ(faceColor({root, child}), std::nullopt);
+    EXPECT_EQ(faces({root, child}), false);
+    pushed.SetFilter(LockType::Everything);
+    EXPECT_EQ(faces({root, child}), std::nullopt);
+    child.GetVisibilityControl().SetFaces(true);
+    EXPECT_EQ(faces({root, child}), true) << "the segment's own attributes are not filtered";
+    child.UnsetVisibility();
+    pushed.UnsetFilter({LockType::Everything});
+    EXPECT_EQ(faces({root, child}), false);
+    EXPECT_EQ(faceColor({root, child}), std::nullopt);
+    pushed.UnsetFilter();
+    EXPECT_EQ(faceColor({root, child}), blue);
+}
+
+TEST_F(Net, AFilteredIncludeKeepsWhatHoldsWhereItStands)
+{
+    auto part = root.Subsegment("part"), inner = part.Subsegment("inner"), user = root.Subsegment("user");
+    part.GetMaterialMappingControl().SetFaceColor(RGBAColor(red));
+    inner.GetMaterialMappingControl().SetFaceColor(RGBAColor(green));
+    inner.GetVisibilityControl().SetFaces(false);
+    user.GetMaterialMappingControl().SetFaceColor(RGBAColor(blue));
+    auto plain = user.IncludeSegment(part), filtered = user.IncludeSegment(part);
+    filtered.SetFilter(LockType::MaterialFace);
+    auto const inside = [&](IncludeKey const& include) {
+        auto net = fold.through({at({root, user}), MatrixKit()}, *store().resolve<IncludeRecord>(include));
+        for (auto const& key : {part, inner}) net = fold.step(net, *store().resolve<SegmentRecord>(key));
+        return net.state;
+    };
+    auto const colorIn = [&](IncludeKey const& include) {
+        return inside(include)->get<MaterialMappingData>().frontFace->values().diffuseColor;
+    };
+    EXPECT_EQ(colorIn(plain), green);
+    EXPECT_EQ(colorIn(filtered), blue);
+    EXPECT_FALSE(inside(filtered)->get<VisibilityData>().shows(VisibilityData::Faces, true));
+
+    std::vector<LockType> types;
+    ASSERT_TRUE(filtered.ShowFilter(types));
+    EXPECT_EQ(types, std::vector{LockType::MaterialFace});
+    EXPECT_FALSE(plain.ShowFilter(types));
+    filtered.Delete();
+    auto const next = user.IncludeSegment(part);
+    EXPECT_FALSE(next.ShowFilter(types)) << "a filter goes with its include";
+    EXPECT_FALSE(filtered.SetFilter(LockType::Camera).ShowFilter(types));
+}
+
 } // namespace

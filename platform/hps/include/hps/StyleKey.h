@@ -1,4 +1,5 @@
 #pragma once
+#include <hps/AttributeLock.h>
 #include <hps/ConditionControl.h>
 
 namespace HPS
@@ -16,6 +17,14 @@ public:
     bool ShowSource(SegmentKey& source) const;
     // False if it always holds.
     bool ShowCondition(ConditionalExpression& condition) const;
+
+    // The attributes that the style does not give. SetFilter adds to those named before; UnsetFilter without
+    // types takes all away. ShowFilter gives them in the order of their numbers; false if there are none.
+    StyleKey& SetFilter(std::vector<AttributeLock::Type> const& types);
+    StyleKey& SetFilter(AttributeLock::Type type) { return SetFilter(std::vector{type}); }
+    StyleKey& UnsetFilter(std::vector<AttributeLock::Type> const& types);
+    StyleKey& UnsetFilter();
+    bool ShowFilter(std::vector<AttributeLock::Type>& types) const;
 };
 
 using StyleKeyArray = std::vector<StyleKey>;

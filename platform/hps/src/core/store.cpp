@@ -51,6 +51,7 @@ void Store::release(Record& record)
 {
     auto& slot = slots_[record.slot];
     changes.mark(record.slot, Change::Removed);
+    filters.erase(record.slot);
     slot.record = nullptr;
     // A slot whose generations are used up stays empty for good.
     if (++slot.generation != 0) freeSlots_.push_back(record.slot);

@@ -2,8 +2,10 @@
 #include "change_log.h"
 #include "pool.h"
 #include "segment_record.h"
+#include <hps/AttributeLock.h>
 #include <hps/SegmentKey.h>
 #include <map>
+#include <unordered_map>
 
 namespace HPS::scene
 {
@@ -56,6 +58,15 @@ public:
     // Counters that a cached fold result is compared with.
     std::uint32_t nextStamp() { return ++stamp_ & 0x3FFFFFFF; }
     std::uint32_t definitionStamp = 0; // new when a style source, a style's name or a palette changes
+
+    // The filters of styles and includes, by slot, sorted. Few have one.
+    using Filter = std::vector<AttributeLock::Type>;
+    std::unordered_map<SlotIndex, Filter> filters;
+    Filter const* filterOf(SlotIndex link) const
+    {
+        auto const found = filters.find(link);
+        return found == filters.end() ? nullptr : &found->second;
+    }
 
     ChangeLog changes;
     SlotList roots; // segments without an owner

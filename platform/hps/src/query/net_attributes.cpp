@@ -22,6 +22,15 @@ bool includesAll(std::vector<ConditionId> const& held, std::vector<ConditionId> 
     return std::includes(held.begin(), held.end(), wanted.begin(), wanted.end());
 }
 
+// What the filter of a style or an include holds back.
+LockSet filtered(SlotIndex link)
+{
+    LockSet kept;
+    if (auto const* const filter = store().filterOf(link))
+        for (auto const type : *filter) kept |= lockSet(type);
+    return kept;
+}
+
 } // namespace
 
 std::size_t NetFold::StateHash::operator()(NetStatePointer const& state) const
@@ -67,6 +76,15 @@ NetStatePointer NetFold::overlay(NetStatePointer const& state, SegmentRecord con
     return intern(std::move(over));
 }
 
+NetAttributes NetFold::through(NetAttributes const& owner, IncludeRecord const& include)
+{
+    auto const kept = filtered(include.slot);
+    if (kept.none()) return owner;
+    NetState inside = *owner.state;
+    inside.locks |= kept;
+    return {intern(std::move(inside)), owner.matrix};
+}
+
 NetState NetFold::compute(NetState const& parent, SegmentRecord const& segment)
 {
     NetState net = parent;
@@ -89,7 +107,7 @@ NetState NetFold::compute(NetState const& parent, SegmentRecord const& segment)
             auto const* const source = style.name.empty() ? store().resolve<SegmentRecord>(style.source)
                                                           : findStyle(net.portfolios, style.name);
             if (!source) continue;
-            applyKits(net, *source, net.locks);
+            applyKits(net, *source, net.locks | filtered(slot));
             auto const& locks = valuesOf<AttributeLockData>(source->kit(KitKind::AttributeLock));
             net.locks |= lockSet(locks.locks);
             net.locks &= ~lockSet(locks.overrides);

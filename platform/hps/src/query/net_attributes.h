@@ -67,6 +67,10 @@ public:
     // The state alone; `parent` itself for a segment that sets nothing.
     NetStatePointer state(NetStatePointer const& parent, SegmentRecord const& segment);
 
+    // What what is included starts from: what holds at the owner of the include, less what its filter holds
+    // back.
+    NetAttributes through(NetAttributes const& owner, IncludeRecord const& include);
+
     // Lays the attributes of a style's source over a state, as a style pushed last on it would: highlighting.
     NetStatePointer overlay(NetStatePointer const& state, SegmentRecord const& source);
 

@@ -23,13 +23,15 @@ template <class Visit> void walk(scene::NetFold& fold, scene::NetAttributes cons
         scene::SegmentRecord const& segment = *step.segment;
         scene::NetAttributes const net = fold.step(step.parent, segment);
         if (!visit(segment, net)) continue;
-        auto push = [&](scene::SlotIndex slot) {
+        auto push = [&](scene::SlotIndex slot, scene::NetAttributes const& parent) {
             if (auto const* const part = scene::store().at<scene::SegmentRecord>(slot))
-                open.push_back({part, net});
+                open.push_back({part, parent});
         };
-        for (std::size_t i = segment.includes.size(); i-- > 0;)
-            push(scene::store().at<scene::IncludeRecord>(segment.includes[i])->target);
-        for (std::size_t i = segment.children.size(); i-- > 0;) push(segment.children[i]);
+        for (std::size_t i = segment.includes.size(); i-- > 0;) {
+            auto const& include = *scene::store().at<scene::IncludeRecord>(segment.includes[i]);
+            push(include.target, fold.through(net, include));
+        }
+        for (std::size_t i = segment.children.size(); i-- > 0;) push(segment.children[i], net);
     }
 }
 
