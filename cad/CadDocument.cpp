@@ -123,7 +123,7 @@ bool CadDocument::doExportAs(wchar_t const* referencePid, wchar_t const* path, P
 
 bool CadDocument::doSaveXml(wchar_t const* path) const
 {
-    if (!IO->Write(path, ProductStructure, nullptr)) return false;
+    if (!IO->WriteXml(path, ProductStructure, nullptr)) return false;
     Modified = false;
     return true;
 }
@@ -150,6 +150,11 @@ bool CadDocument::build(Build operation)
                                        NarMetaInfra::Id id, HPS::Key& key) { return mapper->Get(id, key); });
     bool const built = (OwnRenderer.get()->*operation)(ProductStructure);
     SceneTime = std::chrono::steady_clock::now() - start;
+    // A build has no words of its own for the user.
+    ProductStructure->SetErrorMessage(built ? L""
+                                      : ProductStructure->GetUniqueReferencesCount() == 0
+                                          ? L"none of the parts of this model is there to be shown"
+                                          : L"the scene of this model could not be built");
     return built;
 }
 

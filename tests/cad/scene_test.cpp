@@ -162,6 +162,26 @@ TEST(CadScene, aMissingPartTakesNothingAway)
     EXPECT_NE(keyOf(*part, First + 1).Type(), HPS::Type::None);
 }
 
+TEST(CadScene, aModelWithoutAnyPartSaysWhyNothingIsShown)
+{
+    PlateDocument plates;
+    auto const errorOf = [&plates] {
+        std::wstring error;
+        plates.document.GetErrorAndWarnings(&error, nullptr);
+        return error;
+    };
+    auto const missing = plates.model.AddReference(ZELReference::Kind::Missing, L"missing", L"Missing");
+    plates.model.AddRootInstance(missing, L"missing.1");
+    EXPECT_FALSE(plates.document.Render(false));
+    EXPECT_EQ(errorOf(), L"none of the parts of this model is there to be shown");
+
+    auto const part = plates.part(L"part");
+    part->AddBody(plate(First));
+    plates.model.AddRootInstance(part, L"part.1");
+    EXPECT_TRUE(plates.document.Render(false));
+    EXPECT_EQ(errorOf(), L"");
+}
+
 TEST(CadScene, aSecondBuildStartsFromNothing)
 {
     PlateDocument plates;

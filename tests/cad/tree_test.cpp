@@ -5,6 +5,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <unistd.h>
+
 using ZELVizCore::EntityId;
 using ZELVizCore::EntityType;
 using ZELVizCore::RenderId;
@@ -129,4 +132,21 @@ TEST(CadDocument, countsPartsAndBodies)
     plates.document.GetContentCounts(parts, bodies);
     EXPECT_EQ(parts, 1u);
     EXPECT_EQ(bodies, 2u);
+}
+
+TEST(CadDocument, aFileNamedLikeTheExtensionIsXmlToo)
+{
+    PlateDocument plates;
+    fill(plates);
+    auto const before = std::filesystem::current_path();
+    auto const folder = std::filesystem::temp_directory_path() / ("cad_" + std::to_string(::getpid()));
+    std::filesystem::create_directory(folder);
+    std::filesystem::current_path(folder);
+    EXPECT_TRUE(plates.document.Save(L"zel_xml"));
+    EXPECT_FALSE(plates.document.Save(L"model")) << "no format that models are written in";
+    EXPECT_TRUE(plates.document.Open(L"zel_xml"));
+    EXPECT_EQ(plates.model.GetProductName(), L"Plates");
+    EXPECT_FALSE(std::filesystem::exists("model"));
+    std::filesystem::current_path(before);
+    std::filesystem::remove_all(folder);
 }

@@ -95,10 +95,16 @@ bool ZelIO::Read(wchar_t const* path, ZELProductStructure* structure, Progress p
 bool ZelIO::Write(wchar_t const* path, ZELProductStructure const* structure, Progress progress)
 {
     assert(path && "ZelIO::Write: path is null");
-    assert(structure && "ZelIO::Write: structure is null");
+    if (LowerExtension(path) == "zel_xml") return WriteXml(path, structure, progress);
     forgetResult();
-    if (LowerExtension(path) != "zel_xml")
-        return fail(IoOutcome::CannotWrite, Quoted(path) + L": models are written as \"zel_xml\" only");
+    return fail(IoOutcome::CannotWrite, Quoted(path) + L": models are written as \"zel_xml\" only");
+}
+
+bool ZelIO::WriteXml(wchar_t const* path, ZELProductStructure const* structure, Progress progress)
+{
+    assert(path && "ZelIO::WriteXml: path is null");
+    assert(structure && "ZelIO::WriteXml: structure is null");
+    forgetResult();
     auto const text = ZelXmlText(*structure, progress);
     if (!text) return fail(IoOutcome::Cancelled, Quoted(path) + L": writing was stopped");
     auto const cause = ReplaceFile(path, *text);

@@ -57,6 +57,8 @@ public:
     bool Read(wchar_t const* path, ZELProductStructure* structure, Progress progress);
     /// The format follows from the extension. The file appears complete or not at all.
     bool Write(wchar_t const* path, ZELProductStructure const* structure, Progress progress);
+    /// "zel_xml" under any name.
+    bool WriteXml(wchar_t const* path, ZELProductStructure const* structure, Progress progress);
     /// Forgets result, messages and timings; the settings stay.
     void Reset();
 
