@@ -1,5 +1,6 @@
 #include "read_support.h"
 
+#include "gltf_nodes.h"
 #include "mesh_normals.h"
 
 #include <gtest/gtest.h>
@@ -87,6 +88,21 @@ std::string gltfWithNodes()
 "buffers":[{"byteLength":36,"uri":"data:application/octet-stream;base64,AAAAAAAAAAAAAAAAAACAPwAAAAAAAAAAAAAAAAAAgD8AAAAA"}]})";
 }
 
+/// A chain of groups, each of which names the next one twice: a few lines that stand for 2^levels nodes.
+std::string gltfThatDoubles(int levels)
+{
+    std::string nodes;
+    for (int i = 0; i < levels; ++i) {
+        std::string const next = std::to_string(i + 1);
+        nodes += "{\"children\":[" + next + "," + next + "]},\n";
+    }
+    std::string text = gltfWithNodes();
+    auto const first = text.find("[{\"name\":\"plain\"") + 1;
+    text.replace(first, text.find("],\n\"materials\"") - first, nodes + "{\"mesh\":0}");
+    text.replace(text.find("[0,1,2,3]"), 9, "[0]");
+    return text;
+}
+
 std::shared_ptr<ZELInstance> instanceNamed(ZELProductStructure const& model, std::wstring const& name)
 {
     auto all = model.GetRootInstances();
@@ -121,6 +137,13 @@ INSTANTIATE_TEST_SUITE_P(Formats, TetrahedronTest,
                          testing::Values(MeshFile{"TextStl", textStl}, MeshFile{"BinaryStl", binaryStl},
                                          MeshFile{"Obj", obj}),
                          [](auto const& test) { return test.param.name; });
+
+TEST(GltfReading, NodesThatDoubleAtEachLevelAreNotFollowed)
+{
+    TemporaryFolder const folder;
+    EXPECT_FALSE(readGltfNodes(folder.write("doubling.gltf", gltfThatDoubles(60))));
+    EXPECT_TRUE(readGltfNodes(folder.write("nodes.gltf", gltfWithNodes())));
+}
 
 TEST(GltfReading, NodesKeepMirrorsAndStretches)
 {

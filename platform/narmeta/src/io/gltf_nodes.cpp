@@ -79,16 +79,19 @@ Matrix4 inModelSpace(Matrix4 const& file)
     return model;
 }
 
-std::optional<std::vector<GltfNode>> nodesOf(QJsonArray const& indices, QJsonArray const& all, int depth)
+// Nodes form a forest, so that a walk meets each of them once at most: `unmet` counts them down. A file that
+// shares nodes could otherwise ask for twice as many at each level.
+std::optional<std::vector<GltfNode>> nodesOf(QJsonArray const& indices, QJsonArray const& all, int depth,
+                                             qsizetype& unmet)
 {
     if (depth > DepthLimit) return std::nullopt;
     std::vector<GltfNode> nodes;
     for (auto const& index : indices) {
         auto const number = index.toInt(-1);
-        if (number < 0 || number >= all.size()) return std::nullopt;
+        if (number < 0 || number >= all.size() || unmet-- == 0) return std::nullopt;
         auto const source = all.at(number).toObject();
         GltfNode node{inModelSpace(localMatrix(source)), source.contains("mesh"), {}};
-        auto children = nodesOf(source["children"].toArray(), all, depth + 1);
+        auto children = nodesOf(source["children"].toArray(), all, depth + 1, unmet);
         if (!children) return std::nullopt;
         node.children = std::move(*children);
         if (node.hasMesh || !node.children.empty()) nodes.push_back(std::move(node));
@@ -101,6 +104,8 @@ std::optional<std::vector<GltfNode>> readGltfNodes(std::filesystem::path const& 
 {
     auto const document = QJsonDocument::fromJson(jsonOf(file)).object();
     auto const scene = document["scenes"].toArray().at(document["scene"].toInt(0)).toObject();
-    return nodesOf(scene["nodes"].toArray(), document["nodes"].toArray(), 0);
+    auto const nodes = document["nodes"].toArray();
+    qsizetype unmet = nodes.size();
+    return nodesOf(scene["nodes"].toArray(), nodes, 0, unmet);
 }
 } // namespace NarMetaInfra
