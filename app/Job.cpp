@@ -97,7 +97,9 @@ public:
     ExitCode run()
     {
         // A read keeps one processor busy, the graphics driver's start another.
-        if (drawing()) Graphics = std::async(std::launch::async, HPS::World::PrepareGraphics);
+        if (drawing())
+            Graphics = std::async(std::launch::async, HPS::World::PrepareGraphics, Asked.resolution.width,
+                                  Asked.resolution.height);
         if (ExitCode const code = open(); code != ExitCode::Good) return code;
         bool const nothingElse = !Asked.output && !Asked.info && !Asked.exportHsf;
         if (Asked.tree || nothingElse)

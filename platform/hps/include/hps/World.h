@@ -24,10 +24,10 @@ public:
     static UTF8 const& GetMaterialLibraryDirectory();
 
     // Opens the graphics device and prepares it for ordinary pictures, which takes the longer part of a first
-    // picture on a software driver. The one operation that may run on a thread of its own while others use
-    // the database; it has to be over before the first update of a canvas. False if there is no device: the
-    // update tells why.
-    static bool PrepareGraphics();
+    // picture on a software driver; the first canvas to be drawn should have that size in pixels. The one
+    // operation that may run on a thread of its own while others use the database; it has to be over before
+    // the first update of a canvas. False if there is no device: the update tells why.
+    static bool PrepareGraphics(int width, int height);
 };
 
 } // namespace HPS

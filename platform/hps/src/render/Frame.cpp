@@ -103,6 +103,8 @@ FrameCounts Frame::draw(Target const& target, DrawList const& list, Scene const&
     FrameCounts counts;
     Viewing const viewing(scene.camera, target.width(), target.height(), list.bounds);
     FrameBlock const block = describe(viewing, scene, target);
+    // Without perspective there is no eye that could stand within a body.
+    outside_ = !viewing.perspective || !list.bounds.contains(scene.camera.position);
     fill(frameBuffer_, std::span(&block, 1));
     glBindBufferBase(GL_UNIFORM_BUFFER, frameBlockBinding, frameBuffer_);
     if (uploaded_ != list.version) {
@@ -244,7 +246,7 @@ void Frame::submit(Batch const& batch, Scene const& scene) const
     enable(GL_BLEND, pipeline.transparent);
     glDepthMask(pipeline.transparent ? GL_FALSE : GL_TRUE);
     enable(GL_SAMPLE_ALPHA_TO_COVERAGE, pipeline.primitive == Primitive::Markers && !pipeline.transparent);
-    enable(GL_CULL_FACE, pipeline.cullBack && faces);
+    enable(GL_CULL_FACE, faces && (pipeline.cullBack || (pipeline.closed && outside_)));
     // Not the front is redefined, for the shader lights by what winds counter-clockwise, mirrored or not.
     glCullFace(pipeline.mirrored ? GL_FRONT : GL_BACK);
     GLboolean const seen = faces && scene.faceStyle == FaceStyle::HiddenLine ? GL_FALSE : GL_TRUE;

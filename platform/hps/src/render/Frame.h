@@ -54,6 +54,7 @@ private:
     void submit(Batch const& batch, Scene const& scene) const;
 
     unsigned instanceBuffer_ = 0, sortedBuffer_ = 0, commandBuffer_ = 0, frameBuffer_ = 0;
+    bool outside_ = true;        ///< the eye stands in no closed body
     std::uint64_t uploaded_ = 0; ///< version of the list in `instanceBuffer_`
     std::vector<Command> commands_;
     std::vector<Batch> batches_;

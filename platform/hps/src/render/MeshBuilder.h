@@ -1,6 +1,7 @@
 #pragma once
 #include "MeshStore.h"
 #include "Triangulator.h"
+#include "closed_mesh.h"
 #include <hps/LineKit.h>
 #include <hps/ShellKit.h>
 #include <vector>
@@ -38,6 +39,8 @@ public:
 
     /// True if a face brings a colour that is not opaque.
     bool translucent() const { return translucent_; }
+    /// True if the faces bound volumes and are turned outwards.
+    bool closed() const { return boundsVolumes(vertices_, indices_); }
 
 private:
     struct Edge {

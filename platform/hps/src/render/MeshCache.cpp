@@ -83,6 +83,7 @@ MeshCache::Drawable const& MeshCache::find(SegmentRecord const& segment, std::ui
     auto drawable = std::make_unique<Drawable>();
     drawable->mesh = gather();
     drawable->translucent = builder_.translucent();
+    drawable->closed = (part == Faces || part == PlainFaces) && builder_.closed();
     if (!drawable->mesh.empty()) ++uploads_;
     uploadMilliseconds_ += stopwatch.milliseconds();
     return *holder.drawables.emplace_back(part, std::move(drawable)).second;

@@ -25,6 +25,7 @@ public:
     struct Drawable {
         Mesh mesh;
         bool translucent = false; ///< by colours of its own
+        bool closed = false;      ///< faces that bound a volume, see `boundsVolumes`
     };
 
     /// Reads the change marks. Call it once before a compile.

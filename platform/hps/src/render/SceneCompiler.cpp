@@ -181,6 +181,7 @@ void SceneCompiler::add(MeshCache::Drawable const& drawable, Primitive primitive
     pipeline.primitive = primitive == Primitive::Lines && thin ? Primitive::ThinLines : primitive;
     pipeline.transparent = stroke.transparent() || drawable.translucent;
     pipeline.cullBack = faces && look.cullBack;
+    pipeline.closed = drawable.closed && !pipeline.transparent;
     pipeline.displacement = faces ? look.displacement : std::int16_t(0);
     Instance instance{};
     std::copy_n(stroke.colour, 4, instance.colour);

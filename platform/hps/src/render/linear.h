@@ -83,6 +83,11 @@ struct Box {
             if (!(low[i] >= -limit && low[i] <= high[i] && high[i] <= limit)) return false;
         return true;
     }
+    bool contains(Vec3 const& p) const
+    {
+        return p.x >= low[0] && p.x <= high[0] && p.y >= low[1] && p.y <= high[1] && p.z >= low[2] &&
+               p.z <= high[2];
+    }
     void add(float x, float y, float z)
     {
         low = {std::min(low[0], x), std::min(low[1], y), std::min(low[2], z)};

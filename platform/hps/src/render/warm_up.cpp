@@ -8,8 +8,6 @@ namespace HPS::render
 namespace
 {
 
-constexpr int Size = 16; // pixels
-constexpr int Samples = 4;
 constexpr std::int16_t Displacement = 16; // what bodies have that show edges
 
 Instance plain()
@@ -20,8 +18,14 @@ Instance plain()
     return instance;
 }
 
+std::unique_ptr<Target>& spareTarget()
+{
+    static auto* const spare = new std::unique_ptr<Target>; // as long-lived as the device, see there
+    return *spare;
+}
+
 // The driver compiles for each set of states, so the states have to be those of real pictures.
-void drawTiny()
+void drawInto(Target const& target)
 {
     std::array<FaceVertex, 3> corners{};
     corners[1].position[0] = corners[2].position[1] = 1;
@@ -32,14 +36,16 @@ void drawTiny()
     Mesh const lines = MeshStore::instance().addLines(segments);
 
     DrawList list;
-    list.add({false, Primitive::Faces, false, false, Displacement}, faces.range(), faces.box(), identity,
-             plain());
-    list.add({false, Primitive::ThinLines, false, false, 0}, lines.range(), lines.box(), identity, plain());
+    Pipeline body;
+    body.closed = true;
+    body.displacement = Displacement;
+    Pipeline edges;
+    edges.primitive = Primitive::ThinLines;
+    list.add(body, faces.range(), faces.box(), identity, plain());
+    list.add(edges, lines.range(), lines.box(), identity, plain());
     list.finish();
     Scene scene;
     scene.lights.resize(1);
-    Target target;
-    target.resize(Size, Size, std::min(Samples, Device::instance().maximumSamples()));
     Frame().draw(target, list, scene);
     target.resolve();
     std::vector<std::uint8_t> pixels;
@@ -48,13 +54,21 @@ void drawTiny()
 
 } // namespace
 
-bool warmUp()
+bool warmUp(int width, int height, int samples)
 {
     Device& device = Device::instance();
     if (!device.makeCurrent()) return false;
-    drawTiny();
+    auto target = std::make_unique<Target>();
+    target->resize(width, height, samples);
+    drawInto(*target);
+    spareTarget() = std::move(target);
     device.release();
     return true;
+}
+
+std::unique_ptr<Target> firstTarget()
+{
+    return spareTarget() ? std::move(spareTarget()) : std::make_unique<Target>();
 }
 
 } // namespace HPS::render

@@ -5,6 +5,7 @@
 #include "Stopwatch.h"
 #include "Target.h"
 #include "shaders.h"
+#include "warm_up.h"
 #include <array>
 
 namespace HPS
@@ -109,7 +110,7 @@ std::string CanvasPicture::update(CanvasRecord const& canvas, Window::UpdateType
     if (type == Window::UpdateType::CompileOnly) return {};
 
     Stopwatch drawing;
-    if (target_ == nullptr) target_ = std::make_unique<render::Target>();
+    if (target_ == nullptr) target_ = render::firstTarget();
     if (target_->width() != canvas.width || target_->height() != canvas.height) drawn_ = false;
     if (drawn_ && type == Window::UpdateType::Default) return {};
     target_->resize(canvas.width, canvas.height, canvas.samples);

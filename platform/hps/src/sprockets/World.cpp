@@ -1,3 +1,4 @@
+#include "records.h"
 #include "warm_up.h"
 #include <hps/World.h>
 
@@ -43,9 +44,9 @@ UTF8 const& World::GetMaterialLibraryDirectory()
     return settings().materialLibraryDirectory;
 }
 
-bool World::PrepareGraphics()
+bool World::PrepareGraphics(int width, int height)
 {
-    return render::warmUp();
+    return width > 0 && height > 0 && render::warmUp(width, height, CanvasRecord{}.samples);
 }
 
 } // namespace HPS

@@ -209,6 +209,7 @@ void numberEntities(Handle(XSControl_WorkSession) const& session, KernelDocument
                                    static_cast<std::size_t>(process->NbMapped()));
     for (Standard_Integer i = 1; i <= process->NbMapped(); ++i) {
         auto const entity = process->Mapped(i);
+        if (entity.IsNull()) continue; // what a fault has cut short leaves holes
         bool const isShape = stepModel.IsNull() ||
                              entity->IsKind(STANDARD_TYPE(StepShape_TopologicalRepresentationItem)) ||
                              entity->IsKind(STANDARD_TYPE(StepGeom_GeometricRepresentationItem));
