@@ -16,7 +16,7 @@ TEST_F(CanvasPictures, ACameraMoveMakesNothingAnew)
     picture();
     EXPECT_EQ(report().compiledViews, 1u);
     setCamera(canvas, {0, 10, 10});
-    Image const moved = picture();
+    render::Image const moved = picture();
     EXPECT_EQ(report().compiledViews, 0u);
     EXPECT_EQ(report().uploadedMeshes, 0u);
     EXPECT_EQ(moved.at(40, 23), black); // seen at a slant the square is lower
@@ -58,15 +58,15 @@ TEST_F(CanvasPictures, AnEditShowsAndUploadsOnlyWhatItTouched)
 TEST_F(CanvasPictures, AnUpdateWithoutAChangeDrawsNothing)
 {
     insertSquare(root);
-    Image const first = picture();
-    Image const again = picture();
+    render::Image const first = picture();
+    render::Image const again = picture();
     EXPECT_EQ(report().drawCalls, 0u);
     EXPECT_EQ(first.bytes, again.bytes);
-    Image const refreshed = picture(canvas, Window::UpdateType::Refresh);
+    render::Image const refreshed = picture(canvas, Window::UpdateType::Refresh);
     EXPECT_GT(report().drawCalls, 0u);
     EXPECT_EQ(report().compiledViews, 0u);
     EXPECT_EQ(first.bytes, refreshed.bytes);
-    Image const anew = picture(canvas, Window::UpdateType::Exhaustive);
+    render::Image const anew = picture(canvas, Window::UpdateType::Exhaustive);
     EXPECT_EQ(report().compiledViews, 1u);
     EXPECT_EQ(first.bytes, anew.bytes);
 }
@@ -81,8 +81,8 @@ TEST_F(CanvasPictures, TwoCanvasesShowOneModelEachInItsOwnWay)
     second.AttachModel(model);
     setCamera(other, {0, 0, 10});
     second.GetSegmentKey().GetVisibilityControl().SetEdges(false);
-    Image const here = picture();
-    Image const there = picture(other);
+    render::Image const here = picture();
+    render::Image const there = picture(other);
     EXPECT_EQ(here.at(40, 40), red);
     EXPECT_EQ(there.width, 160);
     EXPECT_EQ(there.at(80, 20), red);
@@ -102,7 +102,7 @@ TEST_F(CanvasPictures, ResizingTakesEffectAtTheNextUpdate)
     colour(root, {1, 0, 0, 1});
     picture();
     ASSERT_TRUE(canvas.SetSize(200, 50));
-    Image const image = picture();
+    render::Image const image = picture();
     EXPECT_EQ(image.bytes.size(), 200u * 50u * 4u);
     EXPECT_EQ(image.at(199, 49), red);
     unsigned width = 0, height = 0;
@@ -122,7 +122,7 @@ TEST_F(CanvasPictures, LayersLieOneAboveTheOther)
     front.AttachModel(second);
     canvas.GetAttachedLayout().AttachViewFront(front);
     setCamera(canvas, {0, 0, 10});
-    Image const image = picture();
+    render::Image const image = picture();
     EXPECT_EQ(image.at(40, 40), green);
     EXPECT_EQ(image.at(5, 5), red);
     front.Delete();

@@ -21,7 +21,7 @@ TEST_F(Fitting, FitWorldFramesWhatIsVisibleInEitherProjection)
     for (auto projection : {Camera::Projection::Orthographic, Camera::Projection::Perspective}) {
         view.GetSegmentKey().GetCameraControl().SetProjection(projection);
         ASSERT_TRUE(view.FitWorld());
-        Image const image = picture();
+        render::Image const image = picture();
         int low = 80, high = 0;
         for (int x = 0; x < 80; ++x)
             if (image.at(x, 40) == red) low = std::min(low, x), high = std::max(high, x);

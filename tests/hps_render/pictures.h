@@ -11,19 +11,25 @@
 namespace HPS::render
 {
 
+inline ShellData shellOf(std::vector<Point> points, std::vector<int> facelist)
+{
+    ShellData shell;
+    shell.points = std::move(points);
+    shell.facelist = std::move(facelist);
+    return shell;
+}
+
 inline ShellData squareShell()
 {
-    return {{{-1, -1, 0}, {1, -1, 0}, {1, 1, 0}, {-1, 1, 0}}, {4, 0, 1, 2, 3}, {}, {}};
+    return shellOf({{-1, -1, 0}, {1, -1, 0}, {1, 1, 0}, {-1, 1, 0}}, {4, 0, 1, 2, 3});
 }
 
 /// A corner of a cube cut off; `mirror` is -1 for the shape seen in a mirror at x = 0. The faces run
 /// counter-clockwise seen from outside.
 inline ShellData wedgeShell(float mirror = 1)
 {
-    ShellData shell{{{0, 0, 0}, {mirror, 0, 0}, {0, 1.2f, 0}, {0, 0, 0.8f}},
-                    {3, 0, 2, 1, 3, 0, 1, 3, 3, 0, 3, 2, 3, 1, 2, 3},
-                    {},
-                    {}};
+    ShellData shell = shellOf({{0, 0, 0}, {mirror, 0, 0}, {0, 1.2f, 0}, {0, 0, 0.8f}},
+                              {3, 0, 2, 1, 3, 0, 1, 3, 3, 0, 3, 2, 3, 1, 2, 3});
     if (mirror < 0)
         for (std::size_t at = 0; at < shell.facelist.size(); at += 4)
             std::swap(shell.facelist[at + 2], shell.facelist[at + 3]);

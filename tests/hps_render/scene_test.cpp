@@ -11,7 +11,7 @@ TEST_F(ScenePictures, AShellShowsInTheColourSetAbove)
     SegmentKey part = root.Subsegment("part");
     insertSquare(part);
     colour(root, {1, 0, 0, 1});
-    Image const image = picture();
+    render::Image const image = picture();
     for (int y = 0; y < 80; ++y)
         for (int x = 0; x < 80; ++x)
             ASSERT_EQ(image.at(x, y), x >= 20 && x < 60 && y >= 20 && y < 60 ? red : black) << x << ' ' << y;
@@ -23,7 +23,7 @@ TEST_F(ScenePictures, TheBackgroundHasTheWindowsColours)
         .GetMaterialMappingControl()
         .SetWindowColor({0, 0, 1, 1})
         .SetWindowContrastColor({1, 0, 0, 1});
-    Image const image = picture();
+    render::Image const image = picture();
     EXPECT_GT(image.at(3, 0).blue, 245);
     EXPECT_GT(image.at(3, 79).red, 245);
 }
@@ -39,7 +39,7 @@ TEST_F(ScenePictures, OneSharedPartShowsOncePerInstance)
         colour(instance, colours[i]);
         instance.IncludeSegment(part);
     }
-    Image const image = picture();
+    render::Image const image = picture();
     EXPECT_EQ(image.at(20, 40), red);
     EXPECT_EQ(image.at(40, 40), green);
     EXPECT_EQ(image.at(60, 40), blue);
@@ -61,7 +61,7 @@ TEST_F(ScenePictures, ALockedColourOfAnInstanceWinsOverThePartsOwn)
             instance.GetAttributeLockControl().SetLock(AttributeLock::Type::MaterialFaceDiffuseColor, true);
         instance.IncludeSegment(part);
     }
-    Image const image = picture();
+    render::Image const image = picture();
     EXPECT_EQ(image.at(20, 40), green);
     EXPECT_EQ(image.at(60, 40), red);
 }
@@ -86,7 +86,7 @@ TEST_F(ScenePictures, AConditionHidesABodyInOneInstanceOnly)
         instances[i].IncludeSegment(body.Up());
     }
     auto shown = [&] {
-        Image const image = picture();
+        render::Image const image = picture();
         return std::pair(image.at(20, 40) == red, image.at(60, 40) == red);
     };
     EXPECT_EQ(shown(), std::pair(true, true));
@@ -147,7 +147,7 @@ TEST_F(ScenePictures, APolygonIsAFaceWithAnOutline)
     colour(root, {1, 0, 0, 1});
     root.InsertPolygon({{-1, -1, 0}, {1, -1, 0}, {1, 1, 0}, {0, -0.5f, 0}, {-1, 1, 0}, {-1, -1, 0}});
     root.GetVisibilityControl().SetLines(false).SetEdges(false);
-    Image const image = picture();
+    render::Image const image = picture();
     EXPECT_EQ(image.at(25, 40), red);
     EXPECT_EQ(image.at(40, 30), black); // the notch
 }
@@ -158,7 +158,7 @@ TEST_F(ScenePictures, MarkersShowInTheirSize)
     root.GetMaterialMappingControl().SetMarkerColor({0, 1, 0, 1});
     root.GetMarkerAttributeControl().SetSize(10, Marker::SizeUnits::Pixels).SetSymbol("solid circle");
     root.InsertMarker(Point(0.025f, 0.025f, 0));
-    Image const image = picture();
+    render::Image const image = picture();
     EXPECT_EQ(image.at(40, 39), green);
     EXPECT_EQ(image.at(43, 39), green);
     EXPECT_EQ(image.at(47, 39), black);

@@ -56,8 +56,8 @@ protected:
         segment.GetMaterialMappingControl().SetFaceColor(c);
     }
 
-    Image picture() { return picture(canvas); }
-    static Image picture(Canvas const& of, Window::UpdateType type = Window::UpdateType::Default)
+    render::Image picture() { return picture(canvas); }
+    static render::Image picture(Canvas const& of, Window::UpdateType type = Window::UpdateType::Default)
     {
         UTF8 cause;
         EXPECT_TRUE(of.Update(type)) << (of.ShowFailure(cause) ? cause.GetBytes() : "");
