@@ -18,7 +18,7 @@ TEST_F(ShellPictures, FacesShowTheirOwnColoursUnlessTheSegmentOverridesThem)
     kit.SetFaceRGBAColorsByRange(1, {{0, 1, 0, 1}});
     root.InsertShell(kit);
     colour(root, {1, 0, 0, 1});
-    Image const own = picture();
+    render::Image const own = picture();
     EXPECT_EQ(own.at(39, 40), red);
     EXPECT_EQ(own.at(41, 40), green);
     root.GetDrawingAttributeControl().SetOverrideInternalColor(
@@ -33,7 +33,7 @@ TEST_F(ShellPictures, VertexColoursBlendOverAFace)
     RGBAColor const left(1, 0, 0), right(0, 0, 1);
     kit.SetVertexRGBAColorsByRange(0, {left, right, right, left});
     root.InsertShell(kit);
-    Image const image = picture();
+    render::Image const image = picture();
     EXPECT_GT(image.at(21, 40).red, 240);
     EXPECT_NEAR(image.at(40, 40).red, 125, 8);
     EXPECT_GT(image.at(58, 40).blue, 240);
@@ -64,7 +64,7 @@ TEST_F(ShellPictures, HolesAreOpen)
                       {-0.5f, 0.5f, 0}},
                      {4, 0, 1, 2, 3, -4, 4, 5, 6, 7});
     colour(root, {1, 0, 0, 1});
-    Image const image = picture();
+    render::Image const image = picture();
     EXPECT_EQ(image.at(40, 40), black);
     EXPECT_EQ(image.at(25, 40), red);
 }
@@ -84,11 +84,11 @@ TEST_F(ShellPictures, NormalsRuleWhicheverWayAFaceRuns)
                                         {0.3f * sign, 0.3f * sign, sign},
                                         {-0.3f * sign, 0.3f * sign, sign}});
         part.InsertShell(kit);
-        Image const image = picture();
+        render::Image const image = picture();
         part.Delete();
         return image;
     };
-    Image const straight = shown({4, 0, 1, 2, 3}, 1);
+    render::Image const straight = shown({4, 0, 1, 2, 3}, 1);
     EXPECT_NE(straight.at(30, 40), straight.at(50, 40)); // shaded like something round
     EXPECT_LE(render::difference(straight, shown({4, 3, 2, 1, 0}, 1)), 6);
     EXPECT_LE(render::difference(straight, shown({4, 0, 1, 2, 3}, -1)), 6);
