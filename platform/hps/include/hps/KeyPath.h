@@ -44,6 +44,11 @@ public:
     // The matrix from the leaf's coordinates to those above the path's root. False if a key is stale.
     bool ShowNetModellingMatrix(MatrixKit& matrix) const;
 
+    // What the path's leaf inherits, or sets itself. False if that is nothing, or if a key is stale.
+    bool ShowNetConditions(std::vector<UTF8>& conditions) const;
+    bool ShowNetTextureMatrix(MatrixKit& matrix) const;
+    bool ShowNetPriority(int& priority) const;
+
     // Takes a point from one space to another, as the window at the path's root and the camera on it show the
     // leaf. False, leaving `converted` as it is, if a key is stale, if the conversion needs a window and the
     // path has none, for a point at or behind the eye, or if a matrix on the path cannot be turned round. The

@@ -2,29 +2,16 @@
 #include <hps/Coordinate.h>
 #include <hps/DebuggingKit.h>
 #include <hps/EventDispatcher.h>
+#include <hps/HighlightControl.h>
 #include <hps/InputEvent.h>
 #include <hps/PostProcessEffectsKit.h>
 #include <hps/SegmentKey.h>
 #include <hps/SelectionOptionsKit.h>
 #include <hps/UpdateOptionsKit.h>
+#include <hps/WindowInfoKit.h>
 
 namespace HPS
 {
-
-// What is known about a canvas's window.
-class WindowInfoControl
-{
-public:
-    explicit WindowInfoControl(KeyIndex window) : window_(window) {}
-
-    // Of the part that is drawn into. False for a window that is gone.
-    bool ShowWindowPixels(unsigned int& width, unsigned int& height) const;
-    // Width over height.
-    bool ShowWindowAspectRatio(float& ratio) const;
-
-private:
-    KeyIndex window_;
-};
 
 // The segment at the head of a canvas: what is set here holds for all that the canvas shows.
 class WindowKey : public KeyOf<HPS::Type::WindowKey, SegmentKey>
@@ -32,7 +19,10 @@ class WindowKey : public KeyOf<HPS::Type::WindowKey, SegmentKey>
 public:
     using KeyOf::KeyOf;
 
-    WindowInfoControl GetWindowInfoControl() const { return WindowInfoControl(Index()); }
+    // False for a window that is gone.
+    bool ShowWindowInfo(WindowInfoKit& kit) const;
+    WindowInfoControl GetWindowInfoControl() const { return WindowInfoControl(*this); }
+    HighlightControl GetHighlightControl() const { return HighlightControl(*this); }
 
     // Options of the window: the same operations as for the attributes of a segment.
 #define HPS_WINDOW_KIT(Name)                                                                                 \

@@ -19,7 +19,8 @@ enum class Change : std::uint32_t {
         1 << 6, // the portfolios or the palette of a segment, or the definitions of the portfolio itself
     Bounding = 1 << 7, // a given volume or the exclusion of a segment
     Name = 1 << 8,
-    Removed = 1 << 9, // the object is gone; the slot may be in use by another by now
+    Removed = 1 << 9,    // the object is gone; the slot may be in use by another by now
+    Highlight = 1 << 10, // what is highlighted on a window; the slot is the window's
 };
 constexpr Change operator|(Change a, Change b)
 {

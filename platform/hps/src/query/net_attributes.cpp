@@ -1,4 +1,5 @@
 #include "net_attributes.h"
+#include "conditions.h"
 #include "kit_values.h"
 #include "merge.h"
 #include <algorithm>
@@ -43,6 +44,8 @@ std::size_t NetFold::StateHash::operator()(NetStatePointer const& state) const
     for (auto const condition : state->conditions) mix(condition);
     for (auto const portfolio : state->portfolios) mix(portfolio.slot);
     mix(std::hash<std::string>()(state->materialPalette));
+    mix(hashValue(state->textureMatrix));
+    if (state->priority) mix(std::size_t(*state->priority) + 1);
     return hash;
 }
 
@@ -72,7 +75,14 @@ NetStatePointer NetFold::state(NetStatePointer const& parent, SegmentRecord cons
 NetStatePointer NetFold::overlay(NetStatePointer const& state, SegmentRecord const& source)
 {
     NetState over = *state;
-    applyKits(over, source, over.locks);
+    applyKits(over, source.kits, over.locks);
+    return intern(std::move(over));
+}
+
+NetStatePointer NetFold::overlay(NetStatePointer const& state, std::span<KitPointer const> kits)
+{
+    NetState over = *state;
+    applyKits(over, kits, over.locks);
     return intern(std::move(over));
 }
 
@@ -98,31 +108,31 @@ NetState NetFold::compute(NetState const& parent, SegmentRecord const& segment)
         }
         net.portfolios.insert(net.portfolios.end(), extras.portfolios.begin(), extras.portfolios.end());
         if (!extras.materialPalette.empty()) net.materialPalette = extras.materialPalette;
+        if (extras.textureMatrix) net.textureMatrix = *extras.textureMatrix;
+        if (extras.priority) net.priority = extras.priority;
 
         for (auto const slot : extras.styles) {
             auto const& style = *store().at<StyleRecord>(slot);
-            if (style.condition &&
-                !std::binary_search(net.conditions.begin(), net.conditions.end(), style.condition))
-                continue;
+            if (style.condition && !holds(style.condition, net.conditions)) continue;
             auto const* const source = style.name.empty() ? store().resolve<SegmentRecord>(style.source)
                                                           : findStyle(net.portfolios, style.name);
             if (!source) continue;
-            applyKits(net, *source, net.locks | filtered(slot));
+            applyKits(net, source->kits, net.locks | filtered(slot));
             auto const& locks = valuesOf<AttributeLockData>(source->kit(KitKind::AttributeLock));
             net.locks |= lockSet(locks.locks);
             net.locks &= ~lockSet(locks.overrides);
         }
     }
-    applyKits(net, segment, net.locks);
+    applyKits(net, segment.kits, net.locks);
     auto const& locks = valuesOf<AttributeLockData>(segment.kit(KitKind::AttributeLock));
     net.locks |= lockSet(locks.locks);
     net.locks &= ~lockSet(locks.overrides);
     return net;
 }
 
-void NetFold::applyKits(NetState& state, SegmentRecord const& source, LockSet const& locked)
+void NetFold::applyKits(NetState& state, std::span<KitPointer const> kits, LockSet const& locked)
 {
-    for (auto const& block : source.kits) {
+    for (auto const& block : kits) {
         if (block->kind >= KitKind::InheritedCount) break; // sorted by kind
         auto& kit = state.kits[static_cast<std::size_t>(block->kind)];
         withKit(block->kind, [&]<class Data>(std::type_identity<Data>) {

@@ -17,6 +17,8 @@ struct NetState {
     std::vector<ConditionId> conditions;            // in force, sorted
     std::vector<KeyIndex> portfolios;               // in reach, the last one first in line
     std::string materialPalette;
+    std::optional<MatrixKit> textureMatrix;
+    std::optional<int> priority;
 
     bool operator==(NetState const&) const = default;
 
@@ -73,6 +75,8 @@ public:
 
     // Lays the attributes of a style's source over a state, as a style pushed last on it would: highlighting.
     NetStatePointer overlay(NetStatePointer const& state, SegmentRecord const& source);
+    // The same with kits of no segment.
+    NetStatePointer overlay(NetStatePointer const& state, std::span<KitPointer const> kits);
 
     std::size_t stateCount() const { return states_.size(); }
 
@@ -102,7 +106,7 @@ private:
     };
 
     NetState compute(NetState const& parent, SegmentRecord const& segment);
-    void applyKits(NetState& state, SegmentRecord const& source, LockSet const& locked);
+    void applyKits(NetState& state, std::span<KitPointer const> kits, LockSet const& locked);
     template <class Data>
     KitPointer merged(KitPointer const& base, KitPointer const& over, LockSet const& locked);
     template <class Data> KitPointer intern(Data&& data);

@@ -1,5 +1,6 @@
 #include "CanvasPicture.h"
 #include "Presenter.h"
+#include "merge.h"
 #include "records.h"
 #include "structure.h"
 #include <hps/Database.h>
@@ -60,6 +61,8 @@ Canvas CreateCanvas(WindowHandle window, UTF8 const& name, ApplicationWindowOpti
     bool smooth = true;
     unsigned int samples = 4;
     options.ShowAntiAliasCapable(smooth, samples);
+    record->options = ApplicationWindowOptionsKit::GetDefault().SetPlatformData(std::int64_t(window));
+    record->options.edit([&](ApplicationWindowOptionsData& data) { scene::merge(data, options.data()); });
     record->samples = smooth ? int(std::min(samples, 64u)) : 1;
     record->picture = std::make_unique<CanvasPicture>();
     record->presenter = makePresenter(window);

@@ -15,6 +15,13 @@ public:
     /// the window is gone.
     virtual bool showSize(int& width, int& height) const = 0;
 
+    /// The screen that the window is on. False, leaving `screen` as it is, if that is not known.
+    struct Screen {
+        unsigned int width, height; ///< pixels
+        float widthCentimetres, heightCentimetres;
+    };
+    virtual bool showScreen(Screen& /*screen*/) const { return false; }
+
     /// Brings the picture to the screen. Nothing is kept of it after the call.
     virtual void present(Picture const& picture) = 0;
 

@@ -1,5 +1,7 @@
+#include "Presenter.h"
 #include "records.h"
 #include "store.h"
+#include <hps/ApplicationWindowKey.h>
 #include <hps/KeyPath.h>
 #include <hps/SprocketPath.h>
 #include <hps/WindowKey.h>
@@ -22,6 +24,28 @@ KeyPath frontPath(Key const& window)
     return KeyPath().PushFront(window); // a window that shows nothing yet
 }
 
+// Without a screen that knows its size: 96 pixels an inch.
+constexpr float pixelsPerCentimetre = 96 / 2.54f;
+
+WindowInfoData measure(CanvasRecord const& canvas)
+{
+    auto const width = unsigned(canvas.width), height = unsigned(canvas.height);
+    Presenter::Screen screen{width, height, float(width) / pixelsPerCentimetre,
+                             float(height) / pixelsPerCentimetre};
+    if (canvas.presenter) canvas.presenter->showScreen(screen);
+    float const horizontal = float(screen.width) / screen.widthCentimetres;
+    float const vertical = float(screen.height) / screen.heightCentimetres;
+    WindowInfoData info;
+    info.physicalPixels = {screen.width, screen.height};
+    info.physicalSize = {screen.widthCentimetres, screen.heightCentimetres};
+    info.windowPixels = {width, height};
+    info.windowSize = {float(width) / horizontal, float(height) / vertical};
+    info.resolution = {horizontal, vertical};
+    info.windowAspectRatio = float(width) / float(height);
+    info.pixelAspectRatio = vertical / horizontal;
+    return info;
+}
+
 } // namespace
 
 EventDispatcher WindowKey::GetEventDispatcher() const
@@ -42,21 +66,25 @@ bool WindowKey::ConvertCoordinate(Coordinate::Space from, std::vector<Point> con
     return frontPath(*this).ConvertCoordinate(from, points, to, converted);
 }
 
-bool WindowInfoControl::ShowWindowPixels(unsigned int& width, unsigned int& height) const
+bool WindowKey::ShowWindowInfo(WindowInfoKit& kit) const
 {
-    auto const* const canvas = Registry::instance().findWindow(window_);
-    if (canvas == nullptr) return false;
-    width = unsigned(canvas->width);
-    height = unsigned(canvas->height);
-    return true;
+    auto const* const canvas = Registry::instance().findWindow(Index());
+    kit.edit([&](WindowInfoData& info) { info = canvas ? measure(*canvas) : WindowInfoData(); });
+    return canvas != nullptr;
 }
 
-bool WindowInfoControl::ShowWindowAspectRatio(float& ratio) const
+WindowInfoData WindowInfoControl::data() const
 {
-    unsigned int width = 0, height = 0;
-    if (!ShowWindowPixels(width, height)) return false;
-    ratio = float(width) / float(height);
-    return true;
+    WindowInfoKit kit;
+    WindowKey(window_).ShowWindowInfo(kit);
+    return kit.data();
+}
+
+bool ApplicationWindowKey::ShowWindowOptions(ApplicationWindowOptionsKit& kit) const
+{
+    auto const* const canvas = Registry::instance().findWindow(Index());
+    kit = canvas ? canvas->options : ApplicationWindowOptionsKit();
+    return canvas != nullptr;
 }
 
 } // namespace HPS

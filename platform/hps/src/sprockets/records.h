@@ -1,6 +1,7 @@
 // What stands behind the sprocket handles.
 #pragma once
 #include "SlotTable.h"
+#include <hps/ApplicationWindowOptionsKit.h>
 #include <hps/CameraKit.h>
 #include <hps/Canvas.h>
 #include <hps/SegmentKey.h>
@@ -53,6 +54,7 @@ struct CanvasRecord {
     float frameRate = 0;
     int width = 1280, height = 720; ///< pixels
     int samples = 4;
+    ApplicationWindowOptionsKit options; ///< as it was made
     std::unique_ptr<CanvasPicture> picture;
     std::unique_ptr<Presenter> presenter; ///< null where no window shows the canvas
     UpdateReport report;
