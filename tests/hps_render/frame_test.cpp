@@ -31,8 +31,8 @@ TEST_F(FramePictures, RowsRunFromTheTopDown)
 
 TEST_F(FramePictures, TheBackgroundRunsFromTopToBottom)
 {
-    scene.backgroundTop[2] = 1;
-    scene.backgroundBottom[0] = 1;
+    scene.background.top[2] = 1;
+    scene.background.bottom[0] = 1;
     Image const image = picture(10, 100);
     EXPECT_LE(image.at(5, 0).red, 2);
     EXPECT_GE(image.at(5, 0).blue, 253);
@@ -106,7 +106,7 @@ TEST_P(Lit, AMirroredShapeIsLitAndCulledLikeTheShapeItself)
     Mesh const plain = wedge(), made = wedge(-1);
     scene.camera.position = {4, 5, 6};
     scene.camera.perspective = GetParam().perspective;
-    scene.lights.push_back({{1, 0, -1.5}, {0.5f, 0.5f, 0.5f}, true});
+    scene.lights.distant.push_back({{1, 0, -1.5}, {0.5f, 0.5f, 0.5f}, true});
     Pipeline pipeline;
     pipeline.cullBack = GetParam().culled;
     Mat4 mirror = identity;
@@ -124,7 +124,7 @@ TEST_F(FramePictures, CullingClosedShapesChangesNothing)
 {
     Mesh const shape = wedge();
     scene.camera.position = {4, 5, 6};
-    scene.lights.push_back({});
+    scene.lights.distant.push_back({});
     add(shape, identity, coloured(green));
     Image const open = picture();
     list.clear();
@@ -137,7 +137,7 @@ TEST_F(FramePictures, CullingClosedShapesChangesNothing)
 TEST_F(FramePictures, BothSidesOfAFaceAreLitAlike)
 {
     Mesh const mesh = square();
-    scene.lights.push_back({{0, 0, -1}, {0.5f, 0.5f, 0.5f}, true});
+    scene.lights.distant.push_back({{0, 0, -1}, {0.5f, 0.5f, 0.5f}, true});
     add(mesh, identity, coloured({100, 150, 200}));
     Image const front = picture();
     scene.camera.position = {0, 0, -10};
@@ -147,7 +147,7 @@ TEST_F(FramePictures, BothSidesOfAFaceAreLitAlike)
 TEST_F(FramePictures, EverySideOfALitShapeHasAShadeOfItsOwn)
 {
     Mesh const mesh = square();
-    scene.lights.push_back({{1, 0, -1.5}, {0.5f, 0.5f, 0.5f}, true});
+    scene.lights.distant.push_back({{1, 0, -1.5}, {0.5f, 0.5f, 0.5f}, true});
     auto shade = [&](Vec3 const& toViewer) { // of a square turned away from the viewer
         scene.camera.position = toViewer;
         list.clear();
@@ -233,7 +233,7 @@ TEST_F(FramePictures, TheSameListGivesTheSameBytes)
 {
     Mesh const shape = wedge();
     scene.camera.position = {4, 5, 6};
-    scene.lights.push_back({{1, 0, -1.5}, {0.5f, 0.5f, 0.5f}, true});
+    scene.lights.distant.push_back({{1, 0, -1.5}, {0.5f, 0.5f, 0.5f}, true});
     for (int i = 0; i < 40; ++i)
         add(shape, placed(0.03 * i - 0.6, 0.02 * i, 0), coloured({6 * i, 200, 90, i % 3 == 0 ? 120 : 255}));
     Image const first = picture(160, 120);

@@ -1,7 +1,6 @@
 #include "SceneCompiler.h"
 #include "geometry_records.h"
 #include "walk.h"
-#include <hps/CameraKit.h>
 
 namespace HPS::render
 {
@@ -10,38 +9,11 @@ namespace
 
 using namespace scene;
 
-Vec3 vec(HPS::Point const& p)
-{
-    return {p.x, p.y, p.z};
-}
-Vec3 vec(Vector const& v)
-{
-    return {v.x, v.y, v.z};
-}
-
 Mat4 wide(MatrixKit const& matrix)
 {
     Mat4 result;
     std::copy_n(matrix.Data(), 16, result.begin());
     return result;
-}
-
-/// A plain colour without alpha, or the material of the palette that stands for it.
-RGBColor colourOf(std::optional<SimpleMaterial> const& material, Palette const& palette,
-                  RGBColor const& fallback)
-{
-    if (!material) return fallback;
-    if (material->color) return *material->color;
-    if (!material->index || palette == nullptr || !(*material->index >= 0)) return fallback;
-    auto const index = std::size_t(*material->index + 0.5f);
-    return index < palette->size() ? (*palette)[index].data().diffuseColor.value_or(fallback) : fallback;
-}
-
-void put(float (&out)[3], RGBColor const& colour)
-{
-    out[0] = colour.red;
-    out[1] = colour.green;
-    out[2] = colour.blue;
 }
 
 constexpr Change withoutEffect = Change::Name | Change::Bounding;
@@ -100,7 +72,7 @@ SceneCompiler::Result SceneCompiler::update(std::span<KeyIndex const> path, bool
         result.uploadedMeshes = meshes.uploads() - uploads;
         result.uploadMilliseconds = meshes.uploadMilliseconds() - time;
     }
-    readScene(window != nullptr ? *window : *view, *view);
+    readScene({window != nullptr ? *window : *view, *view});
     return result;
 }
 
@@ -125,12 +97,11 @@ void SceneCompiler::makeList(NetAttributes const& above, SegmentRecord const& vi
 {
     MeshCache& meshes = MeshCache::instance();
     list_.clear();
-    scene_.lights.clear();
+    scene_.lights = {};
     walk(fold_, above, view, [&](SegmentRecord const& segment, NetAttributes const& net) {
         if (segment.geometry.empty()) return true;
         MeshCache::Content const& content = meshes.content(segment);
-        for (SlotIndex slot : content.lights)
-            if (auto const* const light = store().at<DistantLightRecord>(slot)) readLight(light->data, net);
+        for (SlotIndex slot : content.scenery) readScenery(slot, net);
         if (content.faces || content.chains || content.markers)
             draw(segment, lookOf(net.state), wide(net.matrix));
         return true;
@@ -190,38 +161,19 @@ void SceneCompiler::add(MeshCache::Drawable const& drawable, Primitive primitive
     list_.add(pipeline, drawable.mesh.range(), drawable.mesh.box(), matrix, instance);
 }
 
-void SceneCompiler::readLight(DistantLightData const& data, NetAttributes const& net)
+void SceneCompiler::readScenery(SlotIndex slot, NetAttributes const& net)
 {
-    auto const& visibility = net.state->get<VisibilityData>();
-    if (!visibility.shows(VisibilityKinds::FaceLights, true)) return;
-    DistantLight light;
-    RGBColor const inherited =
-        colourOf(net.state->get<MaterialMappingData>().light, net.state->palette(), {1, 1, 1});
-    put(light.colour, colourOf(data.color, net.state->palette(), inherited));
-    light.direction = vec(data.cameraRelative ? data.direction : net.matrix.Transform(data.direction));
-    light.cameraRelative = data.cameraRelative;
-    scene_.lights.push_back(light);
+    if (auto const* const light = store().at<DistantLightRecord>(slot))
+        readDistantLight(scene_.lights, light->data, net);
 }
 
-void SceneCompiler::readScene(NetState const& window, NetState const& view)
+void SceneCompiler::readScene(SceneSources const& sources)
 {
-    CameraData const set = view.get<CameraData>();
-    CameraData const fallback = CameraKit::GetDefault().data();
-    auto value = [&](auto slot) { return set.*slot ? *(set.*slot) : *(fallback.*slot); };
-    Camera camera;
-    camera.position = vec(value(&CameraData::position));
-    camera.target = vec(value(&CameraData::target));
-    camera.up = vec(value(&CameraData::upVector));
-    std::tie(camera.fieldWidth, camera.fieldHeight) = value(&CameraData::field);
-    auto const projection = std::get<0>(value(&CameraData::projection));
-    camera.perspective = projection != HPS::Camera::Projection::Orthographic;
-    scene_.camera = camera;
-
-    auto const& materials = window.get<MaterialMappingData>();
-    RGBColor const top = colourOf(materials.window, window.palette(), {1, 1, 1});
-    put(scene_.backgroundTop, top);
-    // A window without a contrast colour is of one colour.
-    put(scene_.backgroundBottom, colourOf(materials.windowContrast, window.palette(), top));
+    scene_.camera = readCamera(sources);
+    scene_.background = readBackground(sources);
+    scene_.transparency = readTransparency(sources);
+    scene_.shadows = readShadows(sources);
+    scene_.effects = readEffects(sources);
 }
 
 } // namespace HPS::render

@@ -3,6 +3,7 @@
 #include "Look.h"
 #include "MeshCache.h"
 #include "net_attributes.h"
+#include "read_scene.h"
 #include <span>
 #include <unordered_map>
 
@@ -27,7 +28,7 @@ public:
 
     DrawList const& list() const { return list_; }
 
-    /// Camera, lights and background; the rest is the caller's.
+    /// What the segments say; quality, face style and whether there is a background are the caller's.
     Scene const& scene() const { return scene_; }
 
 private:
@@ -47,8 +48,8 @@ private:
     void draw(scene::SegmentRecord const& segment, Look const& look, Mat4 const& matrix);
     void add(MeshCache::Drawable const& drawable, Primitive primitive, Look::Stroke const& stroke,
              Look const& look, Mat4 const& matrix);
-    void readScene(scene::NetState const& window, scene::NetState const& view);
-    void readLight(DistantLightData const& light, scene::NetAttributes const& net);
+    void readScene(SceneSources const& sources);
+    void readScenery(scene::SlotIndex slot, scene::NetAttributes const& net);
 
     scene::NetFold fold_;
     scene::ChangeCursor cursor_;

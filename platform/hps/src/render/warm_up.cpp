@@ -1,6 +1,7 @@
 #include "warm_up.h"
 #include "Device.h"
 #include "Frame.h"
+#include "MeshStore.h"
 #include <array>
 
 namespace HPS::render
@@ -45,7 +46,7 @@ void drawInto(Target const& target)
     list.add(edges, lines.range(), lines.box(), identity, plain());
     list.finish();
     Scene scene;
-    scene.lights.resize(1);
+    scene.lights.distant.resize(1);
     Frame().draw(target, list, scene);
     target.resolve();
     std::vector<std::uint8_t> pixels;

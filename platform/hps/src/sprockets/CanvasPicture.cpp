@@ -2,9 +2,9 @@
 #include "Device.h"
 #include "Frame.h"
 #include "SceneCompiler.h"
+#include "ShaderLibrary.h"
 #include "Stopwatch.h"
 #include "Target.h"
-#include "shaders.h"
 #include "warm_up.h"
 #include <array>
 
@@ -80,7 +80,7 @@ void CanvasPicture::draw(UpdateReport& report)
     }
     for (std::size_t i = 0; i < layers_.size(); ++i) {
         render::Scene scene = layers_[i].compiler->scene();
-        scene.background = i == 0;
+        scene.background.shown = i == 0;
         scene.faceStyle = faceStyle(layers_[i].mode);
         auto const counts = layers_[i].frame->draw(*target_, layers_[i].compiler->list(), scene);
         report.triangles += counts.triangles;
@@ -117,8 +117,9 @@ std::string CanvasPicture::update(CanvasRecord const& canvas, Window::UpdateType
     draw(report);
     target_->resolve();
     report.drawMilliseconds = drawing.milliseconds();
-    drawn_ = *render::programFailure() == '\0';
-    return drawn_ ? std::string() : "A shader was refused: " + std::string(render::programFailure());
+    std::string const& refused = render::ShaderLibrary::instance().failure();
+    drawn_ = refused.empty();
+    return drawn_ ? std::string() : "A shader was refused: " + refused;
 }
 
 bool CanvasPicture::read(Picture& picture) const

@@ -19,11 +19,18 @@ public:
     /// What a segment holds by itself.
     struct Content {
         bool faces = false, chains = false, markers = false;
-        std::vector<scene::SlotIndex> lights;
-        bool empty() const { return !faces && !chains && !markers && lights.empty(); }
+        std::vector<scene::SlotIndex> scenery; ///< what is no mesh but acts on those: lights, sections
+        bool empty() const { return !faces && !chains && !markers && scenery.empty(); }
+    };
+    /// The indices that one piece of geometry has in a mesh.
+    struct Part {
+        scene::SlotIndex geometry;
+        std::uint32_t firstIndex; ///< counted from the mesh's own first
+        std::uint32_t indexCount;
     };
     struct Drawable {
         Mesh mesh;
+        std::vector<Part> parts;  ///< in the order of their indices; those without any are left out
         bool translucent = false; ///< by colours of its own
         bool closed = false;      ///< faces that bound a volume, see `boundsVolumes`
     };
@@ -45,7 +52,7 @@ public:
 
 private:
     /// Which mesh of a segment; edges have one for each choice.
-    enum Part : std::uint8_t { Faces, PlainFaces, Lines, Markers, Vertices, FirstEdges };
+    enum Kind : std::uint8_t { Faces, PlainFaces, Lines, Markers, Vertices, FirstEdges };
     struct Entry {
         std::uint32_t generation = 0;
         Content content;
@@ -54,13 +61,15 @@ private:
     MeshCache() = default;
     Entry& entry(scene::SegmentRecord const& segment);
     template <class Gather>
-    Drawable const& find(scene::SegmentRecord const& segment, std::uint8_t part, Gather gather);
+    Drawable const& find(scene::SegmentRecord const& segment, std::uint8_t kind, Gather gather);
+    template <class Record, class Add> void gather(scene::SegmentRecord const& segment, Add const& add);
     void drop(scene::SlotIndex slot);
 
     scene::ChangeCursor cursor_;
     std::vector<scene::ChangeMark> marks_;        ///< work space
     std::vector<std::unique_ptr<Entry>> entries_; ///< by the segments' slots; null until drawn
     MeshBuilder builder_;
+    std::vector<Part> parts_; ///< of what is gathered in the builder
     std::uint32_t uploads_ = 0;
     double uploadMilliseconds_ = 0;
 };

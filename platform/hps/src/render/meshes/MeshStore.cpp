@@ -1,6 +1,6 @@
 #include "MeshStore.h"
 #include "Device.h"
-#include "shaders.h"
+#include "bindings.h"
 #include <cstddef>
 #include <epoxy/gl.h>
 #include <utility>
@@ -51,6 +51,7 @@ constexpr Format instanceFormats[] = {
     {Colour, 4, GL_UNSIGNED_BYTE, true, offsetof(Instance, colour)},
     {Size, 1, GL_FLOAT, false, offsetof(Instance, size)},
     {Flags, 1, GL_UNSIGNED_INT, false, offsetof(Instance, flags)},
+    {MaterialRowAttribute, 1, GL_UNSIGNED_INT, false, offsetof(Instance, material)},
 };
 
 constexpr GLsizei vertexSizes[primitiveCount] = {sizeof(FaceVertex), sizeof(LineSegment), sizeof(LineSegment),

@@ -1,6 +1,7 @@
 #pragma once
 #include "Arena.h"
-#include "DrawList.h"
+#include "Instance.h"
+#include "linear.h"
 #include <memory>
 #include <span>
 

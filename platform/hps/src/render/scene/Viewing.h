@@ -1,5 +1,5 @@
 #pragma once
-#include "DrawList.h"
+#include "Camera.h"
 
 namespace HPS::render
 {

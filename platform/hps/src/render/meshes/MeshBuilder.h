@@ -37,6 +37,12 @@ public:
     Mesh uploadLines() const { return MeshStore::instance().addLines(segments_); }
     Mesh uploadMarkers() const { return MeshStore::instance().addMarkers(points_); }
 
+    /// That the mesh has so far; it holds one kind of primitive.
+    std::uint32_t indexCount() const
+    {
+        return std::uint32_t(indices_.size() + 6 * (segments_.size() + points_.size()));
+    }
+
     /// True if a face brings a colour that is not opaque.
     bool translucent() const { return translucent_; }
     /// True if the faces bound volumes and are turned outwards.

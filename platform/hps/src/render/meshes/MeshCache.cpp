@@ -10,13 +10,6 @@ namespace
 
 using namespace scene;
 
-/// Calls use(data) for all geometry of a type in a segment, in the order of insertion.
-template <class Record, class F> void forEach(SegmentRecord const& segment, F const& use)
-{
-    for (SlotIndex slot : segment.geometry)
-        if (auto const* const geometry = store().at<Record>(slot)) use(geometry->data);
-}
-
 MeshCache::Content contentOf(SegmentRecord const& segment)
 {
     MeshCache::Content content;
@@ -27,7 +20,7 @@ MeshCache::Content contentOf(SegmentRecord const& segment)
         content.faces = content.faces || type == Type::ShellKey || type == Type::PolygonKey;
         content.chains = content.chains || type == Type::LineKey;
         content.markers = content.markers || type == Type::MarkerKey;
-        if (type == Type::DistantLightKey) content.lights.push_back(slot);
+        if (type == Type::DistantLightKey) content.scenery.push_back(slot);
     }
     return content;
 }
@@ -72,28 +65,43 @@ MeshCache::Entry& MeshCache::entry(SegmentRecord const& segment)
     return *slot;
 }
 
+/// Calls add(data) for all geometry of a type in a segment, in the order of insertion.
+template <class Record, class Add> void MeshCache::gather(SegmentRecord const& segment, Add const& add)
+{
+    for (SlotIndex slot : segment.geometry) {
+        auto const* const geometry = store().at<Record>(slot);
+        if (geometry == nullptr) continue;
+        std::uint32_t const first = builder_.indexCount();
+        add(geometry->data);
+        if (std::uint32_t const count = builder_.indexCount() - first; count > 0)
+            parts_.push_back({slot, first, count});
+    }
+}
+
 template <class Gather>
-MeshCache::Drawable const& MeshCache::find(SegmentRecord const& segment, std::uint8_t part, Gather gather)
+MeshCache::Drawable const& MeshCache::find(SegmentRecord const& segment, std::uint8_t kind, Gather gather)
 {
     Entry& holder = entry(segment);
     for (auto const& [known, drawable] : holder.drawables)
-        if (known == part) return *drawable;
+        if (known == kind) return *drawable;
     Stopwatch stopwatch;
     builder_.clear();
+    parts_.clear();
     auto drawable = std::make_unique<Drawable>();
     drawable->mesh = gather();
+    drawable->parts = std::move(parts_);
     drawable->translucent = builder_.translucent();
-    drawable->closed = (part == Faces || part == PlainFaces) && builder_.closed();
+    drawable->closed = (kind == Faces || kind == PlainFaces) && builder_.closed();
     if (!drawable->mesh.empty()) ++uploads_;
     uploadMilliseconds_ += stopwatch.milliseconds();
-    return *holder.drawables.emplace_back(part, std::move(drawable)).second;
+    return *holder.drawables.emplace_back(kind, std::move(drawable)).second;
 }
 
 MeshCache::Drawable const& MeshCache::faces(SegmentRecord const& segment, bool plain)
 {
     return find(segment, plain ? PlainFaces : Faces, [&] {
-        forEach<ShellRecord>(segment, [&](ShellData const& shell) { builder_.addShellFaces(shell, plain); });
-        forEach<PolygonRecord>(segment, [&](PointChain const& chain) { builder_.addPolygonFace(chain); });
+        gather<ShellRecord>(segment, [&](ShellData const& shell) { builder_.addShellFaces(shell, plain); });
+        gather<PolygonRecord>(segment, [&](PointChain const& chain) { builder_.addPolygonFace(chain); });
         return builder_.uploadFaces();
     });
 }
@@ -102,9 +110,9 @@ MeshCache::Drawable const& MeshCache::edges(SegmentRecord const& segment, EdgeCh
 {
     int const bits = (choice.all ? 1 : 0) + (choice.perimeter ? 2 : 0) + (choice.hard ? 4 : 0);
     return find(segment, std::uint8_t(FirstEdges + bits), [&] {
-        forEach<ShellRecord>(segment, [&](ShellData const& shell) { builder_.addShellEdges(shell, choice); });
+        gather<ShellRecord>(segment, [&](ShellData const& shell) { builder_.addShellEdges(shell, choice); });
         if (choice.all || choice.perimeter)
-            forEach<PolygonRecord>(segment, [&](PointChain const& chain) { builder_.addPolygonEdge(chain); });
+            gather<PolygonRecord>(segment, [&](PointChain const& chain) { builder_.addPolygonEdge(chain); });
         return builder_.uploadLines();
     });
 }
@@ -112,7 +120,7 @@ MeshCache::Drawable const& MeshCache::edges(SegmentRecord const& segment, EdgeCh
 MeshCache::Drawable const& MeshCache::lines(SegmentRecord const& segment)
 {
     return find(segment, Lines, [&] {
-        forEach<LineRecord>(segment, [&](PointChain const& chain) { builder_.addLine(chain); });
+        gather<LineRecord>(segment, [&](PointChain const& chain) { builder_.addLine(chain); });
         return builder_.uploadLines();
     });
 }
@@ -120,7 +128,7 @@ MeshCache::Drawable const& MeshCache::lines(SegmentRecord const& segment)
 MeshCache::Drawable const& MeshCache::markers(SegmentRecord const& segment)
 {
     return find(segment, Markers, [&] {
-        forEach<MarkerRecord>(segment, [&](MarkerData const& marker) { builder_.addMarker(marker.point); });
+        gather<MarkerRecord>(segment, [&](MarkerData const& marker) { builder_.addMarker(marker.point); });
         return builder_.uploadMarkers();
     });
 }
@@ -128,7 +136,7 @@ MeshCache::Drawable const& MeshCache::markers(SegmentRecord const& segment)
 MeshCache::Drawable const& MeshCache::vertices(SegmentRecord const& segment)
 {
     return find(segment, Vertices, [&] {
-        forEach<ShellRecord>(segment, [&](ShellData const& shell) { builder_.addShellVertices(shell); });
+        gather<ShellRecord>(segment, [&](ShellData const& shell) { builder_.addShellVertices(shell); });
         return builder_.uploadMarkers();
     });
 }

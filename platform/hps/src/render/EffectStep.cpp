@@ -1,0 +1,10 @@
+#include "EffectStep.h"
+
+namespace HPS::render
+{
+
+void EffectStep::begin(FrameContext const&) {}
+
+void EffectStep::finish(FrameContext const&) {}
+
+} // namespace HPS::render

@@ -1,0 +1,8 @@
+#include "HighlightStep.h"
+
+namespace HPS::render
+{
+
+void HighlightStep::draw(FrameContext const&) {}
+
+} // namespace HPS::render

@@ -1,0 +1,8 @@
+#include "OverlayStep.h"
+
+namespace HPS::render
+{
+
+void OverlayStep::draw(FrameContext const&) {}
+
+} // namespace HPS::render

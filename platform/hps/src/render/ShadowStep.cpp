@@ -1,0 +1,8 @@
+#include "ShadowStep.h"
+
+namespace HPS::render
+{
+
+void ShadowStep::draw(FrameContext const&) {}
+
+} // namespace HPS::render

@@ -1,0 +1,31 @@
+#include "TransparentStep.h"
+
+namespace HPS::render
+{
+
+void TransparentStep::draw(FrameContext const& context, VisibleRecords const& visible)
+{
+    if (visible.transparent().empty()) return;
+    calls_.clear();
+    sorted_.clear();
+    buffer_.create();
+    for (auto const& [depth, i] : visible.transparent()) {
+        Record const& record = context.list.records[i];
+        auto emit = [&](std::uint32_t side) {
+            calls_.push(record.pipeline, buffer_.name(), record.range, std::uint32_t(sorted_.size()));
+            sorted_.push_back(context.list.instances[i]);
+            sorted_.back().flags |= side;
+        };
+        // Both halves of one body in order, in one call with all others: the shader drops the other half.
+        if (record.pipeline.primitive == Primitive::Faces) {
+            emit(BackOnly);
+            emit(FrontOnly);
+        } else {
+            emit(0);
+        }
+    }
+    buffer_.fill(std::span<Instance const>(sorted_));
+    calls_.submit(context);
+}
+
+} // namespace HPS::render

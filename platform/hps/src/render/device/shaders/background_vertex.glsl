@@ -1,0 +1,7 @@
+#include "background.glsl"
+out vec3 tint;
+void main() {
+    vec2 corner = vec2((gl_VertexID & 1) * 4 - 1, (gl_VertexID & 2) * 2 - 1);
+    tint = mix(backgroundBottom.rgb, backgroundTop.rgb, corner.y * 0.5 + 0.5);
+    gl_Position = vec4(corner, 0.0, 1.0);
+}

@@ -1,0 +1,3 @@
+flat in vec4 tint;
+layout(location = 0) out vec4 result;
+void main() { result = tint; }

@@ -1,0 +1,14 @@
+#include "instance.glsl"
+flat out vec4 tint;
+flat out uint glyph;
+flat out float radius;
+out vec2 place;
+void main() {
+    gl_Position = projection * vec4(toView(position), 1.0);
+    radius = 0.5 * pixels(gl_Position.w);
+    // One pixel of margin for the soft rim.
+    place = vec2((gl_VertexID & 2) - 1, (gl_VertexID & 1) * 2 - 1) * (radius + 1.0);
+    gl_Position.xy += place * 2.0 / viewport.xy * gl_Position.w;
+    tint = colour;
+    glyph = flags >> 8;
+}

@@ -1,0 +1,29 @@
+// From what holds in a window and a view to the themes of a scene, one function each.
+#pragma once
+#include "Scene.h"
+#include "net_attributes.h"
+
+namespace HPS
+{
+struct DistantLightData;
+}
+
+namespace HPS::render
+{
+
+/// What holds at the two places that a scene is read from.
+struct SceneSources {
+    scene::NetState const& window; ///< at the canvas's window
+    scene::NetState const& view;   ///< at the view's segment
+};
+
+Camera readCamera(SceneSources const& sources);
+Background readBackground(SceneSources const& sources);
+Transparency readTransparency(SceneSources const& sources);
+Shadows readShadows(SceneSources const& sources);
+Effects readEffects(SceneSources const& sources);
+
+// Lights and sections are found among the geometry of segments, with what holds there.
+void readDistantLight(Lights& lights, DistantLightData const& light, scene::NetAttributes const& net);
+
+} // namespace HPS::render
