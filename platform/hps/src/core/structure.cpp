@@ -159,7 +159,11 @@ bool standsBelow(SegmentRecord const& segment, SegmentRecord const& top)
 
 IncludeRecord* createInclude(SegmentRecord& owner, SegmentRecord& target)
 {
-    if (standsBelow(owner, target)) return nullptr;
+    return standsBelow(owner, target) ? nullptr : &addInclude(owner, target);
+}
+
+IncludeRecord& addInclude(SegmentRecord& owner, SegmentRecord& target)
+{
     auto& include = store().create<IncludeRecord>(HPS::Type::IncludeKey);
     include.owner = owner.slot;
     include.target = target.slot;
@@ -167,7 +171,47 @@ IncludeRecord* createInclude(SegmentRecord& owner, SegmentRecord& target)
     target.includers.push_back(include.slot);
     invalidateBounds(owner);
     noteChange(owner, Change::Structure);
-    return &include;
+    return include;
+}
+
+std::string freeName(SegmentRecord const& owner, std::string const& name)
+{
+    if (!findChild(owner, name)) return name;
+    for (std::size_t number = 2;; ++number) {
+        auto numbered = name + " (" + std::to_string(number) + ')';
+        if (!findChild(owner, numbered)) return numbered;
+    }
+}
+
+void moveContents(SegmentRecord& from, SegmentRecord& to)
+{
+    auto& all = store();
+    for (auto const slot : std::exchange(from.children, {})) {
+        auto& child = *all.at<SegmentRecord>(slot);
+        child.name = freeName(to, child.name);
+        child.owner = to.slot;
+        to.children.push_back(slot);
+        indexName(to, child);
+    }
+    for (auto const slot : std::exchange(from.includes, {})) {
+        all.at<IncludeRecord>(slot)->owner = to.slot;
+        to.includes.push_back(slot);
+    }
+    for (auto const slot : std::exchange(from.geometry, {})) {
+        all.at<GeometryRecord>(slot)->owner = to.slot;
+        to.geometry.push_back(slot);
+    }
+    if (from.extras) {
+        from.extras->childrenByName.clear();
+        for (auto const slot : std::exchange(from.extras->styles, {})) {
+            all.at<StyleRecord>(slot)->owner = to.slot;
+            to.rare().styles.push_back(slot);
+        }
+    }
+    for (auto* const segment : {&from, &to}) {
+        invalidateBounds(*segment);
+        noteChange(*segment, Change::Structure | Change::Styles);
+    }
 }
 
 void remove(Record& record)

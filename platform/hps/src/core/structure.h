@@ -17,6 +17,14 @@ bool standsBelow(SegmentRecord const& segment, SegmentRecord const& top);
 
 // Null if the include would close a circle.
 IncludeRecord* createInclude(SegmentRecord& owner, SegmentRecord& target);
+// For who knows that no circle closes.
+IncludeRecord& addInclude(SegmentRecord& owner, SegmentRecord& target);
+
+// Hands children, includes, geometry and styles of `from` to `to`, which must not stand below it. A child
+// whose name is taken there gets a number behind it.
+void moveContents(SegmentRecord& from, SegmentRecord& to);
+// `name`, or if a child of `owner` has it, the name with the first number behind it that is free.
+std::string freeName(SegmentRecord const& owner, std::string const& name);
 
 // Each removes the object with all that it holds, and all includes of a segment.
 void remove(Record& record);

@@ -1,4 +1,5 @@
 #include "user_data.h"
+#include <array>
 #include <cstring>
 
 namespace HPS::scene
@@ -34,17 +35,27 @@ void UserData::unset(std::int64_t index)
     --count_;
 }
 
+void UserData::insert(std::size_t offset, std::int64_t index, std::span<byte const> bytes)
+{
+    auto const count = static_cast<std::uint32_t>(bytes.size());
+    std::array<byte, headerSize> header{};
+    std::memcpy(header.data(), &index, sizeof index);
+    std::memcpy(header.data() + sizeof index, &count, sizeof count);
+    auto const at = buffer_.begin() + static_cast<std::ptrdiff_t>(offset);
+    auto const behind = buffer_.insert(at, header.begin(), header.end()) + headerSize;
+    buffer_.insert(behind, bytes.begin(), bytes.end());
+    ++count_;
+}
+
 void UserData::set(std::int64_t index, std::span<byte const> bytes)
 {
     unset(index);
-    auto const at = find(index);
-    auto const count = static_cast<std::uint32_t>(bytes.size());
-    std::vector<byte> entry(headerSize + bytes.size());
-    std::memcpy(entry.data(), &index, sizeof index);
-    std::memcpy(entry.data() + sizeof index, &count, sizeof count);
-    if (count) std::memcpy(entry.data() + headerSize, bytes.data(), count);
-    buffer_.insert(buffer_.begin() + static_cast<std::ptrdiff_t>(at), entry.begin(), entry.end());
-    ++count_;
+    insert(find(index), index, bytes);
+}
+
+void UserData::append(std::int64_t index, std::span<byte const> bytes)
+{
+    insert(buffer_.size(), index, bytes);
 }
 
 } // namespace HPS::scene

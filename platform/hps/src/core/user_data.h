@@ -15,6 +15,8 @@ public:
     };
 
     void set(std::int64_t index, std::span<byte const> bytes);
+    // The same for an index above all that there are; takes no search.
+    void append(std::int64_t index, std::span<byte const> bytes);
     void unset(std::int64_t index);
     std::size_t size() const { return count_; }
 
@@ -29,6 +31,7 @@ public:
     }
 
 private:
+    void insert(std::size_t offset, std::int64_t index, std::span<byte const> bytes);
     static constexpr std::size_t headerSize = sizeof(std::int64_t) + sizeof(std::uint32_t);
     Entry entryAt(std::size_t offset) const;
     // Offset of the first entry whose index is not below `index`.

@@ -1,73 +1,73 @@
-#include "scene_writer.h"
+#include "NewFile.h"
+#include "SceneExporter.h"
+#include "SceneImporter.h"
+#include "StreamTask.h"
 #include "store.h"
 #include <cerrno>
 #include <cstring>
-#include <filesystem>
-#include <fstream>
 
 namespace HPS::Stream
 {
 namespace
 {
+using namespace scene;
 
-// A file that takes its name only when it is whole, and is gone if it never is.
-class NewFile
+// A scene that changed between two steps is begun again from its start.
+Steps exportScene(std::filesystem::path name, KeyIndex segment, ExportOptionsKit options)
 {
-public:
-    explicit NewFile(std::filesystem::path name) : name_(std::move(name)), temporary_(name_)
-    {
-        temporary_ += ".part";
-        errno = 0;
-        out_.open(temporary_, std::ios::binary | std::ios::trunc);
-        if (!out_) fail("cannot be written");
+    ChangeCursor changes;
+    std::vector<ChangeMark> marks;
+    for (bool whole = false; !whole;) {
+        changes.read(marks);
+        auto const* const top = store().resolve<SegmentRecord>(segment);
+        if (!top) throw IOException("there is no segment to export to " + name.string());
+        NewFile file(name);
+        SceneExporter exporter(file.out(), *top, options);
+        auto steps = exporter.write();
+        do {
+            co_yield steps.done();
+            if (changes.pending()) break;
+            whole = !steps.next();
+        } while (!whole);
+        if (whole) file.finish();
     }
-    NewFile(NewFile const&) = delete;
-    NewFile& operator=(NewFile const&) = delete;
-    ~NewFile()
-    {
-        if (finished_) return;
-        out_.close();
-        std::error_code ignored;
-        std::filesystem::remove(temporary_, ignored);
+}
+
+Steps importScene(std::filesystem::path name, ImportOptionsKit options)
+{
+    auto const fail = [&](std::string const& cause) { throw IOException(name.string() + cause); };
+    if (!store().resolve<SegmentRecord>(options.Segment()))
+        fail(" cannot be imported: there is no segment to import it into");
+    errno = 0;
+    std::ifstream in(name, std::ios::binary);
+    if (!in || std::filesystem::is_directory(name))
+        fail(" cannot be opened" + (errno ? ": " + std::string(std::strerror(errno)) : std::string()));
+    co_yield 0;
+    try {
+        SceneImporter importer(options.Segment().Index(), options.Portfolio().Index());
+        auto steps = importer.read(in);
+        while (steps.next()) co_yield steps.done();
+        importer.attach(options.AlternateRoot().Index());
+    } catch (IOException const& error) {
+        fail(std::string(": ") + error.what());
+    } catch (std::bad_alloc const&) {
+        fail(": needs more memory than there is");
     }
-
-    std::ostream& out() { return out_; }
-
-    void finish()
-    {
-        errno = 0;
-        out_.close();
-        if (!out_) fail("could not be written to its end");
-        std::error_code error;
-        std::filesystem::rename(temporary_, name_, error);
-        if (error) throw IOException(name_.string() + " cannot be replaced: " + error.message());
-        finished_ = true;
-    }
-
-private:
-    [[noreturn]] void fail(char const* what) const
-    {
-        auto const cause = errno ? ": " + std::string(std::strerror(errno)) : std::string();
-        throw IOException(name_.string() + " " + what + cause);
-    }
-
-    std::filesystem::path name_;
-    std::filesystem::path temporary_;
-    std::ofstream out_;
-    bool finished_ = false;
-};
+}
 
 } // namespace
 
 ExportNotifier File::Export(UTF8 const& name, SegmentKey const& segment, ExportOptionsKit const& options)
 {
-    auto const* const top = scene::store().resolve<scene::SegmentRecord>(segment);
-    if (!top) throw IOException("there is no segment to export to " + name.Str());
     if (name.Empty()) throw IOException("there is no name for the file to export to");
-    NewFile file(std::filesystem::path(name.Str()));
-    scene::SceneWriter(file.out(), options).write(*top);
-    file.finish();
-    return {};
+    return ExportNotifier(std::make_shared<StreamTask>(exportScene(name.Str(), segment.Index(), options),
+                                                       "Export failed: "));
+}
+
+ImportNotifier File::Import(UTF8 const& name, ImportOptionsKit const& options)
+{
+    return ImportNotifier(
+        std::make_shared<StreamTask>(importScene(name.Str(), options), "Import failed: "));
 }
 
 } // namespace HPS::Stream
