@@ -108,15 +108,15 @@ private:
 class File
 {
 public:
-    // Writes the segment, all below it, and all that is reached from there: what is included, styles and their
-    // sources, referenced geometry with its segment, portfolios. The file appears under its name only when it
-    // is whole; a failure leaves one that stood there before as it was. Throws IOException if the file cannot
-    // be begun. A scene that changes before the end is written as it stands then.
+    // Writes the segment, all below it, and all that is reached from there: what is included, styles and
+    // their sources, referenced geometry with its segment, portfolios. The file appears under its name only
+    // when it is whole; a failure leaves one that stood there before as it was. Throws IOException if the
+    // file cannot be begun. A scene that changes before the end is written as it stands then.
     static ExportNotifier Export(UTF8 const& name, SegmentKey const& segment,
                                  ExportOptionsKit const& options);
-    // Reads what Export wrote and sets it on the segment when all of it is there: until then, and if it fails,
-    // the scene is as before. A child whose name is taken gets a number behind it. Throws IOException if there
-    // is no such file.
+    // Reads what Export wrote and sets it on the segment when all of it is there: until then, and if it
+    // fails, the scene is as before. A child whose name is taken gets a number behind it. Throws IOException
+    // if there is no such file.
     static ImportNotifier Import(UTF8 const& name, ImportOptionsKit const& options);
 };
 

@@ -60,14 +60,13 @@ Steps importScene(std::filesystem::path name, ImportOptionsKit options)
 ExportNotifier File::Export(UTF8 const& name, SegmentKey const& segment, ExportOptionsKit const& options)
 {
     if (name.Empty()) throw IOException("there is no name for the file to export to");
-    return ExportNotifier(std::make_shared<StreamTask>(exportScene(name.Str(), segment.Index(), options),
-                                                       "Export failed: "));
+    return ExportNotifier(
+        std::make_shared<StreamTask>(exportScene(name.Str(), segment.Index(), options), "Export failed: "));
 }
 
 ImportNotifier File::Import(UTF8 const& name, ImportOptionsKit const& options)
 {
-    return ImportNotifier(
-        std::make_shared<StreamTask>(importScene(name.Str(), options), "Import failed: "));
+    return ImportNotifier(std::make_shared<StreamTask>(importScene(name.Str(), options), "Import failed: "));
 }
 
 } // namespace HPS::Stream

@@ -82,7 +82,8 @@ void SceneExporter::collect(SegmentRecord const& top)
         for (auto const slot : segment.includes)
             add(all.at<SegmentRecord>(all.at<IncludeRecord>(slot)->target));
         for (auto const slot : segment.geometry)
-            if (auto const* const reference = all.at<ReferenceRecord>(slot)) addOwnerOf(reference->data.target);
+            if (auto const* const reference = all.at<ReferenceRecord>(slot))
+                addOwnerOf(reference->data.target);
         if (auto const* const block = segment.kit(KitKind::Subwindow))
             if (auto const& compared = valuesOf<SubwindowData>(block).modelCompareMode) {
                 add(all.resolve<SegmentRecord>(std::get<1>(*compared)));
@@ -139,7 +140,8 @@ Steps SceneExporter::write()
                 writeGeometry(out_, geometry);
             });
             ++done;
-            if (flush(ChunkType::Geometry)) co_yield static_cast<float>(done) / static_cast<float>(geometries_);
+            if (flush(ChunkType::Geometry))
+                co_yield static_cast<float>(done) / static_cast<float>(geometries_);
         }
     flush(ChunkType::Geometry, true);
     out_.flag(true);
@@ -227,12 +229,12 @@ void SceneExporter::writeFilter(SlotIndex link)
 void SceneExporter::writeDefinitions(PortfolioRecord const& portfolio)
 {
     forEachDefinitionKind([&](auto const& kind) {
-        for (auto const& [name, value] : portfolio.*kind.definitions) {
+        for (auto const& definition : portfolio.*kind.definitions) {
             out_.sized([&] {
                 out_.text(kind.name);
                 out_.scalar(numberOf(portfolio.slot));
-                out_.text(name);
-                transfer(out_, value);
+                out_.text(definition.first);
+                transfer(out_, definition.second);
             });
             flush(ChunkType::Definitions);
         }

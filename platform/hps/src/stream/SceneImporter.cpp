@@ -266,7 +266,8 @@ void SceneImporter::readExtras(Reader& in, SegmentRecord& segment)
     extras.conditions.erase(std::unique(extras.conditions.begin(), extras.conditions.end()),
                             extras.conditions.end());
     for (auto count = in.count(sizeof(FileNumber)); count > 0; --count)
-        if (auto const portfolio = in.portfolio(); portfolio.slot != 0) extras.portfolios.push_back(portfolio);
+        if (auto const portfolio = in.portfolio(); portfolio.slot != 0)
+            extras.portfolios.push_back(portfolio);
     extras.materialPalette = in.text();
     extras.textureMatrix = readMatrix(in);
     transfer(in, extras.priority);

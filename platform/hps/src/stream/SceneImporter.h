@@ -10,8 +10,9 @@ namespace HPS::scene
 {
 
 // Builds the contents of a stream file in segments and portfolios of its own, which no root leads to, and
-// hands them over when all is there. What was built and not handed over goes with the importer. Whatever names
-// the first segment or portfolio of the file names from the beginning the one that takes their contents.
+// hands them over when all is there. What was built and not handed over goes with the importer. Whatever
+// names the first segment or portfolio of the file names from the beginning the one that takes their
+// contents.
 class SceneImporter
 {
 public:
@@ -60,7 +61,7 @@ private:
     std::vector<FileNumber> owners_; // of segments, by number less one; 0: none
     std::vector<Include> includes_;
     std::vector<OpenReference> references_;
-    std::unordered_map<std::string, std::size_t> outsideNames_; // how often each was met
+    std::unordered_map<std::string, std::size_t> outsideNames_;               // how often each was met
     std::uint64_t segmentCount_ = 0, portfolioCount_ = 0, geometryCount_ = 0; // as the file tells
     std::size_t segmentsRead_ = 0;
     std::uint64_t geometriesRead_ = 0; // with those of unknown kinds, which have no slot

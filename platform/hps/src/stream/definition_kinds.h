@@ -9,6 +9,8 @@ template <class Value> struct DefinitionKind {
     std::string_view name;
     Definitions<Value> PortfolioRecord::*definitions;
 };
+template <class Value> DefinitionKind(char const*, Definitions<Value> PortfolioRecord::*)
+    -> DefinitionKind<Value>;
 
 // A new kind of definition travels once it has a line here.
 inline constexpr std::tuple definitionKinds{

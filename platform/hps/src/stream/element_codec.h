@@ -14,9 +14,8 @@ void writeWords(Writer& out, std::span<std::uint32_t const> words, std::size_t s
 void readWords(Reader& in, std::span<std::uint32_t> words, std::size_t stride);
 
 // Values that consist of floats alone, and lists of them.
-template <class T>
-inline constexpr bool isWords =
-    std::is_trivially_copyable_v<T> && sizeof(T) % 4 == 0 && alignof(T) == 4 && !std::is_enum_v<T>;
+template <class T> inline constexpr bool isWords = std::is_trivially_copyable_v<T> && sizeof(T) % 4 == 0 &&
+                                                   alignof(T) == 4 && !std::is_enum_v<T>;
 
 template <class T> void writeArray(Writer& out, std::vector<T> const& values)
 {

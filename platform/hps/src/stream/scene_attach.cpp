@@ -81,7 +81,8 @@ void SceneImporter::link()
         auto const slot = geometry_[target - 1];
         if (slot == 0) continue; // of a kind that is not known here
         reference->data.target = all.indexOf(slot);
-        if (!check<ReferenceRecord>(reference->data, reference->box)) Reader::fail("a reference to a reference");
+        if (!check<ReferenceRecord>(reference->data, reference->box))
+            Reader::fail("a reference to a reference");
     }
     ++all.definitionStamp;
 }

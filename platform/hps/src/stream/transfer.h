@@ -60,9 +60,7 @@ template <AspectTable Data> void readAspects(Reader& in, Data& data)
 // those that are missing keep their defaults, those that are not known are passed over.
 template <HasFields Data> void writeFields(Writer& out, Data const& data)
 {
-    out.sized([&] {
-        std::apply([&](auto... field) { (transfer(out, data.*field), ...); }, Data::fields());
-    });
+    out.sized([&] { std::apply([&](auto... field) { (transfer(out, data.*field), ...); }, Data::fields()); });
 }
 
 template <HasFields Data> void readFields(Reader& in, Data& data)
