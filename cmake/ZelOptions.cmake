@@ -15,7 +15,8 @@ set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 
 find_program(ZEL_CCACHE ccache)
 if(ZEL_CCACHE)
-    set(CMAKE_CXX_COMPILER_LAUNCHER ${ZEL_CCACHE})
+    # Precompiled headers have a time in them that nobody looks at.
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${ZEL_CCACHE})
 endif()
 find_program(ZEL_MOLD mold)
 if(ZEL_MOLD)
