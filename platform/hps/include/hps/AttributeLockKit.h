@@ -39,6 +39,7 @@ public:
     using Data = AttributeLockData;
 
     Self& SetLock(AttributeLock::Type type, bool state = true) { return put<&Data::locks>({type}, {state}); }
+    // As many types as states, or nothing is done.
     Self& SetLock(AttributeLockTypeArray const& types, std::vector<bool> const& states)
     {
         return put<&Data::locks>(types, states);
@@ -78,12 +79,14 @@ public:
     }
 
 private:
-    // Types without a state are left out.
     template <auto Slot> Self& put(AttributeLockTypeArray const& types, std::vector<bool> const& states)
     {
+        if (types.size() != states.size()) {
+            detail::refuse("Locks refused: as many types as states are asked for");
+            return this->self();
+        }
         this->self().edit([&](Data& data) {
-            for (std::size_t i = 0; i < types.size() && i < states.size(); ++i)
-                Data::put(data.*Slot, types[i], states[i]);
+            for (std::size_t i = 0; i < types.size(); ++i) Data::put(data.*Slot, types[i], states[i]);
         });
         return this->self();
     }

@@ -26,16 +26,8 @@ template <class Self> class CuttingSectionOperations : public GeometryOperations
 public:
     using Data = CuttingSectionData;
 
-    Self& SetPlanes(std::vector<Plane> const& planes)
-    {
-        return detail::setField<&Data::planes>(this->self(), planes);
-    }
+    HPS_FIELD_LIST(Planes, Plane, planes)
     Self& SetPlanes(Plane const& plane) { return SetPlanes(std::vector<Plane>{plane}); }
-    Self& UnsetPlanes() { return SetPlanes(std::vector<Plane>()); }
-    bool ShowPlanes(std::vector<Plane>& planes) const
-    {
-        return detail::showField<&Data::planes>(this->self(), planes) && !planes.empty();
-    }
     // How the planes are shown; the scale is a share of the extent of what they cut.
     Self& SetVisualization(HPS::CuttingSection::Mode mode, RGBAColor const& color, float scale = 1)
     {

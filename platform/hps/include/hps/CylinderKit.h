@@ -1,8 +1,7 @@
 #pragma once
 #include <hps/Color.h>
 #include <hps/ElementValues.h>
-#include <hps/GeometryKit.h>
-#include <hps/Point.h>
+#include <hps/PointListOperations.h>
 #include <hps/enumerations.h>
 
 namespace HPS
@@ -23,41 +22,14 @@ struct CylinderData {
     }
 };
 
-template <class Self> class CylinderOperations : public GeometryOperations<Self>
+template <class Self> class CylinderOperations : public PointListOperations<Self, CylinderData>
 {
 public:
     using Data = CylinderData;
 
     HPS_FIELD(Caps, Cylinder::Capping, caps)
-    Self& SetPoints(std::vector<Point> const& points)
-    {
-        return detail::setField<&Data::points>(this->self(), points);
-    }
-    Self& SetPoints(std::size_t count, Point const points[])
-    {
-        return SetPoints(std::vector<Point>(points, points + count));
-    }
-    Self& UnsetPoints() { return SetPoints({}); }
-    bool ShowPoints(std::vector<Point>& points) const
-    {
-        return detail::showField<&Data::points>(this->self(), points) && !points.empty();
-    }
-    std::size_t GetPointCount() const
-    {
-        std::size_t count = 0;
-        this->self().read([&](auto const& data) { count = data.points.size(); });
-        return count;
-    }
     // One for the whole, or one per point.
-    Self& SetRadii(std::vector<float> const& radii)
-    {
-        return detail::setField<&Data::radii>(this->self(), radii);
-    }
-    Self& UnsetRadii() { return SetRadii({}); }
-    bool ShowRadii(std::vector<float>& radii) const
-    {
-        return detail::showField<&Data::radii>(this->self(), radii) && !radii.empty();
-    }
+    HPS_FIELD_LIST(Radii, float, radii)
     // What a vertex colour is for.
     enum class Component : std::uint32_t { Faces, Edges };
     // Colours of points, blended in between.

@@ -53,44 +53,16 @@ public:
     HPS_ASPECT(PolygonHandedness, Drawing::Handedness, polygonHandedness)
     HPS_ASPECT(WorldHandedness, Drawing::Handedness, worldHandedness)
     // Part of the depth buffer used, 0 to 1.
-    Self& SetDepthRange(float nearLimit, float farLimit)
-    {
-        return detail::set<&Data::depthRange>(this->self(), std::tuple{nearLimit, farLimit});
-    }
-    Self& UnsetDepthRange() { return detail::unset<&Data::depthRange>(this->self()); }
-    bool ShowDepthRange(float& nearLimit, float& farLimit) const
-    {
-        return detail::show<&Data::depthRange>(this->self(), nearLimit, farLimit);
-    }
-    Self& SetFaceDisplacement(bool state, int buckets = 0)
-    {
-        return detail::set<&Data::faceDisplacement>(this->self(), std::tuple{state, buckets});
-    }
-    Self& UnsetFaceDisplacement() { return detail::unset<&Data::faceDisplacement>(this->self()); }
-    bool ShowFaceDisplacement(bool& state, int& buckets) const
-    {
-        return detail::show<&Data::faceDisplacement>(this->self(), state, buckets);
-    }
+    HPS_ASPECT_PARTS(DepthRange, depthRange, (float nearLimit, float farLimit),
+                     (float& nearLimit, float& farLimit), nearLimit, farLimit)
+    HPS_ASPECT_PARTS(FaceDisplacement, faceDisplacement, (bool state, int buckets = 0),
+                     (bool& state, int& buckets), state, buckets)
     Self& SetFaceDisplacement(int buckets) { return SetFaceDisplacement(true, buckets); }
-    Self& SetGeneralDisplacement(bool state, int buckets = 0)
-    {
-        return detail::set<&Data::generalDisplacement>(this->self(), std::tuple{state, buckets});
-    }
-    Self& UnsetGeneralDisplacement() { return detail::unset<&Data::generalDisplacement>(this->self()); }
-    bool ShowGeneralDisplacement(bool& state, int& buckets) const
-    {
-        return detail::show<&Data::generalDisplacement>(this->self(), state, buckets);
-    }
+    HPS_ASPECT_PARTS(GeneralDisplacement, generalDisplacement, (bool state, int buckets = 0),
+                     (bool& state, int& buckets), state, buckets)
     Self& SetGeneralDisplacement(int buckets) { return SetGeneralDisplacement(true, buckets); }
-    Self& SetVertexDisplacement(bool state, int buckets = 0)
-    {
-        return detail::set<&Data::vertexDisplacement>(this->self(), std::tuple{state, buckets});
-    }
-    Self& UnsetVertexDisplacement() { return detail::unset<&Data::vertexDisplacement>(this->self()); }
-    bool ShowVertexDisplacement(bool& state, int& buckets) const
-    {
-        return detail::show<&Data::vertexDisplacement>(this->self(), state, buckets);
-    }
+    HPS_ASPECT_PARTS(VertexDisplacement, vertexDisplacement, (bool state, int buckets = 0),
+                     (bool& state, int& buckets), state, buckets)
     Self& SetVertexDisplacement(int buckets) { return SetVertexDisplacement(true, buckets); }
     // Share of the vertices drawn, 0 to 1.
     HPS_ASPECT(VertexDecimation, float, vertexDecimation)

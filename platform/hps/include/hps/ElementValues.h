@@ -1,6 +1,7 @@
 #pragma once
 #include <algorithm>
 #include <cstddef>
+#include <stdexcept>
 #include <vector>
 
 namespace HPS
@@ -13,6 +14,7 @@ template <class T> struct ElementValues {
 
     bool Empty() const { return values.empty(); }
     bool IsSet(std::size_t i) const { return i < values.size() && (isSet.empty() || isSet[i]); }
+    // std::length_error for places that no memory has room for.
     void SetRange(std::size_t start, std::size_t count, T const from[]);
     void UnsetRange(std::size_t start, std::size_t count);
     // For `count` elements; false if none has a value.
@@ -23,6 +25,7 @@ template <class T> struct ElementValues {
 template <class T> void ElementValues<T>::SetRange(std::size_t start, std::size_t count, T const from[])
 {
     if (count == 0) return;
+    if (start > values.max_size() - count) throw std::length_error("More values than any geometry has");
     auto const old = values.size();
     bool const gap = start > old;
     if (start + count > old) values.resize(start + count);

@@ -30,8 +30,11 @@ public:
     }
     Self& SetUserData(IntPtrTArray const& indices, ByteArrayArray const& data)
     {
-        for (std::size_t i = 0; i < indices.size() && i < data.size(); ++i)
-            extras_.userData[indices[i]] = data[i];
+        if (indices.size() != data.size()) {
+            detail::refuse("User data refused: as many indices as byte strings are asked for");
+            return self();
+        }
+        for (std::size_t i = 0; i < indices.size(); ++i) extras_.userData[indices[i]] = data[i];
         return self();
     }
     Self& UnsetUserData(std::int64_t index)
@@ -147,6 +150,25 @@ template <auto Slot, class Self, class T> bool showField(Self const& self, T& ou
     bool Show##Name(Value& value) const                                                                      \
     {                                                                                                        \
         return ::HPS::detail::showField<&Data::slot>(this->self(), value);                                   \
+    }
+
+// The same for a list, which counts as not set while it is empty.
+#define HPS_FIELD_LIST(Name, Value, slot)                                                                    \
+    Self& Set##Name(std::vector<Value> const& values)                                                        \
+    {                                                                                                        \
+        return ::HPS::detail::setField<&Data::slot>(this->self(), values);                                   \
+    }                                                                                                        \
+    Self& Set##Name(std::size_t count, Value const values[])                                                 \
+    {                                                                                                        \
+        return Set##Name(std::vector<Value>(values, values + count));                                        \
+    }                                                                                                        \
+    Self& Unset##Name()                                                                                      \
+    {                                                                                                        \
+        return Set##Name(std::vector<Value>());                                                              \
+    }                                                                                                        \
+    bool Show##Name(std::vector<Value>& values) const                                                        \
+    {                                                                                                        \
+        return ::HPS::detail::showField<&Data::slot>(this->self(), values) && !values.empty();               \
     }
 
 } // namespace HPS

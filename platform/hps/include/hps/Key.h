@@ -15,6 +15,12 @@ using IntPtrTArray = std::vector<std::int64_t>;
 
 class SegmentKey;
 
+namespace detail
+{
+// Tells the handlers of the database's errors that something asked of the library was refused, and why.
+void refuse(char const* cause);
+} // namespace detail
+
 // Where a handle's object stands in the database. Slots are reused, generations within a slot are not.
 struct KeyIndex {
     std::uint32_t slot = 0; // 0 is never used
@@ -48,7 +54,7 @@ public:
     UTF8 Name() const;
 
     // Bytes that the caller attaches to a segment or a geometry, by index. They are kept in order of the
-    // index.
+    // index. As many indices as byte strings, or nothing is done.
     Key& SetUserData(std::int64_t index, std::size_t byteCount, byte const data[]);
     Key& SetUserData(std::int64_t index, ByteArray const& data);
     Key& SetUserData(IntPtrTArray const& indices, ByteArrayArray const& data);

@@ -16,9 +16,10 @@ public:
     MatrixKit() = default;
     explicit MatrixKit(float const elements[16]);
 
-    MatrixKit& SetElements(std::vector<float> const& elements); // from element 0 on; more than 16 are ignored
+    // From element 0 on. More than 16, or an index above 15, are refused.
+    MatrixKit& SetElements(std::vector<float> const& elements);
     MatrixKit& SetElements(std::size_t count, float const elements[]);
-    MatrixKit& SetElement(std::size_t index, float value); // index below 16
+    MatrixKit& SetElement(std::size_t index, float value);
     bool ShowElements(std::vector<float>& elements) const;
     void ShowElements(float elements[16]) const;
     bool ShowElement(std::size_t index, float& value) const;

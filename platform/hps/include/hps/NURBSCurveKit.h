@@ -1,6 +1,5 @@
 #pragma once
-#include <hps/GeometryKit.h>
-#include <hps/Point.h>
+#include <hps/PointListOperations.h>
 
 namespace HPS
 {
@@ -21,51 +20,16 @@ struct NURBSCurveData {
     }
 };
 
-template <class Self> class NURBSCurveOperations : public GeometryOperations<Self>
+template <class Self> class NURBSCurveOperations : public PointListOperations<Self, NURBSCurveData>
 {
 public:
     using Data = NURBSCurveData;
 
     HPS_FIELD(Degree, std::size_t, degree)
-    Self& SetPoints(std::vector<Point> const& points)
-    {
-        return detail::setField<&Data::points>(this->self(), points);
-    }
-    Self& SetPoints(std::size_t count, Point const points[])
-    {
-        return SetPoints(std::vector<Point>(points, points + count));
-    }
-    Self& UnsetPoints() { return SetPoints({}); }
-    bool ShowPoints(std::vector<Point>& points) const
-    {
-        return detail::showField<&Data::points>(this->self(), points) && !points.empty();
-    }
-    std::size_t GetPointCount() const
-    {
-        std::size_t count = 0;
-        this->self().read([&](auto const& data) { count = data.points.size(); });
-        return count;
-    }
     // One per point and positive, or none for a curve that is not rational.
-    Self& SetWeights(std::vector<float> const& weights)
-    {
-        return detail::setField<&Data::weights>(this->self(), weights);
-    }
-    Self& UnsetWeights() { return SetWeights({}); }
-    bool ShowWeights(std::vector<float>& weights) const
-    {
-        return detail::showField<&Data::weights>(this->self(), weights) && !weights.empty();
-    }
+    HPS_FIELD_LIST(Weights, float, weights)
     // As many as points, degree and one together; none falls below the one before it.
-    Self& SetKnots(std::vector<float> const& knots)
-    {
-        return detail::setField<&Data::knots>(this->self(), knots);
-    }
-    Self& UnsetKnots() { return SetKnots({}); }
-    bool ShowKnots(std::vector<float>& knots) const
-    {
-        return detail::showField<&Data::knots>(this->self(), knots) && !knots.empty();
-    }
+    HPS_FIELD_LIST(Knots, float, knots)
     // The part that is drawn, as shares of the range of the knots.
     Self& SetParameters(float start, float end)
     {

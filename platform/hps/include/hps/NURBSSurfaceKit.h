@@ -1,6 +1,5 @@
 #pragma once
-#include <hps/GeometryKit.h>
-#include <hps/Point.h>
+#include <hps/PointListOperations.h>
 #include <hps/TrimKit.h>
 
 namespace HPS
@@ -26,7 +25,7 @@ struct NURBSSurfaceData {
     }
 };
 
-template <class Self> class NURBSSurfaceOperations : public GeometryOperations<Self>
+template <class Self> class NURBSSurfaceOperations : public PointListOperations<Self, NURBSSurfaceData>
 {
 public:
     using Data = NURBSSurfaceData;
@@ -35,62 +34,11 @@ public:
     HPS_FIELD(VDegree, std::size_t, vDegree)
     HPS_FIELD(UCount, std::size_t, uCount)
     HPS_FIELD(VCount, std::size_t, vCount)
-    Self& SetPoints(std::vector<Point> const& points)
-    {
-        return detail::setField<&Data::points>(this->self(), points);
-    }
-    Self& SetPoints(std::size_t count, Point const points[])
-    {
-        return SetPoints(std::vector<Point>(points, points + count));
-    }
-    Self& UnsetPoints() { return SetPoints({}); }
-    bool ShowPoints(std::vector<Point>& points) const
-    {
-        return detail::showField<&Data::points>(this->self(), points) && !points.empty();
-    }
-    std::size_t GetPointCount() const
-    {
-        std::size_t count = 0;
-        this->self().read([&](auto const& data) { count = data.points.size(); });
-        return count;
-    }
     // One per point and positive, or none for a surface that is not rational.
-    Self& SetWeights(std::vector<float> const& weights)
-    {
-        return detail::setField<&Data::weights>(this->self(), weights);
-    }
-    Self& UnsetWeights() { return SetWeights({}); }
-    bool ShowWeights(std::vector<float>& weights) const
-    {
-        return detail::showField<&Data::weights>(this->self(), weights) && !weights.empty();
-    }
-    Self& SetUKnots(std::vector<float> const& uKnots)
-    {
-        return detail::setField<&Data::uKnots>(this->self(), uKnots);
-    }
-    Self& UnsetUKnots() { return SetUKnots({}); }
-    bool ShowUKnots(std::vector<float>& uKnots) const
-    {
-        return detail::showField<&Data::uKnots>(this->self(), uKnots) && !uKnots.empty();
-    }
-    Self& SetVKnots(std::vector<float> const& vKnots)
-    {
-        return detail::setField<&Data::vKnots>(this->self(), vKnots);
-    }
-    Self& UnsetVKnots() { return SetVKnots({}); }
-    bool ShowVKnots(std::vector<float>& vKnots) const
-    {
-        return detail::showField<&Data::vKnots>(this->self(), vKnots) && !vKnots.empty();
-    }
-    Self& SetTrims(std::vector<TrimKit> const& trims)
-    {
-        return detail::setField<&Data::trims>(this->self(), trims);
-    }
-    Self& UnsetTrims() { return SetTrims({}); }
-    bool ShowTrims(std::vector<TrimKit>& trims) const
-    {
-        return detail::showField<&Data::trims>(this->self(), trims) && !trims.empty();
-    }
+    HPS_FIELD_LIST(Weights, float, weights)
+    HPS_FIELD_LIST(UKnots, float, uKnots)
+    HPS_FIELD_LIST(VKnots, float, vKnots)
+    HPS_FIELD_LIST(Trims, TrimKit, trims)
 };
 
 // A rational surface. Points and weights stand row by row: all of the v direction for the first of u, and so

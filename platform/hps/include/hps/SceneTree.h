@@ -21,8 +21,8 @@ public:
         None = 0,
         Segment = 1,
         Include = 2,         // of an include key: what it includes stands below it
-        StyleSource = 3,     // unused as yet
-        StaticModel = 4,     // unused as yet
+        StyleSource = 3,     // of no item that is made: a style's source is shown as the segment it is
+        StaticModel = 4,     // of no item that is made: a static model has no segment of its own
         AttributeFilter = 5, // of a style or an include
 
         Geometry = 0x10000, // the family; 0x10001 to 0x10016
@@ -59,7 +59,7 @@ public:
     // Flushes the tree, and opens the new root. Null leaves it empty.
     void SetRoot(std::shared_ptr<SceneTreeItem> const& root);
     std::shared_ptr<SceneTreeItem> GetRoot() const { return root_; }
-    // Lets go of all items. What is highlighted stays so.
+    // Lets go of all items. What is highlighted on the canvas stays so.
     virtual void Flush();
     Canvas GetCanvas() const { return canvas_; }
 
@@ -67,7 +67,6 @@ private:
     friend class SceneTreeItem;
     Canvas canvas_;
     std::shared_ptr<SceneTreeItem> root_;
-    std::vector<KeyPath> highlighted_;
 };
 
 // One row. It knows its place in the scene, and makes its children when it is opened; closing it lets go of
@@ -126,14 +125,17 @@ public:
     virtual void Select() {}
     virtual void Unselect() {}
 
-    // Highlighting belongs to the place in the scene: it outlives the item, and all items of one key path in
-    // a tree share it.
+    // Highlighting is that of the canvas's window: it outlives the item, all items of one place share it, and
+    // a place highlighted by other means is highlighted here. It is for segments and geometry. Without
+    // options: the library's own look to highlight, and every highlight of the place to take away.
     bool IsHighlighted() const;
     void Highlight(HighlightOptionsKit const* options = nullptr);
     void Unhighlight(HighlightOptionsKit const* options = nullptr);
 
 private:
     SceneTreeItem(std::shared_ptr<SceneTree> const& tree, UTF8 const& title, SegmentKey const& top);
+    bool mayBeHighlighted() const;
+    KeyPath pathFromWindow() const;
 
     std::weak_ptr<SceneTree> tree_;
     Key key_;

@@ -79,6 +79,11 @@ void raiseWarning(UTF8 const& message)
 namespace HPS
 {
 
+void detail::refuse(char const* cause)
+{
+    scene::raiseError(cause);
+}
+
 EventHandler::~EventHandler()
 {
     Shutdown();

@@ -1,4 +1,5 @@
 #include "structure.h"
+#include "subscriptions.h"
 #include "user_data.h"
 
 namespace HPS
@@ -67,7 +68,9 @@ UTF8 Key::Name() const
 
 Key& Key::SetUserData(std::int64_t index, std::size_t byteCount, byte const data[])
 {
-    if (auto* const place = userDataOf(*this)) {
+    if (byteCount != 0 && !data) {
+        raiseError("User data refused: there are no bytes");
+    } else if (auto* const place = userDataOf(*this)) {
         if (!*place) *place = std::make_unique<UserData>();
         (*place)->set(index, {data, byteCount});
     }
@@ -81,7 +84,10 @@ Key& Key::SetUserData(std::int64_t index, ByteArray const& data)
 
 Key& Key::SetUserData(IntPtrTArray const& indices, ByteArrayArray const& data)
 {
-    for (std::size_t i = 0; i < indices.size() && i < data.size(); ++i) SetUserData(indices[i], data[i]);
+    if (indices.size() != data.size())
+        raiseError("User data refused: as many indices as byte strings are asked for");
+    else
+        for (std::size_t i = 0; i < indices.size(); ++i) SetUserData(indices[i], data[i]);
     return *this;
 }
 

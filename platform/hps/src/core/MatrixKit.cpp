@@ -1,3 +1,4 @@
+#include "subscriptions.h"
 #include <algorithm>
 #include <cassert>
 #include <cmath>
@@ -45,14 +46,19 @@ MatrixKit& MatrixKit::SetElements(std::vector<float> const& elements)
 
 MatrixKit& MatrixKit::SetElements(std::size_t count, float const elements[])
 {
-    std::copy_n(elements, std::min(count, m_.size()), m_.begin());
+    if (count > m_.size())
+        scene::raiseError("Matrix elements refused: there are 16 of them");
+    else
+        std::copy_n(elements, count, m_.begin());
     return *this;
 }
 
 MatrixKit& MatrixKit::SetElement(std::size_t index, float value)
 {
-    assert(index < m_.size() && "MatrixKit::SetElement: index above 15");
-    if (index < m_.size()) m_[index] = value;
+    if (index < m_.size())
+        m_[index] = value;
+    else
+        scene::raiseError("Matrix element refused: the last one is number 15");
     return *this;
 }
 

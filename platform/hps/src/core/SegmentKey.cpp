@@ -63,7 +63,8 @@ IncludeKey SegmentKey::IncludeSegment(SegmentKey const& target)
 {
     auto* const segment = store().resolve<SegmentRecord>(*this);
     auto* const included = store().resolve<SegmentRecord>(target);
-    if (!segment || !included) return {};
+    if (!segment) return {};
+    if (!included) return raiseError("Include refused: there is no such segment"), IncludeKey();
     auto const* const include = createInclude(*segment, *included);
     if (!include) raiseError("Include refused: the segment would stand below itself");
     return include ? IncludeKey(store().indexOf(*include)) : IncludeKey();
@@ -120,7 +121,8 @@ bool SegmentKey::ShowModellingMatrix(MatrixKit& matrix) const
 SegmentKey& SegmentKey::SetTextureMatrix(MatrixKit const& matrix)
 {
     auto* const segment = store().resolve<SegmentRecord>(*this);
-    if (!segment || !matrix.IsFinite()) return *this;
+    if (!segment) return *this;
+    if (!matrix.IsFinite()) return raiseError("Texture matrix refused: an element is no number"), *this;
     segment->rare().textureMatrix = std::make_unique<MatrixKit>(matrix);
     noteChange(*segment, Change::Attributes);
     return *this;

@@ -1,4 +1,5 @@
 #include "structure.h"
+#include "subscriptions.h"
 
 namespace HPS
 {
@@ -11,7 +12,9 @@ StyleKey push(Key const& key, std::string const& name, SegmentRecord* source,
               ConditionalExpression const& condition)
 {
     auto* const segment = store().resolve<SegmentRecord>(key);
-    if (!segment || (name.empty() && !source)) return {};
+    if (!segment) return {};
+    if (name.empty() && !source)
+        return raiseError("Style not pushed: it has neither a name nor a segment"), StyleKey();
     auto& style = store().create<StyleRecord>(Type::StyleKey);
     style.owner = segment->slot;
     style.name = name;

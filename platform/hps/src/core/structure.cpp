@@ -1,9 +1,19 @@
 #include "extents.h"
+#include "references.h"
 #include "user_data.h"
 #include <unordered_set>
 
 namespace HPS::scene
 {
+
+void releaseGeometry(GeometryRecord& geometry)
+{
+    auto const slot = geometry.slot;
+    setTarget(slot, 0);
+    store().release(geometry);
+    noteTarget(slot);
+}
+
 namespace
 {
 
@@ -62,7 +72,11 @@ void dissolve(SegmentRecord& segment)
         all.release(include);
     }
     while (!segment.includers.empty()) removeInclude(*all.at<IncludeRecord>(segment.includers.back()));
-    for (auto const slot : segment.geometry) all.release(*all.at<GeometryRecord>(slot));
+    while (!segment.geometry.empty()) {
+        auto& geometry = *all.at<GeometryRecord>(segment.geometry.back());
+        segment.geometry.pop_back();
+        releaseGeometry(geometry);
+    }
     if (segment.extras)
         for (auto const slot : segment.extras->styles) all.release(*all.at<StyleRecord>(slot));
     if (segment.isStyleSource) ++all.definitionStamp;
@@ -227,7 +241,7 @@ void remove(Record& record)
         owner.geometry.remove(record.slot);
         invalidateBounds(owner);
         noteChange(owner, Change::Structure);
-        all.release(record);
+        releaseGeometry(*geometry);
     } else if (auto* const style = all.at<StyleRecord>(record.slot)) {
         auto& owner = *all.at<SegmentRecord>(style->owner);
         owner.extras->styles.remove(record.slot);

@@ -30,6 +30,8 @@ std::string freeName(SegmentRecord const& owner, std::string const& name);
 void remove(Record& record);
 void removeChildren(SegmentRecord& segment);
 void removeIncludes(SegmentRecord& segment);
+// Whoever lets go of a geometry does it by this: what refers to it is told.
+void releaseGeometry(GeometryRecord& geometry);
 // Geometry for which wanted(record) holds.
 template <class F> void removeGeometry(SegmentRecord& segment, F&& wanted);
 void removeAllGeometry(SegmentRecord& segment);
@@ -49,7 +51,7 @@ template <class F> void removeGeometry(SegmentRecord& segment, F&& wanted)
     for (auto const slot : segment.geometry) {
         auto* const geometry = store().at<GeometryRecord>(slot);
         if (wanted(*geometry))
-            store().release(*geometry);
+            releaseGeometry(*geometry);
         else
             kept.push_back(slot);
     }

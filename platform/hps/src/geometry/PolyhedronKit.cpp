@@ -1,4 +1,5 @@
 #include <hps/PolyhedronKit.h>
+#include <stdexcept>
 
 namespace HPS
 {
@@ -69,6 +70,8 @@ void setParameters(PolyhedronExtras& extras, std::size_t start, std::vector<floa
                    std::size_t width)
 {
     auto const count = width ? parameters.size() / width : 0;
+    if (count && start > extras.vertexParameters.max_size() / width - count)
+        throw std::length_error("More parameters than any geometry has");
     if (width != extras.parameterWidth) extras.vertexParameters.clear(), extras.hasParameters.clear();
     extras.parameterWidth = count ? width : 0;
     if (count == 0) return;

@@ -12,17 +12,6 @@ namespace HPS::scene
 namespace
 {
 
-template <HasFields Data> bool isFinite(Data const& data)
-{
-    bool finite = true;
-    auto const look = [&](auto const& part) {
-        if constexpr (std::is_floating_point_v<std::decay_t<decltype(part)>>)
-            finite = finite && part - part == 0; // neither infinite nor no number
-    };
-    visitParts(look, data);
-    return finite;
-}
-
 // Counts the faces, or gives nothing if an index has no point or the list ends within a face. Faces of fewer
 // than three points enclose nothing but do no harm: outlines that come in pieces consist of them.
 std::optional<std::size_t> countFaces(std::span<int const> facelist, std::size_t pointCount)

@@ -1,5 +1,6 @@
 // Insert, Show and Consume, alike for every geometry.
 #include "geometry_records.h"
+#include "references.h"
 #include "structure.h"
 #include "subscriptions.h"
 #include "user_data.h"
@@ -41,6 +42,7 @@ template <class R> KeyIndex insert(Key const& key, typename R::Kit&& kit)
         return {};
     }
     record.owner = segment->slot;
+    if constexpr (std::is_same_v<R, ReferenceRecord>) setTarget(record.slot, record.data.target.slot);
     segment->geometry.push_back(record.slot);
     invalidateBounds(*segment);
     noteChange(*segment, Change::Structure);
@@ -72,6 +74,10 @@ template <class R> bool consume(Key const& key, typename R::Kit& kit)
     kit = {};
     invalidateBounds(*store().at<SegmentRecord>(record->owner));
     store().changes.mark(record->slot, Change::Geometry);
+    if constexpr (std::is_same_v<R, ReferenceRecord>)
+        setTarget(record->slot, record->data.target.slot);
+    else
+        noteTarget(record->slot);
     return true;
 }
 

@@ -1,8 +1,10 @@
 // The definitions behind a kit's control and its operations on a segment key; each kit's source makes its
 // own.
 #pragma once
+#include "kit_values.h"
 #include "merge.h"
 #include "stored_kit.h"
+#include "subscriptions.h"
 
 namespace HPS
 {
@@ -24,6 +26,8 @@ template <class Data> void storeKit(Key const& segment, Data&& data)
     constexpr auto kind = kitKind<Data>;
     auto const* const old = record->kit(kind);
     if (valuesOf<Data>(old) == data) return;
+    if (!isFinite(data))
+        return raiseError(UTF8(std::string(nameOf(kind)) + " refused: a value is no number"));
     record->setKit(kind,
                    data == Data() ? nullptr : std::make_shared<KitBlockOf<Data> const>(std::move(data)));
     if constexpr (kind == KitKind::Bounding) {

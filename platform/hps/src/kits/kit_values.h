@@ -181,6 +181,18 @@ template <class F, HasFields Data> void visitParts(F& f, Data const& data)
     std::apply([&](auto... field) { (visitParts(f, data.*field), ...); }, Data::fields());
 }
 
+// Every number in it is one.
+template <class T> bool isFinite(T const& value)
+{
+    bool finite = true;
+    auto const look = [&](auto const& part) {
+        if constexpr (std::is_floating_point_v<std::decay_t<decltype(part)>>)
+            finite = finite && part - part == 0; // neither infinite nor no number
+    };
+    visitParts(look, value);
+    return finite;
+}
+
 // Equal values have equal hashes.
 template <class T> std::size_t hashValue(T const& value)
 {

@@ -1,5 +1,6 @@
 #include "portfolio_record.h"
 #include "structure.h"
+#include "subscriptions.h"
 #include <hps/SegmentKey.h>
 
 namespace HPS
@@ -30,7 +31,8 @@ void setPalette(Key const& key, std::string const& name)
 PortfolioControl& PortfolioControl::Push(PortfolioKey const& portfolio)
 {
     auto* const segment = store().resolve<SegmentRecord>(segment_);
-    if (!segment || portfolio.Empty()) return *this;
+    if (!segment) return *this;
+    if (portfolio.Empty()) return raiseError("Portfolio not pushed: there is no such portfolio"), *this;
     segment->rare().portfolios.push_back(portfolio.Index());
     noteChange(*segment, Change::Portfolio);
     return *this;

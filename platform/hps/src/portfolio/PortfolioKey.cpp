@@ -1,5 +1,6 @@
 #include "portfolio_record.h"
 #include "structure.h"
+#include "subscriptions.h"
 #include <hps/Database.h>
 
 namespace HPS
@@ -12,7 +13,8 @@ namespace
 template <class D, class Value> D define(Key const& key, UTF8 const& name, Value value)
 {
     auto* const portfolio = store().resolve<PortfolioRecord>(key);
-    if (!portfolio || name.Empty()) return {};
+    if (!portfolio) return {};
+    if (name.Empty()) return raiseError("Definition refused: it has no name"), D();
     (portfolio->*definitionsOf<D::StaticType>).insert_or_assign(name.Str(), std::move(value));
     noteDefinitions(*portfolio);
     return D(key, name);
@@ -71,7 +73,7 @@ HPS_DEFINITION(LegacyShader)
 NamedStyleDefinition PortfolioKey::DefineNamedStyle(UTF8 const& name, SegmentKey const& source)
 {
     auto* const segment = store().resolve<SegmentRecord>(source);
-    if (!segment) return {};
+    if (!segment) return raiseError("Named style refused: there is no such segment"), NamedStyleDefinition();
     segment->isStyleSource = true;
     return define<NamedStyleDefinition>(*this, name, source.Index());
 }

@@ -1,3 +1,4 @@
+#include "geometry_records.h"
 #include "structure.h"
 #include "user_data.h"
 #include <algorithm>
@@ -59,6 +60,41 @@ SearchTypeArray answered(Type type, SearchTypeArray const& searches)
     return types;
 }
 
+// A geometry, with rays told from lines that have no end on either side.
+SearchTypeArray answeredBy(GeometryRecord const& geometry, SearchTypeArray const& searches)
+{
+    auto types = answered(geometry.type, searches);
+    if (geometry.type != Type::InfiniteLineKey) return types;
+    auto const& data = static_cast<InfiniteLineRecord const&>(geometry).data;
+    if (data.type != InfiniteLine::Type::Ray) return types;
+    types.clear();
+    for (auto const search : searches)
+        if (search == Search::Type::InfiniteRay ||
+            (search != Search::Type::InfiniteLine && answers(geometry.type, search)))
+            types.push_back(search);
+    return types;
+}
+
+// Geometry in a row is mostly of one type: asked once for all of it. Lines without ends are not.
+class Answers
+{
+public:
+    explicit Answers(SearchTypeArray const& searches) : searches_(searches) {}
+    SearchTypeArray const& of(GeometryRecord const& geometry)
+    {
+        if (geometry.type != known_ || known_ == Type::InfiniteLineKey) {
+            known_ = geometry.type;
+            types_ = answeredBy(geometry, searches_);
+        }
+        return types_;
+    }
+
+private:
+    SearchTypeArray const& searches_;
+    Type known_ = Type::None;
+    SearchTypeArray types_;
+};
+
 // The segment and, if asked for, all below it, from the top down.
 std::vector<SlotIndex> segmentsIn(SegmentRecord const& top, Search::Space space)
 {
@@ -103,24 +139,22 @@ std::size_t SegmentKey::Find(Search::Type type, Search::Space space, SearchResul
 std::size_t SegmentKey::Find(SearchTypeArray const& types, Search::Space space, SearchResults& results) const
 {
     std::vector<SearchResult> items;
-    auto const collect = [&](std::span<SlotIndex const> slots) {
-        HPS::Type known = HPS::Type::None;
-        SearchTypeArray matches;
-        for (auto const slot : slots) {
-            Key const key(store().indexOf(slot));
-            if (auto const type = key.Type(); type != known) {
-                known = type;
-                matches = answered(type, types);
-            }
-            if (!matches.empty()) items.push_back({key, matches});
-        }
+    auto const collect = [&](std::span<SlotIndex const> slots, SearchTypeArray const& matches) {
+        if (matches.empty()) return;
+        for (auto const slot : slots) items.push_back({Key(store().indexOf(slot)), matches});
     };
+    auto const subsegments = answered(HPS::Type::SegmentKey, types);
+    auto const includes = answered(HPS::Type::IncludeKey, types);
+    Answers geometryAnswers(types);
     if (auto const* const top = store().resolve<SegmentRecord>(*this))
         for (auto const slot : segmentsIn(*top, space)) {
             auto const& segment = *store().at<SegmentRecord>(slot);
-            collect(segment.children);
-            collect(segment.includes);
-            collect(segment.geometry);
+            collect(segment.children, subsegments);
+            collect(segment.includes, includes);
+            for (auto const geometry : segment.geometry)
+                if (auto const& matches = geometryAnswers.of(*store().at<GeometryRecord>(geometry));
+                    !matches.empty())
+                    items.push_back({Key(store().indexOf(geometry)), matches});
         }
     results = SearchResults(std::move(items));
     return results.GetCount();
@@ -140,15 +174,9 @@ SegmentKey& SegmentKey::Flush(SearchTypeArray const& types, Search::Space space)
     for (auto const slot : segmentsIn(*top, space)) {
         auto& segment = *store().at<SegmentRecord>(slot);
         if (!answered(HPS::Type::IncludeKey, types).empty()) removeIncludes(segment);
-        HPS::Type known = HPS::Type::None;
-        bool wanted = false;
-        removeGeometry(segment, [&](GeometryRecord const& geometry) {
-            if (geometry.type != known) {
-                known = geometry.type;
-                wanted = !answered(known, types).empty();
-            }
-            return wanted;
-        });
+        Answers geometryAnswers(types);
+        removeGeometry(segment,
+                       [&](GeometryRecord const& geometry) { return !geometryAnswers.of(geometry).empty(); });
         if (everything) unsetEverything(segment);
     }
     return *this;

@@ -1,8 +1,28 @@
+#include "highlights.h"
 #include "tree_children.h"
-#include <algorithm>
+#include <hps/SprocketPath.h>
 
 namespace HPS
 {
+namespace
+{
+
+// What stands above a root's segment where the canvas shows it, that segment left out. Empty if it does not.
+KeyPath wayTo(Canvas const& canvas, Key const& top)
+{
+    auto const layout = canvas.GetAttachedLayout();
+    for (auto layer = layout.GetLayerCount() + 1; layer-- > 0;) {
+        // Layers from the front to the back, and then the layout without a view.
+        auto const view = layer > 0 ? layout.GetAttachedView(layer - 1) : View();
+        for (auto const& model : {view.GetAttachedModel(), Model()}) {
+            auto path = SprocketPath(canvas, layout, view, model).GetKeyPath();
+            if (!path.Empty() && path.Front() == top) return path.PopFront();
+        }
+    }
+    return {};
+}
+
+} // namespace
 
 void SceneTree::SetRoot(std::shared_ptr<SceneTreeItem> const& root)
 {
@@ -87,27 +107,41 @@ void SceneTreeItem::ReExpand()
     Expand();
 }
 
+bool SceneTreeItem::mayBeHighlighted() const
+{
+    return GetTree() && (type_ == ItemType::Segment || HasItemType(ItemType::Geometry));
+}
+
+KeyPath SceneTreeItem::pathFromWindow() const
+{
+    auto path = path_;
+    if (auto const top = path_.Back(); !top.Empty()) path.Append(wayTo(GetTree()->GetCanvas(), top));
+    return path;
+}
+
 bool SceneTreeItem::IsHighlighted() const
 {
-    auto const tree = GetTree();
-    bool const mayBe = type_ == ItemType::Segment || HasItemType(ItemType::Geometry);
-    return tree && mayBe &&
-           std::find(tree->highlighted_.begin(), tree->highlighted_.end(), path_) != tree->highlighted_.end();
+    if (!mayBeHighlighted()) return false;
+    auto const window = GetTree()->GetCanvas().GetWindowKey().Index();
+    // Mostly nothing is, and then the way up is of no matter.
+    return !scene::highlightsOf(window).empty() && scene::isHighlighted(window, pathFromWindow().Keys());
 }
 
-void SceneTreeItem::Highlight(HighlightOptionsKit const*)
+void SceneTreeItem::Highlight(HighlightOptionsKit const* options)
 {
-    auto const tree = GetTree();
-    if (!tree || IsHighlighted() || (type_ != ItemType::Segment && !HasItemType(ItemType::Geometry))) return;
-    tree->highlighted_.push_back(path_);
-    Select();
+    if (!mayBeHighlighted()) return;
+    bool const before = IsHighlighted();
+    GetTree()->GetCanvas().GetWindowKey().GetHighlightControl().Highlight(
+        pathFromWindow(), options ? *options : HighlightOptionsKit::GetDefault(), false);
+    if (!before && IsHighlighted()) Select();
 }
 
-void SceneTreeItem::Unhighlight(HighlightOptionsKit const*)
+void SceneTreeItem::Unhighlight(HighlightOptionsKit const* options)
 {
     if (!IsHighlighted()) return;
-    std::erase(GetTree()->highlighted_, path_);
-    Unselect();
+    GetTree()->GetCanvas().GetWindowKey().GetHighlightControl().Unhighlight(
+        pathFromWindow(), options ? *options : HighlightOptionsKit());
+    if (!IsHighlighted()) Unselect();
 }
 
 } // namespace HPS

@@ -1,4 +1,5 @@
 #include "tree_children.h"
+#include "geometry_records.h"
 #include "portfolio_record.h"
 #include "stored_kit.h"
 #include "user_data.h"
@@ -26,7 +27,7 @@ struct GeometryRow {
     char const* group;
     char const* single;
 };
-// By the number of the item less one. Rays and lines without ends are one type of key.
+// By the number of the item less one. Rays are of the type of lines without ends.
 constexpr std::array geometryRows{
     GeometryRow{Type::CuttingSectionKey, "Cutting Sections", "Cutting Section"},
     GeometryRow{Type::ShellKey, "Shells", "Shell"},
@@ -44,13 +45,26 @@ constexpr std::array geometryRows{
     GeometryRow{Type::CircularArcKey, "Circular Arcs", "Circular Arc"},
     GeometryRow{Type::EllipticalArcKey, "Elliptical Arcs", "Elliptical Arc"},
     GeometryRow{Type::InfiniteLineKey, "Infinite Lines", "Infinite Line"},
-    GeometryRow{Type::None, "Infinite Rays", "Infinite Ray"},
+    GeometryRow{Type::InfiniteLineKey, "Infinite Rays", "Infinite Ray"},
     GeometryRow{Type::MarkerKey, "Markers", "Marker"},
     GeometryRow{Type::TextKey, "Text", "Text"},
     GeometryRow{Type::ReferenceKey, "References", "Reference"},
     GeometryRow{Type::DistantLightKey, "Distant Lights", "Distant Light"},
     GeometryRow{Type::SpotlightKey, "Spotlights", "Spotlight"},
 };
+
+constexpr std::uint32_t infiniteRays = 0x11;
+
+// The row of a geometry, counted from 1.
+std::uint32_t numberOf(GeometryRecord const& geometry)
+{
+    if (geometry.type == Type::InfiniteLineKey &&
+        static_cast<InfiniteLineRecord const&>(geometry).data.type == InfiniteLine::Type::Ray)
+        return infiniteRays;
+    auto const row = std::find_if(geometryRows.begin(), geometryRows.end(),
+                                  [&](GeometryRow const& r) { return r.type == geometry.type; });
+    return static_cast<std::uint32_t>(row - geometryRows.begin()) + 1;
+}
 
 struct AttributeRow {
     std::uint32_t number;
@@ -167,22 +181,29 @@ void listSegment(Key const& key, SegmentRecord const& segment, TakeChild const& 
 
 void listGeometryTypes(Key const& key, SegmentRecord const& segment, TakeChild const& take)
 {
-    for (std::uint32_t i = 0; i < geometryRows.size(); ++i) {
-        bool const any = std::any_of(segment.geometry.begin(), segment.geometry.end(), [&](SlotIndex slot) {
-            return store().at<GeometryRecord>(slot)->type == geometryRows[i].type;
-        });
-        if (any && !take(key, ItemType::GeometryTypeGroup + (i + 1), geometryRows[i].group)) return;
-    }
+    std::array<bool, geometryRows.size() + 1> found{};
+    for (auto const slot : segment.geometry) found[numberOf(*store().at<GeometryRecord>(slot))] = true;
+    for (std::uint32_t i = 1; i <= geometryRows.size(); ++i)
+        if (found[i] && !take(key, ItemType::GeometryTypeGroup + i, geometryRows[i - 1].group)) return;
 }
 
 void listGeometry(SegmentRecord const& segment, std::uint32_t number, TakeChild const& take)
 {
     if (number == 0 || number > geometryRows.size()) return;
-    auto const& row = geometryRows[number - 1];
     for (auto const slot : segment.geometry)
-        if (store().at<GeometryRecord>(slot)->type == row.type &&
-            !take(keyOf(slot), ItemType::Geometry + number, row.single))
+        if (numberOf(*store().at<GeometryRecord>(slot)) == number &&
+            !take(keyOf(slot), ItemType::Geometry + number, geometryRows[number - 1].single))
             return;
+}
+
+// A reference's own matrix, and what it refers to.
+void listReference(Key const& key, ReferenceRecord const& reference, TakeChild const& take)
+{
+    if (reference.data.modellingMatrix && !take(key, ItemType::ModellingMatrix, "Modelling Matrix")) return;
+    if (auto const* const target = store().resolve<GeometryRecord>(reference.data.target)) {
+        auto const number = numberOf(*target);
+        take(keyOf(target->slot), ItemType::Geometry + number, geometryRows[number - 1].single);
+    }
 }
 
 void listStyles(SegmentRecord const& segment, TakeChild const& take)
@@ -256,7 +277,9 @@ void listChildren(Key const& key, ItemType type, TakeChild const& take)
 {
     if (auto const* const segment = store().resolve<SegmentRecord>(key))
         return listOfSegment(key, *segment, type, take);
-    if (auto const* const portfolio = store().resolve<PortfolioRecord>(key)) {
+    if (auto const* const reference = store().resolve<ReferenceRecord>(key)) {
+        if (type == ItemType::Reference) listReference(key, *reference, take);
+    } else if (auto const* const portfolio = store().resolve<PortfolioRecord>(key)) {
         if (type == ItemType::Portfolio || isIn(type, ItemType::DefinitionTypeGroup))
             listDefinitions(key, *portfolio, type, take);
     } else if (auto const* const include = store().resolve<IncludeRecord>(key)) {
