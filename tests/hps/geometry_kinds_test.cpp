@@ -37,7 +37,7 @@ Kind const kinds[] = {
     {Type(0x10100009), Search::Type(0x1000003B), SimpleCuboid({0, 0, 0}, {2, 1, 0})},
     {Type(0x1010000A), Search::Type(0x10000036), SimpleCuboid({0, 0, 0}, {4, 2, 1})},
     {Type(0x1010000B), Search::Type(0x1000002C), SimpleCuboid({1, 1, 0}, {4, 9, 0})},
-    {Type(0x1010000C), Search::Type(0x1000003C), std::nullopt},
+    {Type(0x1010000C), Search::Type(0x10000102), std::nullopt},
     {Type(0x1010000D), Search::Type(0x1000003E), SimpleCuboid({1, 2, 3}, {1, 2, 3})},
     {Type(0x1010000E), Search::Type(0x1000002A), SimpleCuboid({0, 0, 0}, {4, 2, 1})},
     {Type(0x1010000F), Search::Type(0x10000039), SimpleCuboid({0, 0, 0}, {4, 2, 1})},
@@ -225,7 +225,33 @@ TEST_F(Refused, AReferenceFollowsItsTargetButNoOtherReference)
     EXPECT_EQ(box.min, Point(1, 2, 8));
     reference.UnsetModellingMatrix();
     EXPECT_FALSE(reference.ShowModellingMatrix(matrix));
-    marker.Delete();
+
+    scene::ChangeCursor cursor;
+    std::vector<scene::ChangeMark> marks;
+    cursor.read(marks);
+    auto const isMarked = [&] {
+        cursor.read(marks);
+        return std::any_of(marks.begin(), marks.end(), [&](auto const& mark) {
+            return mark.slot == reference.Index().slot && has(mark.changes, scene::Change::Geometry);
+        });
+    };
+    auto other = root.Subsegment("another place").ReferenceGeometry(marker);
+    EXPECT_FALSE(isMarked());
+    marker.SetPoint({4, 4, 4});
+    ASSERT_TRUE(place.GetBoundingControl().ShowVolume(sphere, box));
+    EXPECT_EQ(box.min, Point(4, 4, 4)) << "the target moved";
+    EXPECT_TRUE(isMarked());
+    auto second = root.InsertMarker({9, 9, 9});
+    reference.SetTarget(second);
+    marker.SetPoint({5, 5, 5});
+    ASSERT_TRUE(place.GetBoundingControl().ShowVolume(sphere, box));
+    EXPECT_EQ(box.min, Point(9, 9, 9));
+    root.Subsegment("target").Delete();
+    EXPECT_FALSE(SegmentKey(other.Owner()).GetBoundingControl().ShowVolume(sphere, box));
+    EXPECT_TRUE(place.GetBoundingControl().ShowVolume(sphere, box));
+    root.Flush(Search::Type::Marker);
+    EXPECT_FALSE(place.GetBoundingControl().ShowVolume(sphere, box)) << "the target is gone";
+    EXPECT_TRUE(isMarked());
     EXPECT_TRUE(reference.ShowTarget(target) && target.Empty());
 }
 

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <hps/Factory.h>
 #include <hps/SceneTree.h>
+#include <hps/SprocketPath.h>
 #include <hps/hps.h>
 
 using namespace HPS;
@@ -166,6 +167,61 @@ TEST_F(Tree, HighlightBelongsToThePlaceInTheScene)
     a->Unhighlight(0);
     EXPECT_FALSE(a->IsHighlighted());
     EXPECT_EQ(a->selections, 0);
+}
+
+TEST_F(Tree, HighlightIsThatOfTheWindow)
+{
+    View view = Factory::CreateView();
+    view.AttachModel(model);
+    canvas.AttachViewAsLayout(view);
+    auto part = model.GetLibraryKey().Subsegment("part");
+    auto shell = part.InsertMarker({0, 0, 0});
+    auto include = top.Subsegment("a").IncludeSegment(part);
+    auto const a = open(first(), "a");
+    auto const marker = open(open(open(open(open(a, "Includes"), "part"), "part"), "Geometry"), "Markers");
+    auto const row = open(marker, "Marker");
+
+    // As a click in the picture does it: the way from the window down.
+    auto path = SprocketPath(canvas, canvas.GetAttachedLayout(), view, model).GetKeyPath();
+    path.PushFront(KeyPath(KeyArray{shell, part, include, top.Subsegment("a")}));
+    HighlightOptionsKit options;
+    options.SetStyleName("style");
+    auto control = canvas.GetWindowKey().GetHighlightControl();
+    control.Highlight(path, options);
+    EXPECT_TRUE(row->IsHighlighted());
+    EXPECT_FALSE(a->IsHighlighted()) << "it stands above";
+    row->Unhighlight();
+    KeyPathArray paths;
+    EXPECT_FALSE(control.ShowHighlightedPaths(paths));
+    row->Highlight(&options);
+    ASSERT_TRUE(control.ShowHighlightedPaths(paths));
+    EXPECT_EQ(paths.at(0), path);
+    tree->Flush();
+    EXPECT_TRUE(control.ShowHighlightedPaths(paths)) << "the rows go, the highlight stays";
+    view.Delete();
+}
+
+TEST_F(Tree, RaysAndReferencesHaveTheirOwnRows)
+{
+    top.InsertInfiniteLine({0, 0, 0}, {1, 0, 0});
+    auto const ray = top.InsertInfiniteRay({0, 0, 0}, {1, 0, 0});
+    auto const geometry = open(first(), "Geometry");
+    ASSERT_THAT(titles(geometry), ElementsAre("Infinite Lines", "Infinite Rays"));
+    auto const rays = open(geometry, "Infinite Rays");
+    EXPECT_EQ(static_cast<unsigned>(rays->GetItemType()), 0x280011u);
+    ASSERT_THAT(titles(rays), ElementsAre("Infinite Ray"));
+    EXPECT_EQ(rays->GetChildren()[0]->GetKey(), ray);
+    EXPECT_EQ(titles(open(geometry, "Infinite Lines")).size(), 1u);
+
+    auto reference = top.ReferenceGeometry(ray);
+    reference.SetModellingMatrix(MatrixKit());
+    first()->ReExpand();
+    auto const row = open(open(open(first(), "Geometry"), "References"), "Reference");
+    EXPECT_EQ(row->GetItemType(), ItemType::Reference);
+    EXPECT_TRUE(row->HasChildren());
+    ASSERT_THAT(titles(row), ElementsAre("Modelling Matrix", "Infinite Ray"));
+    EXPECT_EQ(row->GetChildren()[0]->GetItemType(), ItemType::ModellingMatrix);
+    EXPECT_EQ(row->GetChildren()[0]->GetKey(), reference);
 }
 
 TEST_F(Tree, TakesItsRootFromAnyObject)

@@ -87,6 +87,9 @@ public:
                     Text::RegionFitting& fitting, bool& adjustDirection, bool& relativeCoordinates,
                     bool& windowSpace) const;
 
+    bool Empty() const { return data_ == TextData{}; }
+    void Reset() { *this = {}; }
+
     // The attributes, for the operations inherited from the text attribute.
     TextAttributeData const& data() const { return data_.attributes; }
     template <class F> void edit(F&& f) { f(data_.attributes); }

@@ -2,6 +2,7 @@
 #include "SceneImporter.h"
 #include "definition_kinds.h"
 #include "merge.h"
+#include "references.h"
 #include "stored_kit.h"
 #include "structure.h"
 #include "user_data.h"
@@ -83,6 +84,7 @@ void SceneImporter::link()
         reference->data.target = all.indexOf(slot);
         if (!check<ReferenceRecord>(reference->data, reference->box))
             Reader::fail("a reference to a reference");
+        setTarget(reference->slot, slot);
     }
     ++all.definitionStamp;
 }
