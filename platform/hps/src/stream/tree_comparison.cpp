@@ -250,7 +250,7 @@ bool Comparison::geometryAlike(SlotIndex a, SlotIndex b)
 
 bool Comparison::segmentsAlike(SegmentRecord const& a, SegmentRecord const& b)
 {
-    static SegmentExtras const none;
+    static SegmentExtras const none{};
     auto const& all = store();
     bool const same = in("matrix", valueOf(a.matrix), valueOf(b.matrix)) && kitsAlike(a, b) &&
                       in("user data", listOf(a.userData), listOf(b.userData)) && linksAlike(a, b) &&
