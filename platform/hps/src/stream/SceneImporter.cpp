@@ -218,6 +218,7 @@ void SceneImporter::readKits(Reader& in, SegmentRecord& segment)
             context_.allowance.take(1, sizeof(KitBlockOf<Data>));
             Data data;
             readAspects(part, data);
+            if (!isFinite(data)) Reader::fail("an attribute that is no number");
             if (!(data == Data()))
                 segment.setKit(kind, std::make_shared<KitBlockOf<Data> const>(std::move(data)));
         });
