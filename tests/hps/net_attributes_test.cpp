@@ -119,6 +119,31 @@ TEST_F(Net, AStateOfFalseIsNoLock)
     EXPECT_EQ(faces({root, child}), false);
 }
 
+TEST_F(Net, TextureMatrixPriorityAndPaletteAreInheritedStyledAndLocked)
+{
+    auto child = root.Subsegment("child"), deep = child.Subsegment("deep");
+    auto const twice = MatrixKit().Scale(2, 2, 2), thrice = MatrixKit().Scale(3, 3, 3);
+    EXPECT_EQ(at({root, child})->textureMatrix, std::nullopt);
+    root.SetTextureMatrix(twice).SetPriority(1).SetMaterialPalette("first");
+    EXPECT_EQ(at({root, child, deep})->textureMatrix, twice);
+    EXPECT_EQ(at({root, child, deep})->priority, 1);
+    child.SetTextureMatrix(thrice).SetPriority(2).SetMaterialPalette("second");
+    EXPECT_EQ(at({root, child, deep})->textureMatrix, thrice);
+    EXPECT_EQ(at({root, child, deep})->priority, 2);
+    EXPECT_EQ(at({root, child, deep})->materialPalette, "second");
+
+    auto source = style("styled");
+    source.SetPriority(7);
+    deep.GetStyleControl().PushNamed("styled");
+    EXPECT_EQ(at({root, child, deep})->priority, 7);
+    deep.SetPriority(8);
+    EXPECT_EQ(at({root, child, deep})->priority, 8) << "the segment's own comes after its styles";
+    root.GetAttributeLockControl().SetLock(LockType::Everything, true);
+    EXPECT_EQ(at({root, child, deep})->priority, 1);
+    EXPECT_EQ(at({root, child, deep})->textureMatrix, twice);
+    EXPECT_EQ(at({root, child, deep})->materialPalette, "first");
+}
+
 TEST_F(Net, AnOverrideFreesWhatIsBelow)
 {
     auto a = root.Subsegment("a"), b = a.Subsegment("b"), c = b.Subsegment("c");

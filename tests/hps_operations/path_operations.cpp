@@ -44,6 +44,20 @@ OperationRows pathOperations()
              EXPECT_FALSE(b.shellPath().ShowNetBounding(kit)) << "a key of the path is stale";
              EXPECT_FALSE(KeyPath().ShowNetBounding(kit));
          }},
+        {"KeyPath::ShowNetBounding of joined paths", "conversion of tree ids",
+         [](Bench& b) {
+             b.part.SetModellingMatrix(MatrixKit().Translate(1, 0, 0));
+             auto path = b.modelPath().PushFront(KeyPath(KeyArray{b.part, b.include, b.instance}));
+             path.PushFront(KeyPath(KeyArray{b.shell, b.body, b.part}));
+             BoundingKit kit;
+             SimpleSphere sphere;
+             SimpleCuboid box;
+             ASSERT_TRUE(path.ShowNetBounding(kit) && kit.ShowVolume(sphere, box));
+             EXPECT_EQ(box.max, Point(2, 1, 0)) << "the part stands in it twice and counts once";
+             b.window().GetHighlightControl().Highlight(path, HighlightOptionsKit::GetDefault());
+             std::vector<HighlightOptionsKit> options;
+             EXPECT_TRUE(b.window().GetHighlightControl().ShowHighlight(b.shellPath(), options));
+         }},
         {"KeyPath::ShowNetBounding of what changes", "zoom to a node",
          [](Bench& b) {
              BoundingKit kit;

@@ -170,6 +170,20 @@ TEST(Refusals, AreToldAndLeaveNothingBehind)
     }
 }
 
+TEST(Refusals, AreNoneWhereAWarningIsEnough)
+{
+    struct Warned : EventHandler {
+        int count = 0;
+        HandleResult Handle(Event const*) override { return ++count, HandleResult::Handled; }
+    } warned;
+    Bench bench;
+    Database::GetEventDispatcher().Subscribe(warned, WarningEvent().GetClassID());
+    auto const texture =
+        bench.portfolio.DefineTexture("texture", ImageDefinition(), TextureOptionsKit::GetDefault());
+    EXPECT_FALSE(texture.Empty());
+    EXPECT_EQ(warned.count, 1);
+}
+
 TEST(Refusals, OfPlacesThatNoMemoryHasAreExceptions)
 {
     ShellKit kit;

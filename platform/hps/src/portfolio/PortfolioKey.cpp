@@ -104,6 +104,8 @@ ImageDefinition PortfolioKey::DefineImage(UTF8 const& name, ImageKit const& kit)
 TextureDefinition PortfolioKey::DefineTexture(UTF8 const& name, ImageDefinition const& image,
                                               TextureOptionsKit const& options)
 {
+    if (image.Empty())
+        raiseWarning(UTF8("Texture \"" + name.Str() + "\" shows nothing: its image is not there"));
     return define<TextureDefinition>(*this, name, Texture{image, options});
 }
 

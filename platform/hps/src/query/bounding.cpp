@@ -92,7 +92,8 @@ std::optional<std::vector<SegmentRecord const*>> segmentsOf(std::span<Key const>
     for (auto at = leafFirst.size(); at-- > 0;) {
         auto const* const record = store().resolve(leafFirst[at].Index());
         if (!record) return std::nullopt;
-        if (auto const* const segment = store().at<SegmentRecord>(record->slot)) segments.push_back(segment);
+        auto const* const segment = store().at<SegmentRecord>(record->slot);
+        if (segment && (segments.empty() || segments.back() != segment)) segments.push_back(segment);
     }
     return segments;
 }

@@ -21,8 +21,9 @@ SimpleCuboid leafBox(Key const& leaf);
 // world is that of the segment the view shows. Exclusion of the segment itself does not count here.
 SimpleCuboid worldBoundsOf(SegmentRecord const& segment);
 
-// The segments of a path, from the root down, geometry at its leaf and includes left out. Nothing if a key is
-// stale.
+// The segments of a path, from the root down, geometry at its leaf and includes left out. One that is named
+// twice in a row counts once: paths put together from pieces may repeat the key where they join. Nothing if a
+// key is stale.
 std::optional<std::vector<SegmentRecord const*>> segmentsOf(std::span<Key const> leafFirst);
 
 } // namespace HPS::scene

@@ -107,9 +107,6 @@ NetState NetFold::compute(NetState const& parent, SegmentRecord const& segment)
             net.conditions = std::move(all);
         }
         net.portfolios.insert(net.portfolios.end(), extras.portfolios.begin(), extras.portfolios.end());
-        if (!extras.materialPalette.empty()) net.materialPalette = extras.materialPalette;
-        if (extras.textureMatrix) net.textureMatrix = *extras.textureMatrix;
-        if (extras.priority) net.priority = extras.priority;
 
         for (auto const slot : extras.styles) {
             auto const& style = *store().at<StyleRecord>(slot);
@@ -117,17 +114,25 @@ NetState NetFold::compute(NetState const& parent, SegmentRecord const& segment)
             auto const* const source = style.name.empty() ? store().resolve<SegmentRecord>(style.source)
                                                           : findStyle(net.portfolios, style.name);
             if (!source) continue;
-            applyKits(net, source->kits, net.locks | filtered(slot));
-            auto const& locks = valuesOf<AttributeLockData>(source->kit(KitKind::AttributeLock));
-            net.locks |= lockSet(locks.locks);
-            net.locks &= ~lockSet(locks.overrides);
+            apply(net, *source, net.locks | filtered(slot));
         }
     }
-    applyKits(net, segment.kits, net.locks);
-    auto const& locks = valuesOf<AttributeLockData>(segment.kit(KitKind::AttributeLock));
+    apply(net, segment, net.locks);
+    return net;
+}
+
+void NetFold::apply(NetState& net, SegmentRecord const& source, LockSet const& locked)
+{
+    applyKits(net, source.kits, locked);
+    if (source.extras && !locked.test(LockBit::others)) {
+        auto const& extras = *source.extras;
+        if (!extras.materialPalette.empty()) net.materialPalette = extras.materialPalette;
+        if (extras.textureMatrix) net.textureMatrix = *extras.textureMatrix;
+        if (extras.priority) net.priority = extras.priority;
+    }
+    auto const& locks = valuesOf<AttributeLockData>(source.kit(KitKind::AttributeLock));
     net.locks |= lockSet(locks.locks);
     net.locks &= ~lockSet(locks.overrides);
-    return net;
 }
 
 void NetFold::applyKits(NetState& state, std::span<KitPointer const> kits, LockSet const& locked)

@@ -106,6 +106,8 @@ private:
     };
 
     NetState compute(NetState const& parent, SegmentRecord const& segment);
+    // Lays all that a segment or the source of a style gives over a state, its locks last.
+    void apply(NetState& net, SegmentRecord const& source, LockSet const& locked);
     void applyKits(NetState& state, std::span<KitPointer const> kits, LockSet const& locked);
     template <class Data>
     KitPointer merged(KitPointer const& base, KitPointer const& over, LockSet const& locked);
