@@ -50,6 +50,10 @@ struct Operation {
     char const* caller;
     void (*check)(Bench&);
 };
+inline void PrintTo(Operation const& row, std::ostream* out)
+{
+    *out << row.name << ", called by: " << row.caller;
+}
 using OperationRows = std::vector<Operation>;
 
 OperationRows structureOperations();

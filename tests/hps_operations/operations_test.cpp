@@ -1,6 +1,5 @@
 // Every operation of the scene library that the product calls, by who calls it.
 #include "operation.h"
-#include <set>
 
 namespace
 {
@@ -22,7 +21,6 @@ class SceneOperations : public testing::TestWithParam<Operation>
 
 TEST_P(SceneOperations, DoWhatTheirCallersRelyOn)
 {
-    SCOPED_TRACE(std::string(GetParam().name) + ", called by: " + GetParam().caller);
     Bench bench;
     GetParam().check(bench);
 }

@@ -11,7 +11,8 @@ std::vector<Key> found(SegmentKey const& segment, Search::Type type, Space space
 {
     SearchResults results;
     std::vector<Key> keys;
-    EXPECT_EQ(segment.Find(type, space, results), results.GetCount());
+    auto const count = segment.Find(type, space, results);
+    EXPECT_EQ(count, results.GetCount());
     for (auto at = results.GetIterator(); at.IsValid(); at.Next()) {
         EXPECT_THAT(at.GetResultTypes(), ElementsAre(type));
         keys.push_back(at.GetItem());
