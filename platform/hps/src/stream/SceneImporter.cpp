@@ -12,7 +12,7 @@ namespace
 {
 
 // What records and lists may take beyond the size of the file.
-constexpr std::uint64_t alwaysAllowed = std::uint64_t(512) << 20;
+constexpr std::uint64_t alwaysAllowed = std::uint64_t(256) << 20;
 constexpr std::uint64_t allowedPerByte = 1024;
 
 // Others are passed over.
@@ -58,7 +58,8 @@ SegmentRecord& SceneImporter::segment(FileNumber number) const
 Steps SceneImporter::read(std::istream& in)
 {
     ChunkReader chunks(in);
-    context_.allowance = Allowance(alwaysAllowed + chunks.fileSize() * allowedPerByte);
+    fileSize_ = chunks.fileSize();
+    context_.allowance = Allowance(alwaysAllowed + fileSize_ * allowedPerByte);
     Chunk chunk;
     while (chunks.read(chunk)) {
         readChunk(chunk);
@@ -97,6 +98,8 @@ void SceneImporter::readHead(Bytes const& content)
     constexpr std::uint64_t most = std::numeric_limits<FileNumber>::max() - 1;
     if (segmentCount_ == 0 || std::max({segmentCount_, portfolioCount_, geometryCount_}) > most)
         Reader::fail("its head makes no sense");
+    // Nothing else in the file stands for a portfolio without definitions.
+    if (portfolioCount_ > fileSize_) throw IOException("holds far more than a file of its size may");
     context_.allowance.take(static_cast<std::size_t>(portfolioCount_), sizeof(PortfolioRecord));
     for (std::uint64_t i = 0; i < portfolioCount_; ++i) {
         auto& portfolio = store().create<PortfolioRecord>(HPS::Type::PortfolioKey);

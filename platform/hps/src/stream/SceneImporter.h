@@ -67,6 +67,7 @@ private:
     std::uint64_t geometriesRead_ = 0; // with those of unknown kinds, which have no slot
     Bytes pending_;                    // the beginning of an item whose end is in a later chunk
     ChunkType pendingType_ = ChunkType::Head;
+    std::uint64_t fileSize_ = 0;
     bool hasHead_ = false, ended_ = false;
 };
 
