@@ -23,14 +23,26 @@ ProgramName programFor(Primitive primitive)
     return ProgramName::Faces;
 }
 
-Features featuresFor(Pipeline const& pipeline, Scene const& scene)
+Features featuresFor(Pipeline const& pipeline, FrameContext const& context)
 {
     Features features;
     if (pipeline.primitive != Primitive::Faces) return features;
-    features.set(Feature::Flat, scene.faceStyle == FaceStyle::Flat);
+    Scene const& scene = context.scene;
+    features = context.list.materials.kind(pipeline.surface).features;
+    if (scene.faceStyle == FaceStyle::Flat) features.set(Feature::Flat).set(Feature::Gouraud, false);
     features.set(Feature::Transparent, pipeline.transparent);
     features.lights = std::uint8_t(std::min(scene.lights.distant.size(), maximumLights));
+    features.spots = std::uint8_t(std::min(scene.lights.spots.size(), maximumLights));
     return features;
+}
+
+/// Binds what the material's programs read; `materialUnits` tells which units are in use.
+void bindTextures(SurfaceKind const& kind)
+{
+    for (UnitTexture const& texture : kind.textures) {
+        glBindTextureUnit(texture.unit, texture.sampled.texture->name());
+        glBindSampler(texture.unit, texture.sampled.sampler);
+    }
 }
 
 void enable(GLenum what, bool on)
@@ -77,6 +89,8 @@ void CallList::submit(FrameContext const& context, std::optional<ProgramName> pr
     glBindBuffer(GL_DRAW_INDIRECT_BUFFER, buffer_.name());
     for (Batch const& batch : batches_) submit(batch, context, program);
     glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+    glDisable(GL_CULL_FACE);
+    glBindSamplers(0, materialUnits, nullptr); // who draws next samples as its textures say
     context.counts.calls += std::uint32_t(batches_.size());
 }
 
@@ -88,9 +102,13 @@ void CallList::submit(Batch const& batch, FrameContext const& context,
     enable(GL_BLEND, pipeline.transparent);
     glDepthMask(pipeline.transparent ? GL_FALSE : GL_TRUE);
     enable(GL_SAMPLE_ALPHA_TO_COVERAGE, pipeline.primitive == Primitive::Markers && !pipeline.transparent);
-    enable(GL_CULL_FACE, faces && (pipeline.cullBack || (pipeline.closed && context.eyeOutside)));
+    bool const cullBack = pipeline.cullBack || (pipeline.closed && context.eyeOutside);
+    enable(GL_CULL_FACE, faces && (cullBack || pipeline.cullFront));
     // Not the front is redefined, for the shader lights by what winds counter-clockwise, mirrored or not.
-    glCullFace(pipeline.mirrored ? GL_FRONT : GL_BACK);
+    if (cullBack && pipeline.cullFront)
+        glCullFace(GL_FRONT_AND_BACK);
+    else
+        glCullFace(pipeline.mirrored == pipeline.cullFront ? GL_BACK : GL_FRONT);
     GLboolean const seen = faces && context.scene.faceStyle == FaceStyle::HiddenLine ? GL_FALSE : GL_TRUE;
     glColorMask(seen, seen, seen, seen);
     enable(GL_POLYGON_OFFSET_FILL, faces && pipeline.displacement != 0);
@@ -99,7 +117,8 @@ void CallList::submit(Batch const& batch, FrameContext const& context,
         glPolygonOffset(away > 0 ? 1.0f : -1.0f, away);
     }
     glUseProgram(ShaderLibrary::instance().program(wanted.value_or(programFor(pipeline.primitive)),
-                                                   featuresFor(pipeline, context.scene)));
+                                                   featuresFor(pipeline, context)));
+    if (faces) bindTextures(context.list.materials.kind(pipeline.surface));
     MeshStore::instance().bind(pipeline.primitive, batch.instances);
     auto const first = reinterpret_cast<void const*>(batch.firstCommand * sizeof(Command));
     GLenum const mode = pipeline.primitive == Primitive::ThinLines ? GL_LINES : GL_TRIANGLES;

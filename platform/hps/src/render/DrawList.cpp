@@ -21,7 +21,8 @@ void DrawList::add(Pipeline pipeline, MeshRange const& range, Box const& local, 
     for (int out = 0; out < 3; ++out)
         for (int in = 0; in < 4; ++in) instance.rows[out][in] = float(matrix[in * 4 + out]);
     // Winding matters only where a side is culled; elsewhere the bit would split calls for nothing.
-    pipeline.mirrored = (pipeline.cullBack || pipeline.closed) && determinant3(matrix) < 0;
+    pipeline.mirrored =
+        (pipeline.cullBack || pipeline.cullFront || pipeline.closed) && determinant3(matrix) < 0;
     Box const world = transformed(local, matrix);
     if (!world.drawable()) return;
     bounds.add(world);

@@ -15,9 +15,11 @@ struct Pipeline {
     bool transparent = false;
     Primitive primitive = Primitive::Faces;
     bool cullBack = false;
-    bool closed = false;           ///< front faces hide all back faces from outside, so these may be left out
+    bool closed = false; ///< front faces hide all back faces from outside, so these may be left out
+    bool cullFront = false;
     bool mirrored = false;         ///< the instance's matrix turns the winding round; matters to culling only
     std::int16_t displacement = 0; ///< of faces, in depth steps, away from the viewer
+    std::uint16_t surface = 0;     ///< kind of the material table: features and textures beyond the plain
 
     friend auto operator<=>(Pipeline const&, Pipeline const&) = default;
 };

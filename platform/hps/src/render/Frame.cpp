@@ -1,4 +1,5 @@
 #include "Frame.h"
+#include "MeshStore.h"
 #include "bindings.h"
 #include "frame_block.h"
 #include <epoxy/gl.h>
@@ -33,9 +34,12 @@ void Frame::upload(FrameContext& context)
     MaterialTable const& materials = context.list.materials;
     if (uploadedMaterials_ != materials.version()) {
         materials_.fill(std::span<MaterialRow const>(materials.rows()));
+        layers_.fill(std::span<LayerRow const>(materials.layers()));
         uploadedMaterials_ = materials.version();
     }
     glBindBufferBase(GL_SHADER_STORAGE_BUFFER, MaterialBinding, materials_.name());
+    glBindBufferBase(GL_SHADER_STORAGE_BUFFER, LayerBinding, layers_.name());
+    glBindBufferBase(GL_SHADER_STORAGE_BUFFER, ParameterBinding, MeshStore::instance().parameterBuffer());
 }
 
 void Frame::drawSteps(FrameContext const& context)

@@ -25,7 +25,7 @@ private:
     void upload(FrameContext& context);
     void drawSteps(FrameContext const& context);
 
-    Buffer frameBlock_, instances_, materials_;
+    Buffer frameBlock_, instances_, materials_, layers_;
     std::uint64_t uploadedList_ = 0, uploadedMaterials_ = 0; ///< versions of what is in the buffers
     VisibleRecords visible_;                                 ///< in this frame
 

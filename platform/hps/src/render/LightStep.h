@@ -12,6 +12,9 @@ public:
     void draw(FrameContext const& context);
 
 private:
+    void warnOfTooMany(Lights const& lights);
+
+    bool warned_ = false;
     Buffer buffer_;
 };
 

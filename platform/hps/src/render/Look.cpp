@@ -1,4 +1,5 @@
 #include "Look.h"
+#include "surface_material.h"
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -29,13 +30,6 @@ struct Colour {
     float alpha = 1;
 };
 
-MaterialData const* paletteMaterial(MaterialKitArray const* palette, float index)
-{
-    if (palette == nullptr || palette->empty() || !(index >= 0)) return nullptr;
-    auto const nearest = std::size_t(std::lround(std::min(index, 1e6f)));
-    return nearest < palette->size() ? &(*palette)[nearest].data() : nullptr;
-}
-
 void lay(Colour& colour, std::optional<RGBColor> const& rgb, std::optional<float> const& alpha)
 {
     if (rgb) colour.rgb = *rgb;
@@ -51,7 +45,7 @@ void lay(Colour& colour, std::optional<ComplexMaterial> const& material, Materia
 {
     if (!material) return;
     if (material->index)
-        if (MaterialData const* const found = paletteMaterial(palette, *material->index)) lay(colour, *found);
+        if (auto const found = paletteMaterial(palette, *material->index)) lay(colour, *found);
     lay(colour, material->values());
 }
 
@@ -59,7 +53,7 @@ void lay(Colour& colour, std::optional<SimpleMaterial> const& material, Material
 {
     if (!material) return;
     if (material->index)
-        if (MaterialData const* const found = paletteMaterial(palette, *material->index)) lay(colour, *found);
+        if (auto const found = paletteMaterial(palette, *material->index)) lay(colour, *found);
     lay(colour, material->color, material->alpha);
 }
 

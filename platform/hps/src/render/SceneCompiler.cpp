@@ -103,15 +103,16 @@ void SceneCompiler::makeList(NetAttributes const& above, SegmentRecord const& vi
         MeshCache::Content const& content = meshes.content(segment);
         for (SlotIndex slot : content.scenery) readScenery(slot, net);
         if (content.faces || content.chains || content.markers)
-            draw(segment, lookOf(net.state), wide(net.matrix));
+            draw(segment, heldFor(net.state), wide(net.matrix));
         return true;
     });
     list_.finish();
     looks_.clear();
+    TextureStore::instance().sweep();
     made_ = true;
 }
 
-Look const& SceneCompiler::lookOf(NetStatePointer const& state)
+SceneCompiler::Held& SceneCompiler::heldFor(NetStatePointer const& state)
 {
     auto const [found, isNew] = looks_.try_emplace(state.get());
     Held& held = found->second;
@@ -122,38 +123,60 @@ Look const& SceneCompiler::lookOf(NetStatePointer const& state)
                                     state->get<LineAttributeData>(), state->get<EdgeAttributeData>(),
                                     state->get<MarkerAttributeData>(), state->get<DrawingAttributeData>(),
                                     state->get<CullingData>(), palette.get()});
+        if (held.look.facesShown) held.faces = FaceLooks(state);
     }
-    return held.look;
+    return held;
 }
 
-void SceneCompiler::draw(SegmentRecord const& segment, Look const& look, Mat4 const& matrix)
+void SceneCompiler::draw(SegmentRecord const& segment, Held& held, Mat4 const& matrix)
 {
+    Look const& look = held.look;
     MeshCache& meshes = MeshCache::instance();
     MeshCache::Content const& content = meshes.content(segment);
-    if (content.faces && look.facesShown)
-        add(meshes.faces(segment, look.plainFaces), Primitive::Faces, look.face, look, matrix);
+    if (content.faces && look.facesShown) addFaces(segment, held, matrix);
     if (content.faces && look.edges.any())
-        add(meshes.edges(segment, look.edges), Primitive::Lines, look.edge, look, matrix);
-    if (content.chains && look.linesShown)
-        add(meshes.lines(segment), Primitive::Lines, look.line, look, matrix);
+        add(meshes.edges(segment, look.edges), Primitive::Lines, look.edge, matrix);
+    if (content.chains && look.linesShown) add(meshes.lines(segment), Primitive::Lines, look.line, matrix);
     if (content.markers && look.markersShown)
-        add(meshes.markers(segment), Primitive::Markers, look.marker, look, matrix);
+        add(meshes.markers(segment), Primitive::Markers, look.marker, matrix);
     if (content.faces && look.verticesShown)
-        add(meshes.vertices(segment), Primitive::Markers, look.vertex, look, matrix);
+        add(meshes.vertices(segment), Primitive::Markers, look.vertex, matrix);
+}
+
+void SceneCompiler::addFaces(SegmentRecord const& segment, Held& held, Mat4 const& matrix)
+{
+    MeshCache& meshes = MeshCache::instance();
+    Look const& look = held.look;
+    MeshCache::Drawable const* drawable = &meshes.faces(segment, look.plainFaces);
+    if (held.faces.textured(*drawable)) drawable = &meshes.withParameters(segment, look.plainFaces);
+    auto const parts = faceParts(held.faces, *drawable, list_.materials);
+    bool const opaque =
+        std::none_of(parts.begin(), parts.end(), [](FacePart const& part) { return part.transparent; });
+    for (FacePart const& part : parts) {
+        Pipeline pipeline;
+        pipeline.transparent = part.transparent;
+        pipeline.cullBack = look.cullBack || part.cullBack;
+        pipeline.cullFront = part.cullFront;
+        pipeline.closed = drawable->closed && opaque;
+        pipeline.displacement = look.displacement;
+        pipeline.surface = part.surface.kind;
+        Instance instance{};
+        std::copy_n(part.colour, 4, instance.colour);
+        instance.size = look.face.size;
+        instance.flags = look.face.flags;
+        instance.material = packMaterial(part.surface.row, 0);
+        list_.add(pipeline, part.range, drawable->mesh.box(), matrix, instance);
+    }
 }
 
 void SceneCompiler::add(MeshCache::Drawable const& drawable, Primitive primitive, Look::Stroke const& stroke,
-                        Look const& look, Mat4 const& matrix)
+                        Mat4 const& matrix)
 {
     if (drawable.mesh.empty() || stroke.colour[3] == 0) return;
-    bool const faces = primitive == Primitive::Faces;
     Pipeline pipeline;
     bool const thin = stroke.size <= 1 && (stroke.flags & SizeInWorld) == 0;
     pipeline.primitive = primitive == Primitive::Lines && thin ? Primitive::ThinLines : primitive;
     pipeline.transparent = stroke.transparent() || drawable.translucent;
-    pipeline.cullBack = faces && look.cullBack;
-    pipeline.closed = drawable.closed && !pipeline.transparent;
-    pipeline.displacement = faces ? look.displacement : std::int16_t(0);
     Instance instance{};
     std::copy_n(stroke.colour, 4, instance.colour);
     instance.size = stroke.size;
@@ -165,6 +188,8 @@ void SceneCompiler::readScenery(SlotIndex slot, NetAttributes const& net)
 {
     if (auto const* const light = store().at<DistantLightRecord>(slot))
         readDistantLight(scene_.lights, light->data, net);
+    else if (auto const* const spot = store().at<SpotlightRecord>(slot))
+        readSpotlight(scene_.lights, spot->data, net);
 }
 
 void SceneCompiler::readScene(SceneSources const& sources)

@@ -1,5 +1,6 @@
 #pragma once
 #include "DrawList.h"
+#include "FaceLook.h"
 #include "Look.h"
 #include "MeshCache.h"
 #include "net_attributes.h"
@@ -41,13 +42,15 @@ private:
     struct Held {
         scene::NetStatePointer state; ///< keeps the address in the key from being used again
         Look look;
+        FaceLooks faces;
     };
     bool stillHolds(std::vector<Place> const& places, bool fromScratch);
     void makeList(scene::NetAttributes const& above, scene::SegmentRecord const& view);
-    Look const& lookOf(scene::NetStatePointer const& state);
-    void draw(scene::SegmentRecord const& segment, Look const& look, Mat4 const& matrix);
+    Held& heldFor(scene::NetStatePointer const& state);
+    void draw(scene::SegmentRecord const& segment, Held& held, Mat4 const& matrix);
+    void addFaces(scene::SegmentRecord const& segment, Held& held, Mat4 const& matrix);
     void add(MeshCache::Drawable const& drawable, Primitive primitive, Look::Stroke const& stroke,
-             Look const& look, Mat4 const& matrix);
+             Mat4 const& matrix);
     void readScene(SceneSources const& sources);
     void readScenery(scene::SlotIndex slot, scene::NetAttributes const& net);
 

@@ -30,6 +30,21 @@ struct NamedFeature {
 constexpr std::array features{
     NamedFeature{Feature::Flat, "FLAT"},
     NamedFeature{Feature::Transparent, "TRANSPARENT"},
+    NamedFeature{Feature::Gouraud, "GOURAUD"},
+    NamedFeature{Feature::FlatColours, "FLAT_COLOURS"},
+    NamedFeature{Feature::Material, "MATERIAL"},
+    NamedFeature{Feature::Parameters, "PARAMETERS"},
+    NamedFeature{Feature::Projected, "PROJECTED"},
+    NamedFeature{Feature::SpecularMap, "SPECULAR_MAP"},
+    NamedFeature{Feature::MirrorMap, "MIRROR_MAP"},
+    NamedFeature{Feature::TransmissionMap, "TRANSMISSION_MAP"},
+    NamedFeature{Feature::EmissionMap, "EMISSION_MAP"},
+    NamedFeature{Feature::BumpMap, "BUMP_MAP"},
+    NamedFeature{Feature::Mirror, "MIRROR"},
+    NamedFeature{Feature::EnvironmentMap, "ENVIRONMENT_MAP"},
+    NamedFeature{Feature::EnvironmentCube, "ENVIRONMENT_CUBE"},
+    NamedFeature{Feature::EnvironmentColour, "ENVIRONMENT_COLOUR"},
+    NamedFeature{Feature::Indexed, "INDEXED"},
 };
 
 /// Appends a module and, before the place where it asks for them, the modules that it takes in.
@@ -90,6 +105,8 @@ std::string ShaderLibrary::source(std::string_view module, Features const& wante
     // A number known beforehand: a loop that the compiler cannot unroll costs software rendering half its
     // speed.
     text += "#define LIGHTS " + std::to_string(wanted.lights) + "\n";
+    text += "#define SPOTS " + std::to_string(wanted.spots) + "\n";
+    text += "#define LAYERS " + std::to_string(wanted.layers) + "\n";
     std::set<std::string_view> taken;
     append(text, module, taken);
     return text;

@@ -21,6 +21,6 @@ enum Attribute : unsigned {
 enum UniformBinding : unsigned { FrameBinding, LightBinding, BackgroundBinding };
 
 /// Shader storage blocks, std430.
-enum StorageBinding : unsigned { MaterialBinding };
+enum StorageBinding : unsigned { MaterialBinding, LayerBinding, ParameterBinding };
 
 } // namespace HPS::render

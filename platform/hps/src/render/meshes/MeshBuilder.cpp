@@ -32,8 +32,12 @@ std::uint32_t nearestSource(BlendedPoint const& blended, std::size_t inputs)
 
 } // namespace
 
-void MeshBuilder::clear()
+void MeshBuilder::clear(bool parameters)
 {
+    wantsParameters_ = parameters;
+    parameters_.clear();
+    groups_.clear();
+    indexed_ = false;
     vertices_.clear();
     indices_.clear();
     segments_.clear();
@@ -63,9 +67,81 @@ FaceVertex MeshBuilder::vertexOf(ShellData const& shell, std::uint32_t corner, b
     vertex.position[1] = p.y;
     vertex.position[2] = p.z;
     if (shell.vertexNormals.IsSet(source)) putNormal(vertex, shell.vertexNormals.values[source]);
-    if (!plain && shell.colors && shell.colors->vertexFaces.IsSet(source))
+    if (plain || !shell.colors) return vertex;
+    if (shell.colors->vertexFaces.IsSet(source))
         putColour(vertex, shell.colors->vertexFaces.values[source]);
+    else if (shell.colors->vertexFaceIndices.IsSet(source)) {
+        putIndex(vertex, shell.colors->vertexFaceIndices.values[source]);
+        indexed_ = true;
+    }
     return vertex;
+}
+
+// Stands behind the push of the vertex that it belongs to.
+void MeshBuilder::putParameters(ShellData const& shell, std::uint32_t corner)
+{
+    if (!wantsParameters_ || !shell.extras || shell.extras->parameterWidth == 0) return;
+    PolyhedronExtras const& extras = *shell.extras;
+    std::size_t const width = extras.parameterWidth;
+    auto add = [&](VertexParameters& sum, std::uint32_t point, float weight) {
+        bool const isSet = (std::size_t(point) + 1) * width <= extras.vertexParameters.size() &&
+                           (extras.hasParameters.empty() || extras.hasParameters[point]);
+        if (!isSet) return;
+        float const* const p = &extras.vertexParameters[point * width];
+        sum.u += weight * p[0];
+        sum.v += width > 1 ? weight * p[1] : 0;
+        sum.w += width > 2 ? weight * p[2] : 0;
+        sum.isSet += weight;
+    };
+    VertexParameters here;
+    if (corner < shell.points.size()) {
+        add(here, corner, 1);
+    } else {
+        BlendedPoint const& blend = triangulator_.blended()[corner - shell.points.size()];
+        for (std::size_t i = 0; i < blend.sources.size(); ++i) add(here, blend.sources[i], blend.weights[i]);
+    }
+    here.isSet = here.isSet > 0.99f ? 1.0f : 0.0f;
+    parameters_.resize(vertices_.size());
+    parameters_.back() = here;
+}
+
+bool MeshBuilder::parametersComplete() const
+{
+    return std::all_of(parameters_.begin(), parameters_.end(),
+                       [](VertexParameters const& p) { return p.isSet > 0; });
+}
+
+void MeshBuilder::uploadParameters(Mesh& mesh)
+{
+    bool const any = std::any_of(parameters_.begin(), parameters_.end(),
+                                 [](VertexParameters const& p) { return p.isSet > 0; });
+    if (!any || mesh.empty()) return;
+    parameters_.resize(vertices_.size());
+    MeshStore::instance().addParameters(mesh, parameters_);
+}
+
+// Triangles whose faces name the same material of the palette follow each other; none is named before any.
+std::vector<std::uint32_t> MeshBuilder::triangleOrder(ShellData const& shell, bool plain) const
+{
+    std::vector<std::uint32_t> order(triangulator_.faces().size());
+    std::iota(order.begin(), order.end(), 0u);
+    if (plain || !shell.colors || shell.colors->faceIndices.Empty()) return order;
+    auto const& indices = shell.colors->faceIndices;
+    auto key = [&](std::uint32_t triangle) {
+        std::uint32_t const face = triangulator_.faces()[triangle];
+        return indices.IsSet(face) ? indices.values[face] : -1.0f;
+    };
+    std::stable_sort(order.begin(), order.end(),
+                     [&](std::uint32_t a, std::uint32_t b) { return key(a) < key(b); });
+    return order;
+}
+
+void MeshBuilder::closeGroup(std::uint32_t first, std::optional<float> index, ShellData const& shell)
+{
+    auto const count = std::uint32_t(indices_.size()) - first;
+    bool const own = shell.extras && !(shell.extras->materialMapping == MaterialMappingData());
+    if (count == 0 || (!index && !own)) return;
+    groups_.push_back({first, count, index, own ? shell.extras : nullptr});
 }
 
 void MeshBuilder::addShellFaces(ShellData const& shell, bool plain)
@@ -77,15 +153,29 @@ void MeshBuilder::addShellFaces(ShellData const& shell, bool plain)
     if (!shell.vertexNormals.Empty()) {
         std::size_t const corners = shell.points.size() + triangulator_.blended().size();
         vertices_.reserve(vertices_.size() + corners);
-        for (std::uint32_t i = 0; i < corners; ++i) vertices_.push_back(vertexOf(shell, i, plain));
+        for (std::uint32_t i = 0; i < corners; ++i) {
+            vertices_.push_back(vertexOf(shell, i, plain));
+            putParameters(shell, i);
+        }
     }
     indices_.reserve(indices_.size() + triangles.size());
-    for (std::size_t t = 0; t < triangulator_.faces().size(); ++t) {
+    auto const* const faceIndices = !plain && shell.colors ? &shell.colors->faceIndices : nullptr;
+    auto first = std::uint32_t(indices_.size());
+    std::optional<float> index;
+    for (std::uint32_t t : triangleOrder(shell, plain)) {
         std::uint32_t const face = triangulator_.faces()[t];
+        bool const named = faceIndices != nullptr && faceIndices->IsSet(face);
+        std::optional<float> const next = named ? std::optional(faceIndices->values[face]) : std::nullopt;
+        if (next != index) {
+            closeGroup(first, index, shell);
+            first = std::uint32_t(indices_.size());
+            index = next;
+        }
         bool const coloured = faceColours != nullptr && faceColours->IsSet(face);
         addTriangle({triangles[3 * t], triangles[3 * t + 1], triangles[3 * t + 2]}, shell, plain,
                     coloured ? &faceColours->values[face] : nullptr, shared);
     }
+    closeGroup(first, index, shell);
 }
 
 // Vertices from `shared` on stand for the shell's points if it has normals. A triangle shares none of them if
@@ -114,6 +204,7 @@ void MeshBuilder::addTriangle(std::array<std::uint32_t, 3> const& corners, Shell
         if (colour != nullptr) putColour(vertex, *colour);
         indices_.push_back(std::uint32_t(vertices_.size()));
         vertices_.push_back(vertex);
+        putParameters(shell, corner);
     }
 }
 

@@ -20,7 +20,7 @@ MeshCache::Content contentOf(SegmentRecord const& segment)
         content.faces = content.faces || type == Type::ShellKey || type == Type::PolygonKey;
         content.chains = content.chains || type == Type::LineKey;
         content.markers = content.markers || type == Type::MarkerKey;
-        if (type == Type::DistantLightKey) content.scenery.push_back(slot);
+        if (type == Type::DistantLightKey || type == Type::SpotlightKey) content.scenery.push_back(slot);
     }
     return content;
 }
@@ -79,7 +79,7 @@ template <class Record, class Add> void MeshCache::gather(SegmentRecord const& s
 }
 
 template <class Gather>
-MeshCache::Drawable const& MeshCache::find(SegmentRecord const& segment, std::uint8_t kind, Gather gather)
+MeshCache::Drawable& MeshCache::find(SegmentRecord const& segment, std::uint8_t kind, Gather gather)
 {
     Entry& holder = entry(segment);
     for (auto const& [known, drawable] : holder.drawables)
@@ -90,6 +90,8 @@ MeshCache::Drawable const& MeshCache::find(SegmentRecord const& segment, std::ui
     auto drawable = std::make_unique<Drawable>();
     drawable->mesh = gather();
     drawable->parts = std::move(parts_);
+    drawable->groups = builder_.groups();
+    drawable->indexed = builder_.indexed();
     drawable->translucent = builder_.translucent();
     drawable->closed = (kind == Faces || kind == PlainFaces) && builder_.closed();
     if (!drawable->mesh.empty()) ++uploads_;
@@ -100,10 +102,29 @@ MeshCache::Drawable const& MeshCache::find(SegmentRecord const& segment, std::ui
 MeshCache::Drawable const& MeshCache::faces(SegmentRecord const& segment, bool plain)
 {
     return find(segment, plain ? PlainFaces : Faces, [&] {
-        gather<ShellRecord>(segment, [&](ShellData const& shell) { builder_.addShellFaces(shell, plain); });
-        gather<PolygonRecord>(segment, [&](PointChain const& chain) { builder_.addPolygonFace(chain); });
+        gatherFaces(segment, plain);
         return builder_.uploadFaces();
     });
+}
+
+void MeshCache::gatherFaces(SegmentRecord const& segment, bool plain)
+{
+    gather<ShellRecord>(segment, [&](ShellData const& shell) { builder_.addShellFaces(shell, plain); });
+    gather<PolygonRecord>(segment, [&](PointChain const& chain) { builder_.addPolygonFace(chain); });
+}
+
+MeshCache::Drawable const& MeshCache::withParameters(SegmentRecord const& segment, bool plain)
+{
+    faces(segment, plain);
+    Drawable& drawable = find(segment, plain ? PlainFaces : Faces, [] { return Mesh(); });
+    if (drawable.parametersKnown) return drawable;
+    builder_.clear(true);
+    parts_.clear();
+    gatherFaces(segment, plain);
+    builder_.uploadParameters(drawable.mesh);
+    drawable.parametersComplete = drawable.mesh.parameters() && builder_.parametersComplete();
+    drawable.parametersKnown = true;
+    return drawable;
 }
 
 MeshCache::Drawable const& MeshCache::edges(SegmentRecord const& segment, EdgeChoice const& choice)

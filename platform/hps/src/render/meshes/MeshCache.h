@@ -30,9 +30,13 @@ public:
     };
     struct Drawable {
         Mesh mesh;
-        std::vector<Part> parts;  ///< in the order of their indices; those without any are left out
-        bool translucent = false; ///< by colours of its own
-        bool closed = false;      ///< faces that bound a volume, see `boundsVolumes`
+        std::vector<Part> parts;         ///< in the order of their indices; those without any are left out
+        std::vector<FaceGroup> groups;   ///< faces with a source of material of their own
+        bool indexed = false;            ///< vertices name materials of the palette
+        bool parametersKnown = false;    ///< see `withParameters`
+        bool parametersComplete = false; ///< every vertex has some
+        bool translucent = false;        ///< by colours of its own
+        bool closed = false;             ///< faces that bound a volume, see `boundsVolumes`
     };
 
     /// Reads the change marks. Call it once before a compile.
@@ -41,6 +45,8 @@ public:
     /// Valid until the next `refresh`, as all of these are.
     Content const& content(scene::SegmentRecord const& segment) { return entry(segment).content; }
     Drawable const& faces(scene::SegmentRecord const& segment, bool plain);
+    /// What `faces` gives, with the parameters that textures need where the geometry has any.
+    Drawable const& withParameters(scene::SegmentRecord const& segment, bool plain);
     Drawable const& edges(scene::SegmentRecord const& segment, EdgeChoice const& choice);
     Drawable const& lines(scene::SegmentRecord const& segment);
     Drawable const& markers(scene::SegmentRecord const& segment);
@@ -61,8 +67,9 @@ private:
     MeshCache() = default;
     Entry& entry(scene::SegmentRecord const& segment);
     template <class Gather>
-    Drawable const& find(scene::SegmentRecord const& segment, std::uint8_t kind, Gather gather);
+    Drawable& find(scene::SegmentRecord const& segment, std::uint8_t kind, Gather gather);
     template <class Record, class Add> void gather(scene::SegmentRecord const& segment, Add const& add);
+    void gatherFaces(scene::SegmentRecord const& segment, bool plain);
     void drop(scene::SlotIndex slot);
 
     scene::ChangeCursor cursor_;

@@ -1,6 +1,8 @@
 #include "MeshStore.h"
 #include "Device.h"
 #include "bindings.h"
+#include <cassert>
+#include <cmath>
 #include <cstddef>
 #include <epoxy/gl.h>
 #include <utility>
@@ -67,6 +69,22 @@ template <class T> std::vector<T> fourTimes(std::span<T const> elements)
 
 } // namespace
 
+void putIndex(FaceVertex& vertex, float index)
+{
+    auto const fixed = std::uint32_t(std::lround(std::clamp(index > 0 ? index : 0.0f, 0.0f, 65535.0f) * 256));
+    vertex.ownColour = -32767;
+    vertex.colour[0] = std::uint8_t(fixed >> 16);
+    vertex.colour[1] = std::uint8_t(fixed >> 8);
+    vertex.colour[2] = std::uint8_t(fixed);
+    vertex.colour[3] = 255;
+}
+
+std::optional<std::uint32_t> Mesh::parameters() const
+{
+    if (parameterCount_ == 0) return std::nullopt;
+    return firstParameter_ - range_.baseVertex; // wraps around, as the shader's sum does
+}
+
 Mesh::Mesh(Mesh&& other) noexcept
 {
     *this = std::move(other);
@@ -77,6 +95,8 @@ Mesh& Mesh::operator=(Mesh&& other) noexcept
     std::swap(primitive_, other.primitive_);
     std::swap(range_, other.range_);
     std::swap(vertexCount_, other.vertexCount_);
+    std::swap(firstParameter_, other.firstParameter_);
+    std::swap(parameterCount_, other.parameterCount_);
     std::swap(box_, other.box_);
     return *this;
 }
@@ -95,6 +115,8 @@ MeshStore& MeshStore::instance()
 MeshStore::MeshStore()
 {
     glCreateVertexArrays(primitiveCount + 1, arrays_);
+    // All triangles of a fan begin with the same corner: one that does not vary over a face is of one value.
+    glProvokingVertex(GL_FIRST_VERTEX_CONVENTION);
     std::span<Format const> const formats[] = {faceFormats, lineFormats, lineFormats, markerFormats};
     for (int i = 0; i < primitiveCount; ++i) {
         describe(arrays_[i], meshBinding, formats[i]);
@@ -127,6 +149,14 @@ Mesh MeshStore::addFaces(std::span<FaceVertex const> vertices, std::span<std::ui
     mesh.range_.indexCount = std::uint32_t(indices.size());
     mesh.vertexCount_ = std::uint32_t(vertices.size());
     return mesh;
+}
+
+void MeshStore::addParameters(Mesh& mesh, std::span<VertexParameters const> parameters)
+{
+    assert(parameters.size() == mesh.vertexCount_ && mesh.parameterCount_ == 0);
+    if (parameters.empty()) return;
+    mesh.firstParameter_ = parameters_.add(std::as_bytes(parameters));
+    mesh.parameterCount_ = std::uint32_t(parameters.size());
 }
 
 Mesh MeshStore::addLines(std::span<LineSegment const> segments)
@@ -181,6 +211,7 @@ void MeshStore::growQuads(std::uint32_t quads)
 void MeshStore::remove(Mesh const& mesh)
 {
     vertices(mesh.primitive_).remove(mesh.range_.baseVertex, mesh.vertexCount_);
+    if (mesh.parameterCount_ > 0) parameters_.remove(mesh.firstParameter_, mesh.parameterCount_);
     if (mesh.primitive_ == Primitive::Faces)
         faceIndices_.remove(mesh.range_.firstIndex, mesh.range_.indexCount);
 }

@@ -3,6 +3,7 @@
 #include "Instance.h"
 #include "linear.h"
 #include <memory>
+#include <optional>
 #include <span>
 
 namespace HPS::render
@@ -12,10 +13,20 @@ namespace HPS::render
 struct FaceVertex {
     float position[3];
     std::int16_t normal[3]; ///< length 32767, on the side from which the triangle runs counter-clockwise
-    std::int16_t ownColour; ///< 32767: `colour` counts, 0: the instance's does
+    std::int16_t ownColour; ///< 32767: `colour` counts, 0: the instance's does, -32767: see `putIndex`
     std::uint8_t colour[4]; ///< its alpha is multiplied by the instance's
 };
 static_assert(sizeof(FaceVertex) == 24);
+
+/// Makes the vertex name a material of the palette; the device reads the number from the colour's bytes, with
+/// 16 bits before the point and 8 behind it.
+void putIndex(FaceVertex& vertex, float index);
+
+/// Where a corner lies on textures. `isSet` is 1, or 0 where nothing says so.
+struct VertexParameters {
+    float u = 0, v = 0, w = 0;
+    float isSet = 0;
+};
 
 /// From 0 to 1 into a byte; what is no number counts as 0.
 inline std::uint8_t colourByte(float value)
@@ -45,6 +56,9 @@ public:
 
     MeshRange const& range() const { return range_; }
     Box const& box() const { return box_; }
+    /// Added to a vertex's number on the device: its place in the parameter buffer. None before
+    /// `MeshStore::addParameters`.
+    std::optional<std::uint32_t> parameters() const;
     bool empty() const { return range_.indexCount == 0; }
 
 private:
@@ -52,6 +66,7 @@ private:
     Primitive primitive_ = Primitive::Faces;
     MeshRange range_;
     std::uint32_t vertexCount_ = 0;
+    std::uint32_t firstParameter_ = 0, parameterCount_ = 0; ///< one for each vertex, or none
     Box box_;
 };
 
@@ -64,11 +79,16 @@ public:
 
     /// `indices` count from the first of `vertices`, three a triangle.
     Mesh addFaces(std::span<FaceVertex const> vertices, std::span<std::uint32_t const> indices);
+    /// One for each vertex of a mesh that has none so far.
+    void addParameters(Mesh& mesh, std::span<VertexParameters const> parameters);
     Mesh addLines(std::span<LineSegment const> segments);
     Mesh addMarkers(std::span<MarkerVertex const> points);
 
     /// Makes the vertex array of a primitive current, with the instances read from `instanceBuffer`.
     void bind(Primitive primitive, unsigned instanceBuffer);
+
+    /// The buffer of all parameters, 0 if there are none.
+    unsigned parameterBuffer() const { return parameters_.buffer(); }
 
     /// For a draw without vertices: core OpenGL wants some vertex array all the same.
     void bindNothing();
@@ -84,6 +104,7 @@ private:
 
     Arena faceVertices_{sizeof(FaceVertex)};
     Arena faceIndices_{sizeof(std::uint32_t)};
+    Arena parameters_{sizeof(VertexParameters)};
     Arena lineVertices_{sizeof(LineSegment)};
     Arena markerVertices_{sizeof(MarkerVertex)};
     unsigned quadIndices_ = 0; ///< 0 1 2 2 1 3, 4 5 6 6 5 7, ...

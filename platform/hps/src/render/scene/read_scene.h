@@ -6,7 +6,8 @@
 namespace HPS
 {
 struct DistantLightData;
-}
+struct SpotlightData;
+} // namespace HPS
 
 namespace HPS::render
 {
@@ -25,5 +26,6 @@ Effects readEffects(SceneSources const& sources);
 
 // Lights and sections are found among the geometry of segments, with what holds there.
 void readDistantLight(Lights& lights, DistantLightData const& light, scene::NetAttributes const& net);
+void readSpotlight(Lights& lights, SpotlightData const& light, scene::NetAttributes const& net);
 
 } // namespace HPS::render

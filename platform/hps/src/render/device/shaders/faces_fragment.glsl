@@ -1,16 +1,45 @@
 // Meshes are made so that a normal lies on the side from which its triangle runs counter-clockwise: that
 // side, not the normal, decides what is turned to the viewer, and a normal that leans over the silhouette
-// stays where it is. The viewer counts as infinitely far, which makes half vectors constant.
+// stays where it is.
+#include "frame.glsl"
+#include "faces.glsl"
 #include "lights.glsl"
 in vec3 direction;
-in vec4 tint;
-#ifdef FLAT
+TINT in vec4 tint;
+#ifdef PLACE
 in vec3 place;
 #endif
 #ifdef TRANSPARENT
 flat in uint bits;
 #endif
+#if defined(MATERIAL) || defined(INDEXED)
+#include "material.glsl"
+flat in uint surfaceRow;
+#endif
+#ifdef INDEXED
+in float paletteIndex;
+#endif
+#ifdef LIT_AT_CORNERS
+in vec3 frontDiffuse;
+in vec3 frontGloss;
+in vec3 backDiffuse;
+in vec3 backGloss;
+#endif
 layout(location = 0) out vec4 result;
+
+Lighting lightHere(vec3 n, vec3 ambient, float exponent) {
+#ifdef LIT_AT_CORNERS
+    return gl_FrontFacing ? Lighting(frontDiffuse, frontGloss) : Lighting(backDiffuse, backGloss);
+#elif defined(PLACE)
+    return lighting(n, place, ambient, exponent);
+#else
+    return lighting(n, vec3(0.0), ambient, exponent);
+#endif
+}
+#ifdef MATERIAL
+#include "surface.glsl"
+#endif
+
 void main() {
 #ifdef TRANSPARENT
     if ((bits & (gl_FrontFacing ? 4u : 2u)) != 0u) discard;
@@ -22,14 +51,14 @@ void main() {
     vec3 n = direction * inversesqrt(max(square, 1e-30));
     n = gl_FrontFacing ? n : -n;
 #endif
-    // Sky, ground and a weak lamp at the viewer give every side a shade of its own before any light falls.
-    vec3 diffuse = vec3(0.36 + 0.22 * n.y + 0.26 * max(n.z, 0.0));
-    vec3 gloss = vec3(0.0);
-    for (int i = 0; i < LIGHTS; ++i) {
-        diffuse += lights[i].colour.rgb * max(dot(n, lights[i].direction.xyz), 0.0);
-        float h = max(dot(n, lights[i].halfway.xyz), 0.0);
-        h *= h; h *= h; h *= h; h *= h; h *= h;
-        gloss += lights[i].colour.rgb * (0.25 * h);
-    }
-    result = vec4(square > 1e-20 ? min(tint.rgb * diffuse + gloss, vec3(1.0)) : tint.rgb, tint.a);
+    vec4 colour = tint;
+#ifdef INDEXED
+    if (paletteIndex > -0.5) colour = paletteColour(materials[surfaceRow], paletteIndex) * vec4(1.0, 1.0, 1.0, tint.a);
+#endif
+#ifdef MATERIAL
+    result = surface(n, colour, square > 1e-20);
+#else
+    Lighting light = lightHere(n, skyAndGround(n), 32.0);
+    result = vec4(square > 1e-20 ? min(colour.rgb * light.diffuse + light.gloss, vec3(1.0)) : colour.rgb, colour.a);
+#endif
 }
