@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <filesystem>
+#include <string_view>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
@@ -44,9 +46,9 @@ INSTANTIATE_TEST_SUITE_P(Models, StreamFile,
                          testing::Values("asm/ublox_JODY-W4.step", "parts/red_cube_blue_cylinder.step",
                                          "iges/camera_mount.iges", "gltf/car.glb",
                                          "mesh/low_cost_robot_gripper_static_part.stl"),
-                         [](auto const& info) {
+                         [](auto const& model) {
                              std::string name;
-                             for (char const c : std::string_view(info.param))
+                             for (char const c : std::string_view(model.param))
                                  name += std::isalnum(static_cast<unsigned char>(c)) ? c : '_';
                              return name;
                          });
