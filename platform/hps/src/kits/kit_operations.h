@@ -26,8 +26,11 @@ template <class Data> void storeKit(Key const& segment, Data&& data)
     constexpr auto kind = kitKind<Data>;
     auto const* const old = record->kit(kind);
     if (valuesOf<Data>(old) == data) return;
-    if (!isFinite(data))
-        return raiseError(UTF8(std::string(nameOf(kind)) + " refused: a value is no number"));
+    if (!isFinite(data)) {
+        std::string message; // g++ 12 takes a sum of literals known beforehand for an overrun
+        message.append(nameOf(kind)).append(" refused: a value is no number");
+        return raiseError(UTF8(message));
+    }
     record->setKit(kind,
                    data == Data() ? nullptr : std::make_shared<KitBlockOf<Data> const>(std::move(data)));
     if constexpr (kind == KitKind::Bounding) {
