@@ -188,6 +188,34 @@ TEST(NURBSSurface, TrimsKeepAndRemove)
     EXPECT_EQ(areaOf(tessellate(surface, limits)), 0);
 }
 
+TEST(NURBSSurface, TrimsCutFacetsAlongTheirOutline)
+{
+    auto surface = quarterCylinder();
+    std::vector<Point> disc; // in parameters: 0.3 around the middle
+    for (int i = 0; i < 100; ++i) {
+        double const angle = i * 2 * std::numbers::pi / 100;
+        disc.emplace_back(float(0.5 + 0.3 * std::cos(angle)), float(0.5 + 0.3 * std::sin(angle)), 0.0f);
+    }
+    SurfaceLimits coarse; // few facets, which the outline crosses
+    coarse.facets = 40;
+    surface.trims = {TrimKit().SetPoints(disc)};
+    auto const kept = tessellate(surface, coarse);
+    surface.trims = {TrimKit().SetPoints(disc).SetOperation(Trim::Operation::Remove)};
+    auto const rest = tessellate(surface, coarse);
+    surface.trims.clear();
+    EXPECT_NEAR(areaOf(kept) + areaOf(rest), areaOf(tessellate(surface, coarse)), 0.03);
+    SurfaceLimits fine;
+    fine.width = 0.01;
+    fine.facets = 0;
+    surface.trims = {TrimKit().SetPoints(disc)};
+    EXPECT_NEAR(areaOf(kept), areaOf(tessellate(surface, fine)), 0.02);
+    ASSERT_EQ(kept.points.size(), kept.normals.size());
+    for (auto const& p : kept.points) EXPECT_LE(std::hypot(p.x, p.y), 1 + 1e-5);
+    surface.trims = {TrimKit().SetPoints(disc)};
+    coarse.trimPoints = 8; // an octagon instead
+    EXPECT_LT(areaOf(tessellate(surface, coarse)), 0.95 * areaOf(kept));
+}
+
 TEST(Curves, CirclesAndArcsLieWhereTheyShould)
 {
     for (Vector const normal : {Vector(0, 0, 1), Vector(1, 0, 0), Vector(1, 2, -3), Vector(0, 0, -5)}) {

@@ -19,6 +19,7 @@ struct CurveLimits {
     double angle = 5;     // between neighbouring lines, in degrees
     double length = 0;    // of a line
 
+    bool operator==(CurveLimits const&) const = default;
     CurveLimits() = default;
     explicit CurveLimits(CurveAttributeData const& attributes);
 };

@@ -1,4 +1,5 @@
 #include "tessellation_nurbs.h"
+#include "trimming.h"
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -145,25 +146,6 @@ std::vector<double> breaks(std::vector<float> const& knots, double low, double h
     return places;
 }
 
-bool contains(std::vector<Point> const& outline, double u, double v)
-{
-    bool inside = false;
-    for (std::size_t i = 0; i < outline.size(); ++i) {
-        auto const& a = outline[i];
-        auto const& b = outline[i + 1 < outline.size() ? i + 1 : 0];
-        if ((a.y > v) != (b.y > v) && u < a.x + (v - a.y) / (double(b.y) - a.y) * (double(b.x) - a.x))
-            inside = !inside;
-    }
-    return inside;
-}
-
-bool belongs(std::vector<TrimKit> const& trims, double u, double v)
-{
-    return std::all_of(trims.begin(), trims.end(), [&](TrimKit const& trim) {
-        return contains(trim.data().points, u, v) == (trim.data().operation == Trim::Operation::Keep);
-    });
-}
-
 // Equal steps within each span between knots: as many as the angle and the width ask for along the isoline
 // through the middle, and as the deviation does, which falls with the square of the step.
 std::vector<double> parameters(NURBSSurfaceData const& surface, SurfaceLimits const& limits, bool alongU)
@@ -226,6 +208,8 @@ SurfaceLimits::SurfaceLimits(NURBSSurfaceAttributeData const& attributes)
     deviation = attributes.maximumDeviation.value_or(0.0f);
     angle = attributes.maximumAngle.value_or(15.0f);
     width = attributes.maximumWidth.value_or(0.0f);
+    trimPoints = attributes.trimBudget.value_or(static_cast<unsigned>(trimPoints));
+    trimDeviation = attributes.maximumTrimDeviation.value_or(0.0f);
 }
 
 bool areValidKnots(std::size_t degree, std::size_t pointCount, std::vector<float> const& knots)
@@ -324,11 +308,18 @@ Facets tessellate(NURBSSurfaceData const& surface, SurfaceLimits const& limits)
             facets.points.push_back(place.point);
             facets.normals.push_back(place.normal);
         }
+    // Fewer facets hold more of an outline each.
+    constexpr std::size_t few = 200;
+    bool const coarse = (us.size() - 1) * (vs.size() - 1) * 2 < few;
+    Trimmer const trimmer(surface.trims, limits.trimPoints, limits.trimDeviation, coarse ? 5 : 4);
     auto const add = [&](std::array<std::size_t, 3> const& corners) {
-        double u = 0, v = 0;
-        for (auto const i : corners) u += us[i / vs.size()] / 3, v += vs[i % vs.size()] / 3;
-        if (belongs(surface.trims, u, v))
-            for (auto const i : corners) facets.triangles.push_back(static_cast<std::uint32_t>(i));
+        std::array<std::uint32_t, 3> indices;
+        std::array<std::array<double, 2>, 3> places;
+        for (std::size_t i = 0; i < 3; ++i) {
+            indices[i] = static_cast<std::uint32_t>(corners[i]);
+            places[i] = {us[corners[i] / vs.size()], vs[corners[i] % vs.size()]};
+        }
+        trimmer.add(facets, indices, places);
     };
     for (std::size_t i = 0; i + 1 < us.size(); ++i)
         for (std::size_t j = 0; j + 1 < vs.size(); ++j) {

@@ -15,7 +15,10 @@ struct SurfaceLimits {
     double deviation = 0; // distance from the surface, in its units
     double angle = 15;    // between neighbouring facets, in degrees
     double width = 0;     // of a facet
+    std::size_t trimPoints = 500;
+    double trimDeviation = 0; // of an outline, in parameters
 
+    bool operator==(SurfaceLimits const&) const = default;
     SurfaceLimits() = default;
     explicit SurfaceLimits(NURBSSurfaceAttributeData const& attributes);
 };
@@ -33,7 +36,7 @@ struct SurfacePoint {
     Vector normal; // zero where the surface has none
 };
 SurfacePoint evaluate(NURBSSurfaceData const& surface, double u, double v);
-// A facet belongs to the surface if its middle does after all trims.
+// Facets are cut along the trims.
 Facets tessellate(NURBSSurfaceData const& surface, SurfaceLimits const& limits);
 SimpleCuboid extentOf(NURBSSurfaceData const& surface);
 
