@@ -86,4 +86,4 @@ TEST_P(Cases, matchesItsReference)
 }
 
 INSTANTIATE_TEST_SUITE_P(Pictures, Cases, testing::ValuesIn(readCases()),
-                         [](auto const& c) { return c.param.reference; });
+                         [](auto const& c) { return std::to_string(c.index) + "_" + c.param.reference; });

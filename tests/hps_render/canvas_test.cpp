@@ -62,7 +62,7 @@ TEST_F(CanvasPictures, AnUpdateWithoutAChangeDrawsNothing)
     render::Image const again = picture();
     EXPECT_EQ(report().drawCalls, 0u);
     EXPECT_EQ(first.bytes, again.bytes);
-    render::Image const refreshed = picture(canvas, Window::UpdateType::Refresh);
+    render::Image const refreshed = picture(canvas, Window::UpdateType::Complete);
     EXPECT_GT(report().drawCalls, 0u);
     EXPECT_EQ(report().compiledViews, 0u);
     EXPECT_EQ(first.bytes, refreshed.bytes);

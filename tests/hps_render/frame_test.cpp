@@ -223,10 +223,10 @@ TEST_F(FramePictures, ACameraMoveUploadsNoInstances)
     Mesh const mesh = square();
     add(mesh, placed(0, 0, 0), coloured(red));
     picture();
-    EXPECT_TRUE(counts.uploadedInstances);
+    EXPECT_GT(counts.uploadedInstances, 0u);
     scene.camera.position = {3, 2, 10};
     target.resize(80, 80, 4);
-    EXPECT_FALSE(frame.draw(target, list, scene).uploadedInstances);
+    EXPECT_EQ(frame.draw(target, list, scene).uploadedInstances, 0u);
 }
 
 TEST_F(FramePictures, TheSameListGivesTheSameBytes)

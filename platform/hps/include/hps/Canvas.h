@@ -75,8 +75,10 @@ public:
     bool SetSize(int width, int height);
     bool ShowSize(int& width, int& height) const;
 
-    // Brings the picture up to date. The time limit in seconds is a wish, negative for none; pictures are
-    // drawn in full. False if no picture could be made, see `ShowFailure`.
+    // Brings the picture up to date. Where the last full picture took longer than the time limit, in seconds
+    // and negative for none, or while a mouse button is held and pictures would not follow the hand, effects
+    // and what is tiny are left out; the next update without a limit, or the release, brings the full
+    // picture. False if no picture could be made, or not all of it, see `ShowFailure`.
     bool Update(Window::UpdateType type = Window::UpdateType::Default, double timeLimit = -1) const;
     UpdateNotifier UpdateWithNotifier(Window::UpdateType type = Window::UpdateType::Default) const;
 

@@ -59,17 +59,28 @@ NetStatePointer NetFold::state(NetStatePointer const& parent, SegmentRecord cons
     if (!setsSomething(segment)) return parent;
     if (definitionStamp_ != store().definitionStamp || steps_.size() > stepLimit) {
         definitionStamp_ = store().definitionStamp;
-        steps_.clear();
-        // States and kits that somebody still holds keep their addresses, so that equal ones stay the same.
-        std::erase_if(states_, [](auto const& state) { return state.use_count() == 1; });
-        for (auto& kits : kits_)
-            std::erase_if(kits, [](auto const& kit) { return kit.second.use_count() == 1; });
-        states_.insert(root_);
+        trim();
     }
     auto& result = steps_[{parent.get(), segment.slot}];
     if (!result.state || result.stamp != segment.attributeStamp)
         result = {segment.attributeStamp, parent, intern(compute(*parent, segment))};
     return result.state;
+}
+
+void NetFold::trim()
+{
+    steps_.clear();
+    // States and kits that somebody still holds keep their addresses, so that equal ones stay the same.
+    std::erase_if(states_, [](auto const& state) { return state.use_count() == 1; });
+    for (auto& kits : kits_) std::erase_if(kits, [](auto const& kit) { return kit.second.use_count() == 1; });
+    states_.insert(root_);
+}
+
+NetStatePointer NetFold::without(NetStatePointer const& state, KitKind kind)
+{
+    NetState rest = *state;
+    rest.kits[static_cast<std::size_t>(kind)] = nullptr;
+    return intern(std::move(rest));
 }
 
 NetStatePointer NetFold::overlay(NetStatePointer const& state, SegmentRecord const& source)

@@ -78,6 +78,12 @@ public:
     // The same with kits of no segment.
     NetStatePointer overlay(NetStatePointer const& state, std::span<KitPointer const> kits);
 
+    // A state with nothing set by kits of one kind.
+    NetStatePointer without(NetStatePointer const& state, KitKind kind);
+
+    // Forgets the results that nobody holds.
+    void trim();
+
     std::size_t stateCount() const { return states_.size(); }
 
 private:

@@ -45,6 +45,9 @@ void bindTextures(SurfaceKind const& kind)
     }
 }
 
+/// Depth steps that lines stand before the faces that they bound, where nothing else is said.
+constexpr float outlineDistance = 16;
+
 void enable(GLenum what, bool on)
 {
     if (on)
@@ -62,23 +65,24 @@ void CallList::clear()
 }
 
 void CallList::push(Pipeline const& pipeline, unsigned instances, MeshRange const& range,
-                    std::uint32_t instance)
+                    std::uint32_t instance, std::uint32_t count)
 {
     bool const sameBatch =
         !batches_.empty() && batches_.back().pipeline == pipeline && batches_.back().instances == instances;
     if (!sameBatch) batches_.push_back({pipeline, commands_.size(), 0, instances});
     Batch& batch = batches_.back();
+    // A thin line has two indices where a wide one has six.
+    std::uint32_t const share = pipeline.primitive == Primitive::ThinLines ? 3 : 1;
     if (batch.commandCount > 0) {
         Command& last = commands_.back();
-        if (last.firstIndex == range.firstIndex && last.baseVertex == range.baseVertex &&
-            last.baseInstance + last.instanceCount == instance) {
-            ++last.instanceCount;
+        if (last.firstIndex == range.firstIndex / share && last.indexCount == range.indexCount / share &&
+            last.baseVertex == range.baseVertex && last.baseInstance + last.instanceCount == instance) {
+            last.instanceCount += count;
             return;
         }
     }
-    std::uint32_t const count =
-        pipeline.primitive == Primitive::ThinLines ? range.indexCount / 3 : range.indexCount;
-    commands_.push_back({count, 1, range.firstIndex, range.baseVertex, instance});
+    commands_.push_back(
+        {range.indexCount / share, count, range.firstIndex / share, range.baseVertex, instance});
     ++batch.commandCount;
 }
 
@@ -91,6 +95,7 @@ void CallList::submit(FrameContext const& context, std::optional<ProgramName> pr
     glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
     glDisable(GL_CULL_FACE);
     glBindSamplers(0, materialUnits, nullptr); // who draws next samples as its textures say
+    glDepthRange(0, 1);
     context.counts.calls += std::uint32_t(batches_.size());
 }
 
@@ -109,13 +114,18 @@ void CallList::submit(Batch const& batch, FrameContext const& context,
         glCullFace(GL_FRONT_AND_BACK);
     else
         glCullFace(pipeline.mirrored == pipeline.cullFront ? GL_BACK : GL_FRONT);
-    GLboolean const seen = faces && context.scene.faceStyle == FaceStyle::HiddenLine ? GL_FALSE : GL_TRUE;
+    bool const onlyHiding =
+        faces && context.scene.faceStyle == FaceStyle::HiddenLine && !context.scene.hiddenLines.faces;
+    GLboolean const seen = onlyHiding ? GL_FALSE : GL_TRUE;
     glColorMask(seen, seen, seen, seen);
-    enable(GL_POLYGON_OFFSET_FILL, faces && pipeline.displacement != 0);
-    if (faces) {
-        float const away = pipeline.displacement;
-        glPolygonOffset(away > 0 ? 1.0f : -1.0f, away);
+    float away = float(pipeline.displacement) + float(pipeline.placing.displacement);
+    if (faces && context.scene.faceStyle == FaceStyle::HiddenLine) {
+        away += float(context.scene.hiddenLines.displacement);
+        if (away == 0) away = outlineDistance;
     }
+    enable(GL_POLYGON_OFFSET_FILL, away != 0);
+    glPolygonOffset(away > 0 ? 1.0f : -1.0f, away);
+    glDepthRange(pipeline.placing.nearest / 65535.0, pipeline.placing.farthest / 65535.0);
     glUseProgram(ShaderLibrary::instance().program(wanted.value_or(programFor(pipeline.primitive)),
                                                    featuresFor(pipeline, context)));
     if (faces) bindTextures(context.list.materials.kind(pipeline.surface));

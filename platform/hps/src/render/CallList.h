@@ -15,8 +15,9 @@ public:
     void clear();
     bool empty() const { return commands_.empty(); }
 
-    /// `instance` counts in `instances`, a buffer of `Instance`s on the device.
-    void push(Pipeline const& pipeline, unsigned instances, MeshRange const& range, std::uint32_t instance);
+    /// `instance` is the first of `count` in `instances`, a buffer of `Instance`s on the device.
+    void push(Pipeline const& pipeline, unsigned instances, MeshRange const& range, std::uint32_t instance,
+              std::uint32_t count = 1);
 
     /// Draws it all, in the order of pushing, with the state that the pipelines stand for. A `program` given
     /// takes the place of theirs.

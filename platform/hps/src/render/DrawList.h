@@ -2,9 +2,11 @@
 #pragma once
 #include "Instance.h"
 #include "MaterialTable.h"
+#include "Placing.h"
 #include "linear.h"
 #include <compare>
 #include <cstdint>
+#include <map>
 #include <vector>
 
 namespace HPS::render
@@ -12,6 +14,7 @@ namespace HPS::render
 
 /// Draws that agree in this go to the device in one call.
 struct Pipeline {
+    Placing placing; ///< filled in by the list
     bool transparent = false;
     Primitive primitive = Primitive::Faces;
     bool cullBack = false;
@@ -27,26 +30,84 @@ struct Pipeline {
 /// One showing of one mesh range.
 struct Record {
     Pipeline pipeline;
-    MeshRange range;
-    Box world; ///< around what is drawn, in world coordinates
+    MeshRange range; ///< without indices for a record that is gone; its place is kept until the next sorting
+    Box world;       ///< around what is drawn, in world coordinates
+    std::uint32_t owner = ~0u;
+    std::uint32_t next = ~0u; ///< of the same owner
+
+    bool gone() const { return range.indexCount == 0; }
 };
 
-/// `records` and `instances` run in parallel.
+/// Records side by side that show one mesh range: one indirect command.
+struct RecordRun {
+    std::uint32_t first, count;
+};
+
+/// Records side by side of one pipeline that lie near each other.
+struct RecordGroup {
+    std::uint32_t first, count;
+    std::uint32_t pipeline; ///< rank in the order of drawing
+    std::uint32_t runs;     ///< in `DrawList::runs`, from `first` on
+    Box box;
+    float smallest; ///< diagonal of the smallest box in it
+};
+
+/// What a frame draws. Every record has an owner, a small number of the caller's. What an owner shows may be
+/// given anew at any time: what is equal stays untouched, what differs is written over in place, what is gone
+/// leaves a gap, and what is new comes last, until so much has gathered there that all is sorted again.
 struct DrawList {
+    // In parallel. Sorted ones first: by pipeline, then by place, then by mesh.
     std::vector<Record> records;
     std::vector<Instance> instances;
-    MaterialTable materials;   ///< that `Instance::material` counts in
-    Box bounds;                ///< around all records
-    std::uint64_t version = 0; ///< differs whenever the content does
+
+    std::vector<RecordGroup> groups;
+    std::vector<RecordRun> runs; ///< as long as `records`; a group uses the first ones of its part
+    MaterialTable materials;     ///< that `Instance::material` counts in
+    Box bounds;                  ///< around all records
+    std::uint64_t version = 0;   ///< differs whenever the content does
+    std::uint64_t sorted = 0;    ///< version since which single instances changed only
+    /// Instances changed since then, with the version that brought them.
+    std::vector<std::pair<std::uint64_t, std::uint32_t>> patches;
 
     void clear();
+    /// Of what is added from now on.
+    Placing placing;
+    /// What is added until `close` takes the place of what `owner` had.
+    void open(std::uint32_t owner, Placing const& with = {});
     /// `local` is the range's box in its own coordinates, `matrix` leads from there to the world.
     /// Rows of `instance` and the mirroring are filled in here. What lies too far out for the device's
-    /// numbers is left out.
+    /// numbers is left out. Outside of `open` and `close` it has no owner and stays.
     void add(Pipeline pipeline, MeshRange const& range, Box const& local, Mat4 const& matrix,
              Instance instance);
-    /// Orders by pipeline and mesh, so that a frame makes few calls, and takes a new version.
+    void close();
+    void remove(std::uint32_t owner)
+    {
+        open(owner);
+        close();
+    }
+    /// Makes groups, runs and bounds fit and takes a new version, if anything was changed.
     void finish();
+
+private:
+    std::uint32_t append(Record const& record, Instance const& instance);
+    void drop(std::uint32_t at);
+    void overwrite(std::uint32_t at, Record const& record, Instance const& instance);
+    void touch(std::uint32_t at);
+    void sort();
+    void rank();
+    void makeGroup(RecordGroup& group);
+    void reorder(std::vector<std::uint32_t> const& order);
+
+    std::vector<std::uint32_t> firstOf_; ///< by owner: its first record
+    std::vector<std::uint32_t> groupOf_; ///< by record, for those that have a group
+    std::vector<std::uint32_t> stale_;   ///< groups to be made again; some twice
+    std::vector<std::uint32_t> changed_; ///< records, since the last `finish`
+    std::map<Pipeline, std::uint32_t> ranks_;
+    std::vector<Record> openRecords_; ///< of the owner that is open
+    std::vector<Instance> openInstances_;
+    std::uint32_t owner_ = ~0u;     ///< that is open
+    std::uint32_t sortedCount_ = 0; ///< records before the late ones
+    std::uint32_t gone_ = 0;
 };
 
 } // namespace HPS::render

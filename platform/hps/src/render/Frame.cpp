@@ -11,11 +11,11 @@ FrameCounts Frame::draw(Target const& target, DrawList const& list, Scene const&
 {
     FrameCounts counts;
     Viewing const viewing(scene.camera, target.width(), target.height(), list.bounds);
-    instances_.create();
     // Without perspective there is no eye that could stand within a body.
     bool const eyeOutside = !viewing.perspective || !list.bounds.contains(scene.camera.position);
-    FrameContext context{target, list, scene, viewing, eyeOutside, instances_.name(), counts};
+    FrameContext context{target, list, scene, viewing, eyeOutside, 0, counts};
     upload(context);
+    context.instanceBuffer = buffers_.instances();
     visible_.choose(context);
     drawSteps(context);
     return counts;
@@ -26,20 +26,8 @@ void Frame::upload(FrameContext& context)
     FrameBlock const block = frameBlock(context.viewing, context.target.width(), context.target.height());
     frameBlock_.fill(std::span(&block, 1));
     glBindBufferBase(GL_UNIFORM_BUFFER, FrameBinding, frameBlock_.name());
-    if (uploadedList_ != context.list.version) {
-        instances_.fill(std::span<Instance const>(context.list.instances));
-        uploadedList_ = context.list.version;
-        context.counts.uploadedInstances = true;
-    }
-    MaterialTable const& materials = context.list.materials;
-    if (uploadedMaterials_ != materials.version()) {
-        materials_.fill(std::span<MaterialRow const>(materials.rows()));
-        layers_.fill(std::span<LayerRow const>(materials.layers()));
-        uploadedMaterials_ = materials.version();
-    }
-    glBindBufferBase(GL_SHADER_STORAGE_BUFFER, MaterialBinding, materials_.name());
-    glBindBufferBase(GL_SHADER_STORAGE_BUFFER, LayerBinding, layers_.name());
-    glBindBufferBase(GL_SHADER_STORAGE_BUFFER, ParameterBinding, MeshStore::instance().parameterBuffer());
+    context.counts.uploadedInstances = buffers_.upload(context.list);
+    buffers_.bindMaterials();
 }
 
 void Frame::drawSteps(FrameContext const& context)
@@ -58,11 +46,12 @@ void Frame::drawSteps(FrameContext const& context)
     effects_.begin(context);
     background_.draw(context);
     opaque_.draw(context, visible_);
+    hiddenLines_.draw(context, visible_);
     sections_.draw(context);
     transparent_.draw(context, visible_);
     effects_.finish(context);
     highlight_.draw(context);
-    overlay_.draw(context);
+    overlay_.draw(context, visible_);
 }
 
 } // namespace HPS::render

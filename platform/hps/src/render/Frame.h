@@ -1,8 +1,10 @@
 #pragma once
 #include "BackgroundStep.h"
 #include "EffectStep.h"
+#include "HiddenLineStep.h"
 #include "HighlightStep.h"
 #include "LightStep.h"
+#include "ListBuffers.h"
 #include "OpaqueStep.h"
 #include "OverlayStep.h"
 #include "SectionStep.h"
@@ -25,14 +27,15 @@ private:
     void upload(FrameContext& context);
     void drawSteps(FrameContext const& context);
 
-    Buffer frameBlock_, instances_, materials_, layers_;
-    std::uint64_t uploadedList_ = 0, uploadedMaterials_ = 0; ///< versions of what is in the buffers
-    VisibleRecords visible_;                                 ///< in this frame
+    Buffer frameBlock_;
+    ListBuffers buffers_;
+    VisibleRecords visible_; ///< in this frame
 
     ShadowStep shadows_;
     LightStep lights_;
     BackgroundStep background_;
     OpaqueStep opaque_;
+    HiddenLineStep hiddenLines_;
     SectionStep sections_;
     TransparentStep transparent_;
     EffectStep effects_;

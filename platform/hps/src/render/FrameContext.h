@@ -11,10 +11,21 @@ struct FrameCounts {
     std::uint64_t triangles = 0;
     std::uint64_t lineSegments = 0;
     std::uint64_t markers = 0;
-    std::uint32_t records = 0;       ///< drawn
-    std::uint32_t culledRecords = 0; ///< found outside the window
-    std::uint32_t calls = 0;         ///< draw calls to the driver
-    bool uploadedInstances = false;  ///< false as long as only the camera changes
+    std::uint32_t records = 0;           ///< drawn
+    std::uint32_t culledRecords = 0;     ///< found outside the window
+    std::uint32_t calls = 0;             ///< draw calls to the driver
+    std::uint32_t uploadedInstances = 0; ///< none as long as only the camera changes
+
+    void add(FrameCounts const& other)
+    {
+        triangles += other.triangles;
+        lineSegments += other.lineSegments;
+        markers += other.markers;
+        records += other.records;
+        culledRecords += other.culledRecords;
+        calls += other.calls;
+        uploadedInstances += other.uploadedInstances;
+    }
 };
 
 /// What the steps of a frame share. Lives for one frame.

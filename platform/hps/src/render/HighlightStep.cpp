@@ -1,8 +1,32 @@
 #include "HighlightStep.h"
+#include <epoxy/gl.h>
 
 namespace HPS::render
 {
 
-void HighlightStep::draw(FrameContext const&) {}
+void HighlightStep::draw(FrameContext const& frame)
+{
+    if (frame.scene.highlight == nullptr) return;
+    DrawList const& list = *frame.scene.highlight;
+    buffers_.upload(list);
+    buffers_.bindMaterials();
+    FrameContext context{frame.target,         list,        frame.scene, frame.viewing, frame.eyeOutside,
+                         buffers_.instances(), frame.counts};
+    visible_.choose(context);
+    calls_.clear();
+    for (RecordRun const& run : visible_.opaque()) push(context, run.first, run.count);
+    for (auto const& [depth, i] : visible_.transparent()) push(context, i, 1);
+    glEnable(GL_DEPTH_TEST);
+    glDepthFunc(GL_LEQUAL);
+    glBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
+    calls_.submit(context);
+    overlay_.draw(context, visible_);
+}
+
+void HighlightStep::push(FrameContext const& context, std::uint32_t first, std::uint32_t count)
+{
+    Record const& record = context.list.records[first];
+    calls_.push(record.pipeline, context.instanceBuffer, record.range, first, count);
+}
 
 } // namespace HPS::render

@@ -1,14 +1,26 @@
 #pragma once
-#include "FrameContext.h"
+#include "CallList.h"
+#include "ListBuffers.h"
+#include "OverlayStep.h"
+#include "VisibleRecords.h"
 
 namespace HPS::render
 {
 
-/// Draws what is highlighted once more, in the look of its style.
+/// Draws what is highlighted once more, in the look of its style: the list of the scene's highlights, over
+/// the finished picture and at the depths that are in the target.
 class HighlightStep
 {
 public:
     void draw(FrameContext const& context);
+
+private:
+    void push(FrameContext const& context, std::uint32_t first, std::uint32_t count);
+
+    ListBuffers buffers_;
+    VisibleRecords visible_;
+    CallList calls_;
+    OverlayStep overlay_;
 };
 
 } // namespace HPS::render

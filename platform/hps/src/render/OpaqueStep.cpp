@@ -6,9 +6,9 @@ namespace HPS::render
 void OpaqueStep::draw(FrameContext const& context, VisibleRecords const& visible)
 {
     calls_.clear();
-    for (auto const& [depth, i] : visible.opaque()) {
-        Record const& record = context.list.records[i];
-        calls_.push(record.pipeline, context.instanceBuffer, record.range, i);
+    for (RecordRun const& run : visible.opaque()) {
+        Record const& record = context.list.records[run.first];
+        calls_.push(record.pipeline, context.instanceBuffer, record.range, run.first, run.count);
     }
     calls_.submit(context);
 }

@@ -1,14 +1,18 @@
 #pragma once
-#include "FrameContext.h"
+#include "CallList.h"
+#include "VisibleRecords.h"
 
 namespace HPS::render
 {
 
-/// What is drawn over everything else: subwindows and overlays.
+/// Draws what lies over everything else, as its segments ask for.
 class OverlayStep
 {
 public:
-    void draw(FrameContext const& context);
+    void draw(FrameContext const& context, VisibleRecords const& visible);
+
+private:
+    CallList calls_;
 };
 
 } // namespace HPS::render

@@ -1,6 +1,6 @@
 #include "SceneCompiler.h"
 #include "geometry_records.h"
-#include "walk.h"
+#include <algorithm>
 
 namespace HPS::render
 {
@@ -18,41 +18,39 @@ Mat4 wide(MatrixKit const& matrix)
 
 constexpr Change withoutEffect = Change::Name | Change::Bounding;
 
-bool differOnlyInCamera(std::vector<KitPointer> const& a, std::vector<KitPointer> const& b)
+bool matters(ChangeMark const& mark)
 {
-    auto next = [](auto& at, auto end) {
-        while (at != end && (*at)->kind == KitKind::Camera) ++at;
-    };
-    auto i = a.begin();
-    auto j = b.begin();
-    for (next(i, a.end()), next(j, b.end()); i != a.end() && j != b.end() && *i == *j;
-         ++i, ++j, next(i, a.end()), next(j, b.end())) {
-    }
-    return i == a.end() && j == b.end();
+    return has(mark.changes, Change(~std::uint32_t(withoutEffect)));
 }
 
 } // namespace
 
-SceneCompiler::Result SceneCompiler::update(std::span<KeyIndex const> path, bool fromScratch)
+SceneCompiler::Result SceneCompiler::update(std::span<KeyIndex const> path, bool fromScratch, FaceStyle style)
 {
     Result result;
-    std::vector<SegmentRecord const*> segments;
-    std::vector<Place> places;
-    for (KeyIndex index : path)
-        if (auto const* const segment = store().resolve<SegmentRecord>(index)) {
-            segments.push_back(segment);
-            places.push_back({segment->slot, segment->kits});
-        }
-    bool const anyPending = cursor_.pending();
-    if (made_ && !fromScratch && !anyPending) return result;
+    bool const otherStyle = scene_.faceStyle != style;
+    scene_.faceStyle = style;
+    bool const outlined = style == FaceStyle::HiddenLine || style == FaceStyle::None;
+    fromScratch = fromScratch || outlined_ != outlined;
+    outlined_ = outlined;
+    result.changed = otherStyle;
+    if (made_ && !fromScratch && !cursor_.pending() &&
+        std::equal(path.begin(), path.end(), path_.begin(), path_.end()))
+        return result;
+    fromScratch = !cursor_.read(marks_) || !made_ || fromScratch ||
+                  !std::equal(path.begin(), path.end(), path_.begin(), path_.end());
+    path_.assign(path.begin(), path.end());
+    if (!fromScratch && std::none_of(marks_.begin(), marks_.end(), matters)) return result;
 
-    result.changed = true;
-    bool const keep = stillHolds(places, fromScratch);
-    places_ = std::move(places);
+    std::vector<SegmentRecord const*> segments;
+    for (KeyIndex index : path)
+        if (auto const* const segment = store().resolve<SegmentRecord>(index)) segments.push_back(segment);
     if (segments.empty()) {
         list_.clear();
         list_.finish();
-        made_ = true;
+        scene_.highlight = nullptr;
+        result.changed = made_ || fromScratch;
+        made_ = false;
         return result;
     }
     NetAttributes above = fold_.root();
@@ -62,63 +60,158 @@ SceneCompiler::Result SceneCompiler::update(std::span<KeyIndex const> path, bool
         if (i == 0) window = above.state;
     }
     NetStatePointer const view = fold_.state(above.state, *segments.back());
-    if (!keep) {
-        MeshCache& meshes = MeshCache::instance();
-        std::uint32_t const uploads = meshes.uploads();
-        double const time = meshes.uploadMilliseconds();
-        meshes.refresh();
+
+    MeshCache& meshes = MeshCache::instance();
+    std::uint32_t const uploads = meshes.uploads();
+    double const time = meshes.uploadMilliseconds();
+    meshes.refresh();
+    shown_ = 0;
+    std::uint64_t const version = list_.version;
+    if (definitions_ != store().definitionStamp) held_.clear();
+    definitions_ = store().definitionStamp;
+    if (fromScratch)
         makeList(above, *segments.back());
-        result.listMade = true;
-        result.uploadedMeshes = meshes.uploads() - uploads;
-        result.uploadMilliseconds = meshes.uploadMilliseconds() - time;
-    }
+    else
+        tree_.follow(above, marks_);
+    if (startOver_) makeList(above, *segments.back());
+    list_.finish();
+    for (auto& [id, subwindow] : subwindows_) subwindow.list.finish();
+    // What stands above the view, and definitions in use, may matter to the picture as a whole.
+    bool const otherScene =
+        sceneryStale_ || std::any_of(marks_.begin(), marks_.end(), [&](ChangeMark const& mark) {
+            return matters(mark) && (has(mark.changes, Change::Portfolio) ||
+                                     std::any_of(path_.begin(), path_.end(),
+                                                 [&](KeyIndex key) { return key.slot == mark.slot; }));
+        });
+    if (sceneryStale_) readAllScenery();
+    bool const rehighlight =
+        fromScratch || (scene_.highlight != nullptr && shown_ > 0) ||
+        std::any_of(marks_.begin(), marks_.end(), [&](ChangeMark const& mark) {
+            return has(mark.changes, Change::Highlight) && mark.slot == path_.front().slot;
+        });
+    if (rehighlight) makeHighlight();
+    sweepHeld();
+    result.changed = otherStyle || fromScratch || shown_ > 0 || list_.version != version || otherScene;
+    result.listMade = fromScratch;
+    result.shownSegments = shown_;
+    result.uploadedMeshes = meshes.uploads() - uploads;
+    result.uploadMilliseconds = meshes.uploadMilliseconds() - time;
     readScene({window != nullptr ? *window : *view, *view});
     return result;
 }
 
-// The list still holds if nothing was touched but cameras on the path itself.
-bool SceneCompiler::stillHolds(std::vector<Place> const& places, bool fromScratch)
+void SceneCompiler::makeList(NetAttributes const& above, SegmentRecord const& view)
 {
-    bool const known = cursor_.read(marks_);
-    if (!known || !made_ || fromScratch || places.size() != places_.size()) return false;
-    for (ChangeMark const& mark : marks_) {
-        if (!has(mark.changes, Change(~std::uint32_t(withoutEffect)))) continue;
-        if (has(mark.changes, Change(~std::uint32_t(withoutEffect | Change::Attributes)))) return false;
-        auto const place =
-            std::find_if(places.begin(), places.end(), [&](Place const& p) { return p.slot == mark.slot; });
-        if (place == places.end()) return false;
-        Place const& before = places_[std::size_t(place - places.begin())];
-        if (before.slot != place->slot || !differOnlyInCamera(before.kits, place->kits)) return false;
+    list_.clear();
+    held_.clear();
+    scenery_.clear();
+    sceneryStale_ = true;
+    subwindows_.clear();
+    startOver_ = false;
+    making_ = true;
+    tree_.make(above, view);
+    TextureStore::instance().sweep();
+    making_ = false;
+    made_ = true;
+}
+
+void SceneCompiler::show(OccurrenceId id, SegmentRecord const& segment, NetAttributes const& net)
+{
+    ++shown_;
+    MeshCache::Content const& content = MeshCache::instance().content(segment);
+    bool const scenery = !content.scenery.empty();
+    sceneryStale_ = sceneryStale_ || scenery || scenery_.contains(id);
+    if (scenery)
+        scenery_.insert(id);
+    else
+        scenery_.erase(id);
+    bool const isSubwindow = noteSubwindow(id, segment);
+    if (isSubwindow || !subwindows_.empty())
+        if (Subwindow* const around = subwindowAround(id)) into_ = &around->list;
+    if (content.faces || content.chains || content.markers) {
+        Held& held = heldFor(net.state);
+        into_->open(id, held.placing);
+        draw(segment, held, wide(net.matrix));
+        into_->close();
+    } else {
+        into_->remove(id);
     }
+    into_ = &list_;
+}
+
+void SceneCompiler::hide(OccurrenceId id)
+{
+    list_.remove(id);
+    subwindows_.erase(id);
+    for (auto& [top, subwindow] : subwindows_) subwindow.list.remove(id);
+    sceneryStale_ = scenery_.erase(id) != 0 || sceneryStale_;
+}
+
+// True if the occurrence is a window of its own.
+bool SceneCompiler::noteSubwindow(OccurrenceId id, SegmentRecord const& segment)
+{
+    auto const& data = valuesOf<SubwindowData>(segment.kit(KitKind::Subwindow));
+    bool const is = data.subwindow.has_value() && tree_.parentOf(id) != noOccurrence;
+    if (subwindows_.contains(id) != is && !making_ && tree_.hasChildren(id)) startOver_ = true;
+    if (!is) {
+        subwindows_.erase(id);
+        return false;
+    }
+    Subwindow& subwindow = subwindows_[id];
+    subwindow.id = id;
+    subwindow.data = data;
     return true;
 }
 
-void SceneCompiler::makeList(NetAttributes const& above, SegmentRecord const& view)
+Subwindow* SceneCompiler::subwindowAround(OccurrenceId id)
 {
-    MeshCache& meshes = MeshCache::instance();
-    list_.clear();
-    scene_.lights = {};
-    walk(fold_, above, view, [&](SegmentRecord const& segment, NetAttributes const& net) {
-        if (segment.geometry.empty()) return true;
-        MeshCache::Content const& content = meshes.content(segment);
-        for (SlotIndex slot : content.scenery) readScenery(slot, net);
-        if (content.faces || content.chains || content.markers)
-            draw(segment, heldFor(net.state), wide(net.matrix));
-        return true;
-    });
-    list_.finish();
-    looks_.clear();
-    TextureStore::instance().sweep();
-    made_ = true;
+    for (; id != noOccurrence; id = tree_.parentOf(id))
+        if (auto const found = subwindows_.find(id); found != subwindows_.end()) return &found->second;
+    return nullptr;
+}
+
+std::vector<Subwindow const*> SceneCompiler::subwindows() const
+{
+    std::vector<Subwindow const*> all;
+    for (auto const& [id, subwindow] : subwindows_) all.push_back(&subwindow);
+    std::stable_sort(all.begin(), all.end(),
+                     [](Subwindow const* a, Subwindow const* b) { return a->order < b->order; });
+    return all;
+}
+
+// What is not said of a subwindow is as in the view around it.
+void SceneCompiler::readSubwindows()
+{
+    for (auto& [id, subwindow] : subwindows_) {
+        auto const& segment = *store().at<SegmentRecord>(tree_.segmentOf(id));
+        NetState const& state = *tree_.stateOf(id);
+        Subwindow const* const around = subwindowAround(tree_.parentOf(id));
+        subwindow.within = around != nullptr ? around->id : noOccurrence;
+        subwindow.order = placingOf(state).order;
+        subwindow.scene = scene_;
+        subwindow.scene.highlight = nullptr;
+        if (segment.kit(KitKind::Camera) != nullptr) {
+            NetState own = state;
+            own.kits[std::size_t(KitKind::Camera)] =
+                *std::find_if(segment.kits.begin(), segment.kits.end(),
+                              [](KitPointer const& kit) { return kit->kind == KitKind::Camera; });
+            subwindow.scene.camera = readCamera({own, own});
+        }
+        using HPS::Subwindow::Background;
+        subwindow.scene.background = readBackground({state, state});
+        if (auto const& background = subwindow.data.background)
+            subwindow.scene.background.shown = std::get<0>(*background) != Background::Transparent;
+    }
 }
 
 SceneCompiler::Held& SceneCompiler::heldFor(NetStatePointer const& state)
 {
-    auto const [found, isNew] = looks_.try_emplace(state.get());
+    auto const [found, isNew] = held_.try_emplace(state.get());
     Held& held = found->second;
     if (isNew) {
         Palette const palette = state->palette();
         held.state = state;
+        held.placing = placingOf(*state);
         held.look = render::lookOf({state->get<VisibilityData>(), state->get<MaterialMappingData>(),
                                     state->get<LineAttributeData>(), state->get<EdgeAttributeData>(),
                                     state->get<MarkerAttributeData>(), state->get<DrawingAttributeData>(),
@@ -128,14 +221,31 @@ SceneCompiler::Held& SceneCompiler::heldFor(NetStatePointer const& state)
     return held;
 }
 
+// A camera that moves and colours that change leave states behind that nothing shows any more.
+void SceneCompiler::sweepHeld()
+{
+    if (held_.size() + fold_.stateCount() < heldLimit_) return;
+    fold_.trim(); // until then its steps hold states too
+    std::erase_if(held_, [](auto const& entry) {
+        Held const& held = entry.second;
+        long const ownUses =
+            held.look.facesShown ? 3 : 2; // the key's, the fold's and that of the looks of faces
+        return held.state.use_count() <= ownUses;
+    });
+    fold_.trim();
+    heldLimit_ = 2 * (held_.size() + fold_.stateCount()) + 4096;
+}
+
 void SceneCompiler::draw(SegmentRecord const& segment, Held& held, Mat4 const& matrix)
 {
     Look const& look = held.look;
     MeshCache& meshes = MeshCache::instance();
     MeshCache::Content const& content = meshes.content(segment);
     if (content.faces && look.facesShown) addFaces(segment, held, matrix);
-    if (content.faces && look.edges.any())
-        add(meshes.edges(segment, look.edges), Primitive::Lines, look.edge, matrix);
+    // Where faces are not seen, their outlines stand for them.
+    EdgeChoice edges = look.edges;
+    if (outlined_ && look.facesShown && !edges.any()) edges.perimeter = edges.hard = true;
+    if (content.faces && edges.any()) add(meshes.edges(segment, edges), Primitive::Lines, look.edge, matrix);
     if (content.chains && look.linesShown) add(meshes.lines(segment), Primitive::Lines, look.line, matrix);
     if (content.markers && look.markersShown)
         add(meshes.markers(segment), Primitive::Markers, look.marker, matrix);
@@ -149,7 +259,7 @@ void SceneCompiler::addFaces(SegmentRecord const& segment, Held& held, Mat4 cons
     Look const& look = held.look;
     MeshCache::Drawable const* drawable = &meshes.faces(segment, look.plainFaces);
     if (held.faces.textured(*drawable)) drawable = &meshes.withParameters(segment, look.plainFaces);
-    auto const parts = faceParts(held.faces, *drawable, list_.materials);
+    auto const parts = faceParts(held.faces, *drawable, into_->materials);
     bool const opaque =
         std::none_of(parts.begin(), parts.end(), [](FacePart const& part) { return part.transparent; });
     for (FacePart const& part : parts) {
@@ -165,7 +275,7 @@ void SceneCompiler::addFaces(SegmentRecord const& segment, Held& held, Mat4 cons
         instance.size = look.face.size;
         instance.flags = look.face.flags;
         instance.material = packMaterial(part.surface.row, 0);
-        list_.add(pipeline, part.range, drawable->mesh.box(), matrix, instance);
+        emit(*drawable, pipeline, part.range, matrix, instance);
     }
 }
 
@@ -181,7 +291,103 @@ void SceneCompiler::add(MeshCache::Drawable const& drawable, Primitive primitive
     std::copy_n(stroke.colour, 4, instance.colour);
     instance.size = stroke.size;
     instance.flags = stroke.flags;
-    list_.add(pipeline, drawable.mesh.range(), drawable.mesh.box(), matrix, instance);
+    emit(drawable, pipeline, drawable.mesh.range(), matrix, instance);
+}
+
+void SceneCompiler::emit(MeshCache::Drawable const& drawable, Pipeline pipeline, MeshRange const& range,
+                         Mat4 const& matrix, Instance const& instance)
+{
+    // Over the same faces in the model's own look.
+    if (into_ == &highlight_ && pipeline.primitive == Primitive::Faces) --pipeline.displacement;
+    if (only_ == 0) return into_->add(pipeline, range, drawable.mesh.box(), matrix, instance);
+    for (MeshCache::Part const& part : drawable.parts) {
+        if (part.geometry != only_) continue;
+        std::uint32_t const first = drawable.mesh.range().firstIndex + part.firstIndex;
+        MeshRange shared = range;
+        shared.firstIndex = std::max(range.firstIndex, first);
+        std::uint32_t const end = std::min(range.firstIndex + range.indexCount, first + part.indexCount);
+        shared.indexCount = end > shared.firstIndex ? end - shared.firstIndex : 0;
+        into_->add(pipeline, shared, drawable.mesh.box(), matrix, instance);
+    }
+}
+
+void SceneCompiler::makeHighlight()
+{
+    highlight_.clear();
+    auto const targets = highlightTargets(tree_, path_, highlightsOf(path_.front()));
+    into_ = &highlight_;
+    for (auto const& [id, target] : targets) {
+        bool covered = false; // it is drawn with what stands above it
+        for (OccurrenceId above = tree_.parentOf(id); above != noOccurrence && !covered;
+             above = tree_.parentOf(above)) {
+            auto const found = targets.find(above);
+            covered = found != targets.end() && !found->second.whole.empty();
+        }
+        if (!covered) highlightBelow(id, targets);
+    }
+    into_ = &list_;
+    only_ = 0;
+    highlight_.finish();
+    scene_.highlight = highlight_.records.empty() ? nullptr : &highlight_;
+}
+
+void SceneCompiler::highlightBelow(OccurrenceId top, HighlightTargets const& targets)
+{
+    struct Step {
+        OccurrenceId id;
+        MatrixKit matrix;
+        std::vector<std::uint32_t> numbers; ///< of what stands above
+    };
+    auto joined = [](std::vector<std::uint32_t> const& a, std::vector<std::uint32_t> const& b) {
+        std::vector<std::uint32_t> all;
+        std::set_union(a.begin(), a.end(), b.begin(), b.end(), std::back_inserter(all));
+        return all;
+    };
+    std::vector<Step> open{{top, tree_.netOf(top).matrix, {}}};
+    while (!open.empty()) {
+        Step const step = std::move(open.back());
+        open.pop_back();
+        auto const target = targets.find(step.id);
+        std::vector<std::uint32_t> numbers = step.numbers;
+        if (target != targets.end()) {
+            numbers = joined(numbers, target->second.whole);
+            for (auto const& [geometry, own] : target->second.geometry)
+                highlight(step.id, step.matrix, joined(numbers, own), geometry);
+        }
+        if (numbers.empty()) continue;
+        highlight(step.id, step.matrix, numbers, 0);
+        tree_.forEachChild(step.id, [&](OccurrenceId child) {
+            auto const& matrix = store().at<SegmentRecord>(tree_.segmentOf(child))->matrix;
+            open.push_back({child, matrix ? *matrix * step.matrix : step.matrix, numbers});
+        });
+    }
+}
+
+void SceneCompiler::highlight(OccurrenceId id, MatrixKit const& matrix,
+                              std::span<std::uint32_t const> numbers, SlotIndex geometry)
+{
+    auto const& segment = *store().at<SegmentRecord>(tree_.segmentOf(id));
+    MeshCache::Content const& content = MeshCache::instance().content(segment);
+    if (!content.faces && !content.chains && !content.markers) return;
+    Highlights const& all = highlightsOf(path_.front());
+    Held& held = heldFor(highlighted(fold_, tree_.stateOf(id), all, numbers));
+    only_ = geometry;
+    highlight_.placing = held.placing;
+    if (auto const& overlay = all[numbers.back()].options.overlay) highlight_.placing.overlay = *overlay;
+    if (geometry != 0) ++highlight_.placing.order; // over the rest of its segment
+    draw(segment, held, wide(matrix));
+    only_ = 0;
+}
+
+void SceneCompiler::readAllScenery()
+{
+    sceneryStale_ = false;
+    scene_.lights = {};
+    for (OccurrenceId id : scenery_) {
+        NetAttributes const net = tree_.netOf(id);
+        auto const& segment = *store().at<SegmentRecord>(tree_.segmentOf(id));
+        for (SlotIndex slot : MeshCache::instance().content(segment).scenery) readScenery(slot, net);
+    }
 }
 
 void SceneCompiler::readScenery(SlotIndex slot, NetAttributes const& net)
@@ -199,6 +405,8 @@ void SceneCompiler::readScene(SceneSources const& sources)
     scene_.transparency = readTransparency(sources);
     scene_.shadows = readShadows(sources);
     scene_.effects = readEffects(sources);
+    scene_.hiddenLines = readHiddenLines(sources);
+    readSubwindows();
 }
 
 } // namespace HPS::render

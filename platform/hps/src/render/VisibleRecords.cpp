@@ -1,24 +1,25 @@
 #include "VisibleRecords.h"
 #include <algorithm>
+#include <tuple>
 
 namespace HPS::render
 {
 namespace
 {
 
-void count(Record const& record, FrameCounts& counts)
+void count(Record const& record, std::uint32_t times, FrameCounts& counts)
 {
-    ++counts.records;
+    counts.records += times;
     switch (record.pipeline.primitive) {
     case Primitive::Faces:
-        counts.triangles += record.range.indexCount / 3;
+        counts.triangles += std::uint64_t(record.range.indexCount / 3) * times;
         break;
     case Primitive::Lines:
     case Primitive::ThinLines:
-        counts.lineSegments += record.range.indexCount / 6;
+        counts.lineSegments += std::uint64_t(record.range.indexCount / 6) * times;
         break;
     case Primitive::Markers:
-        counts.markers += record.range.indexCount / 6;
+        counts.markers += std::uint64_t(record.range.indexCount / 6) * times;
         break;
     }
 }
@@ -27,33 +28,87 @@ void count(Record const& record, FrameCounts& counts)
 
 void VisibleRecords::choose(FrameContext const& context)
 {
+    parts_.clear();
     opaque_.clear();
     transparent_.clear();
-    auto const& records = context.list.records;
-    for (std::uint32_t i = 0; i < records.size(); ++i) {
-        Record const& record = records[i];
-        if (context.scene.faceStyle == FaceStyle::None && record.pipeline.primitive == Primitive::Faces)
-            continue;
-        if (!context.viewing.sees(record.world)) {
-            ++context.counts.culledRecords;
-            continue;
-        }
-        count(record, context.counts);
-        double const depth = context.viewing.toView(record.world.centre()).z;
-        (record.pipeline.transparent ? transparent_ : opaque_).push_back({depth, i});
-    }
-    for (auto first = opaque_.begin(); first != opaque_.end();) {
-        Pipeline const& pipeline = records[first->record].pipeline;
-        auto const last = std::find_if(
-            first, opaque_.end(), [&](Entry const& e) { return !(records[e.record].pipeline == pipeline); });
-        std::sort(first, last, [](Entry const& a, Entry const& b) {
-            return a.depth != b.depth ? a.depth > b.depth : a.record < b.record;
-        });
-        first = last;
-    }
+    single_.clear();
+    single_.reserve(context.list.records.size()); // parts point into it
+    for (auto& overlay : overlays_) overlay.clear();
+    for (RecordGroup const& group : context.list.groups)
+        if (group.runs > 0) choose(context, group);
+
+    std::sort(parts_.begin(), parts_.end(), [](Part const& a, Part const& b) {
+        return std::tuple(a.pipeline, -a.depth, a.order) < std::tuple(b.pipeline, -b.depth, b.order);
+    });
+    distribute(context.list, context.counts);
     std::sort(transparent_.begin(), transparent_.end(), [](Entry const& a, Entry const& b) {
         return a.depth != b.depth ? a.depth < b.depth : a.record < b.record;
     });
+}
+
+void VisibleRecords::distribute(DrawList const& list, FrameCounts& counts)
+{
+    for (Part const& part : parts_) {
+        auto const kind = list.records[part.runs->first].pipeline.placing.overlay;
+        auto& runs = kind == Drawing::Overlay::None ? opaque_ : overlays_[std::size_t(kind)];
+        for (std::uint32_t i = 0; i < part.count; ++i) {
+            runs.push_back(part.runs[i]);
+            count(list.records[part.runs[i].first], part.runs[i].count, counts);
+        }
+    }
+}
+
+void VisibleRecords::choose(FrameContext const& context, RecordGroup const& group)
+{
+    DrawList const& list = context.list;
+    Pipeline const& pipeline = list.records[group.first].pipeline;
+    bool const faces = pipeline.primitive == Primitive::Faces;
+    if (context.scene.faceStyle == FaceStyle::None && faces) return;
+    Viewing::Sight const sight = context.viewing.sight(group.box);
+    if (sight == Viewing::Sight::None) {
+        context.counts.culledRecords += group.count;
+        return;
+    }
+    double const smallest = std::max(double(pipeline.placing.smallest), faces ? context.scene.smallest : 0);
+    bool const someSmall =
+        smallest > 0 && group.smallest * context.viewing.pixelsPerUnit(group.box) < smallest;
+    if (sight == Viewing::Sight::Part || someSmall || pipeline.transparent)
+        return chooseSingly(context, group, smallest);
+    double const depth = context.viewing.toView(group.box.centre()).z;
+    parts_.push_back({group.pipeline, group.first, depth, &list.runs[group.first], group.runs});
+}
+
+void VisibleRecords::chooseSingly(FrameContext const& context, RecordGroup const& group, double smallest)
+{
+    DrawList const& list = context.list;
+    Viewing const& viewing = context.viewing;
+    Pipeline const& pipeline = list.records[group.first].pipeline;
+    bool const sorted = pipeline.transparent && pipeline.placing.overlay == Drawing::Overlay::None;
+    std::size_t const firstSingle = single_.size();
+    for (std::uint32_t r = 0; r < group.runs; ++r) {
+        RecordRun const& run = list.runs[group.first + r];
+        for (std::uint32_t i = run.first; i < run.first + run.count; ++i) {
+            Record const& record = list.records[i];
+            bool const drawn =
+                viewing.sees(record.world) &&
+                (smallest == 0 || record.world.diagonal() * viewing.pixelsPerUnit(record.world) >= smallest);
+            if (!drawn) {
+                ++context.counts.culledRecords;
+            } else if (sorted) {
+                transparent_.push_back({viewing.toView(record.world.centre()).z, i});
+                count(record, 1, context.counts);
+            } else if (i > run.first && single_.size() > firstSingle &&
+                       single_.back().first + single_.back().count == i) {
+                ++single_.back().count;
+            } else {
+                single_.push_back({i, 1});
+            }
+        }
+    }
+    if (single_.size() == firstSingle) return;
+    double const depth = viewing.toView(group.box.centre()).z;
+    parts_.push_back({group.pipeline, group.first, depth, &single_[firstSingle],
+                      std::uint32_t(single_.size() - firstSingle)});
 }
 
 } // namespace HPS::render

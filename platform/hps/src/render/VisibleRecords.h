@@ -1,10 +1,12 @@
 #pragma once
 #include "FrameContext.h"
+#include <array>
 
 namespace HPS::render
 {
 
-/// What of a draw list a frame shows. Memory is kept from frame to frame.
+/// What of a draw list a frame shows. Groups are looked at, and single records only in those that lie across
+/// the window's border or hold something too small. Memory is kept from frame to frame.
 class VisibleRecords
 {
 public:
@@ -16,12 +18,32 @@ public:
     void choose(FrameContext const& context);
 
     /// By pipeline, and from front to back in each, so that what is hidden costs a depth test and no shading.
-    std::vector<Entry> const& opaque() const { return opaque_; }
+    std::vector<RecordRun> const& opaque() const { return opaque_; }
+    /// What is drawn over the rest; transparent parts stand among the others.
+    std::vector<RecordRun> const& overlay(Drawing::Overlay kind) const
+    {
+        return overlays_[std::size_t(kind)];
+    }
     /// From back to front.
     std::vector<Entry> const& transparent() const { return transparent_; }
 
 private:
-    std::vector<Entry> opaque_, transparent_;
+    /// Runs of one group.
+    struct Part {
+        std::uint32_t pipeline; ///< rank
+        std::uint32_t order;    ///< of the group in the list
+        double depth;
+        RecordRun const* runs;
+        std::uint32_t count;
+    };
+    void choose(FrameContext const& context, RecordGroup const& group);
+    void chooseSingly(FrameContext const& context, RecordGroup const& group, double smallest);
+    void distribute(DrawList const& list, FrameCounts& counts);
+    std::vector<Part> parts_;
+    std::vector<RecordRun> single_; ///< runs of groups of which a part is drawn
+    std::vector<RecordRun> opaque_;
+    std::array<std::vector<RecordRun>, 4> overlays_; ///< by Drawing::Overlay; the first one stays empty
+    std::vector<Entry> transparent_;
 };
 
 } // namespace HPS::render

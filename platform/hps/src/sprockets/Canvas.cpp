@@ -1,8 +1,10 @@
 #include "CanvasPicture.h"
+#include "InteractionWatch.h"
 #include "Presenter.h"
 #include "Stopwatch.h"
 #include "records.h"
 #include "store.h"
+#include "subscriptions.h"
 #include <hps/Canvas.h>
 #include <hps/Factory.h>
 #include <hps/WindowKey.h>
@@ -85,18 +87,23 @@ bool Canvas::ShowSize(int& width, int& height) const
     return true;
 }
 
-bool Canvas::Update(Window::UpdateType type, double) const
+bool Canvas::Update(Window::UpdateType type, double timeLimit) const
 {
     auto* const record = Registry::instance().find(*this);
     if (record == nullptr) return false;
     int width = 0, height = 0;
     if (record->presenter != nullptr && record->presenter->showSize(width, height))
         Canvas(*this).SetSize(width, height);
-    record->failure = record->picture->update(*record, type, record->report);
-    if (!record->failure.Empty()) return false;
+    UpdateRequest const request{type, timeLimit, record->watch->interacting()};
+    std::string const before = record->failure.Str();
+    record->failure = record->picture->update(*record, request, record->report);
+    // The same fault at every picture is told once.
+    if (!record->failure.Empty() && record->failure.Str() != before) scene::raiseError(record->failure);
+    bool const present = record->presenter != nullptr && type != Window::UpdateType::CompileOnly &&
+                         (record->picture->isNew() || type == Window::UpdateType::Refresh);
     Picture picture;
-    if (record->presenter != nullptr && ReadPixels(picture)) record->presenter->present(picture);
-    return true;
+    if (present && ReadPixels(picture)) record->presenter->present(picture);
+    return record->failure.Empty();
 }
 
 UpdateNotifier Canvas::UpdateWithNotifier(Window::UpdateType type) const

@@ -1,10 +1,13 @@
 #include "CanvasPicture.h"
 #include "Device.h"
 #include "Frame.h"
+#include "MeshStore.h"
 #include "SceneCompiler.h"
 #include "ShaderLibrary.h"
 #include "Stopwatch.h"
+#include "SubwindowPainter.h"
 #include "Target.h"
+#include "subscriptions.h"
 #include "warm_up.h"
 #include <array>
 
@@ -14,6 +17,12 @@ namespace
 {
 
 using render::Stopwatch;
+
+/// Milliseconds up to which a picture follows the hand.
+constexpr double fluent = 80;
+/// Pixels on the screen below which a body is hardly seen in a picture that moves, and may be missed in one
+/// that must come sooner.
+constexpr double smallestAtFirst = 3, smallestAtMost = 24;
 
 render::FaceStyle faceStyle(Rendering::Mode mode)
 {
@@ -31,6 +40,16 @@ render::FaceStyle faceStyle(Rendering::Mode mode)
     return render::FaceStyle::Smooth;
 }
 
+void add(UpdateReport& report, render::FrameCounts const& counts)
+{
+    report.triangles += counts.triangles;
+    report.lineSegments += counts.lineSegments;
+    report.markers += counts.markers;
+    report.records += counts.records;
+    report.culledRecords += counts.culledRecords;
+    report.drawCalls += counts.calls;
+}
+
 } // namespace
 
 CanvasPicture::CanvasPicture() = default;
@@ -44,10 +63,8 @@ void CanvasPicture::matchLayers(LayoutRecord const* layout)
     if (same) return;
     layers_.clear();
     for (std::size_t i = 0; i < count; ++i)
-        layers_.push_back({layout->layers[i].view,
-                           {},
-                           std::make_unique<render::SceneCompiler>(),
-                           std::make_unique<render::Frame>()});
+        layers_.push_back({layout->layers[i].view, std::make_unique<render::SceneCompiler>(),
+                           std::make_unique<render::Frame>(), std::make_unique<render::SubwindowPainter>()});
     drawn_ = false;
 }
 
@@ -62,9 +79,8 @@ bool CanvasPicture::compile(CanvasRecord const& canvas, LayoutRecord const& layo
         LayoutRecord::Layer const& place = layout.layers[i];
         std::array const path{canvas.window.Index(), canvas.include.Index(), layout.segment.Index(),
                               place.segment.Index(), place.include.Index(),  view->segment.Index()};
-        auto const result = layer.compiler->update(path, fromScratch);
-        changed = changed || result.changed || layer.mode != view->mode;
-        layer.mode = view->mode;
+        auto const result = layer.compiler->update(path, fromScratch, faceStyle(view->mode));
+        changed = changed || result.changed;
         report.compiledViews += result.listMade ? 1 : 0;
         report.uploadedMeshes += result.uploadedMeshes;
         report.uploadMilliseconds += result.uploadMilliseconds;
@@ -72,29 +88,48 @@ bool CanvasPicture::compile(CanvasRecord const& canvas, LayoutRecord const& layo
     return changed;
 }
 
-void CanvasPicture::draw(UpdateReport& report)
+void CanvasPicture::draw(render::Target& target, UpdateReport& report)
 {
     if (layers_.empty()) {
-        render::Frame().draw(*target_, {}, {});
+        render::Frame().draw(target, {}, {});
         return;
     }
     for (std::size_t i = 0; i < layers_.size(); ++i) {
         render::Scene scene = layers_[i].compiler->scene();
         scene.background.shown = i == 0;
-        scene.faceStyle = faceStyle(layers_[i].mode);
-        auto const counts = layers_[i].frame->draw(*target_, layers_[i].compiler->list(), scene);
-        report.triangles += counts.triangles;
-        report.lineSegments += counts.lineSegments;
-        report.markers += counts.markers;
-        report.records += counts.records;
-        report.culledRecords += counts.culledRecords;
-        report.drawCalls += counts.calls;
+        scene.quality = quality_;
+        scene.smallest = quality_ == render::Quality::Interactive ? smallest_ : 0;
+        add(report, layers_[i].frame->draw(target, layers_[i].compiler->list(), scene));
+        add(report, layers_[i].subwindows->draw(target, layers_[i].compiler->subwindows(), scene));
     }
 }
 
-std::string CanvasPicture::update(CanvasRecord const& canvas, Window::UpdateType type, UpdateReport& report)
+// There is no clock behind this: the last picture at rest tells what one costs.
+render::Quality CanvasPicture::qualityFor(UpdateRequest const& request) const
 {
+    bool const late = request.interacting && restingMilliseconds_ > fluent;
+    bool const tooLong = request.timeLimit >= 0 && restingMilliseconds_ > request.timeLimit * 1000;
+    return late || tooLong ? render::Quality::Interactive : render::Quality::Resting;
+}
+
+void CanvasPicture::learn(double milliseconds)
+{
+    if (quality_ == render::Quality::Resting) {
+        restingMilliseconds_ = milliseconds;
+        smallest_ = smallestAtFirst;
+    } else if (milliseconds > fluent) {
+        smallest_ = std::min(smallest_ * 2, smallestAtMost);
+    } else if (milliseconds < fluent / 4) {
+        smallest_ = std::max(smallest_ / 2, smallestAtFirst);
+    }
+}
+
+std::string CanvasPicture::update(CanvasRecord const& canvas, UpdateRequest const& request,
+                                  UpdateReport& report)
+{
+    using Window::UpdateType;
     report = {};
+    isNew_ = false;
     Stopwatch start;
     render::Device& device = render::Device::instance();
     if (!device.makeCurrent()) return device.failure();
@@ -104,30 +139,48 @@ std::string CanvasPicture::update(CanvasRecord const& canvas, Window::UpdateType
     auto const* const layout = Registry::instance().find(canvas.layout);
     matchLayers(layout);
     bool const changed =
-        layout != nullptr && compile(canvas, *layout, type == Window::UpdateType::Exhaustive, report);
+        layout != nullptr && compile(canvas, *layout, request.type == UpdateType::Exhaustive, report);
     report.compileMilliseconds = compiling.milliseconds();
     if (changed) drawn_ = false;
-    if (type == Window::UpdateType::CompileOnly) return {};
+    if (request.type == UpdateType::CompileOnly) return {};
 
     Stopwatch drawing;
     if (target_ == nullptr) target_ = render::firstTarget();
-    if (target_->width() != canvas.width || target_->height() != canvas.height) drawn_ = false;
-    if (drawn_ && type == Window::UpdateType::Default) return {};
-    target_->resize(canvas.width, canvas.height, canvas.samples);
-    draw(report);
-    target_->resolve();
+    render::Quality const quality = qualityFor(request);
+    bool const asBefore = shown_ != nullptr && drawn_ && shown_->width() == canvas.width &&
+                          shown_->height() == canvas.height && (quality_ == quality || !restDue());
+    bool const onDemand = request.type == UpdateType::Default || request.type == UpdateType::Refresh;
+    if (asBefore && onDemand) return {};
+    quality_ = quality;
+    bool const quick = quality == render::Quality::Interactive;
+    if (quick && quick_ == nullptr) quick_ = std::make_unique<render::Target>();
+    render::Target& target = quick ? *quick_ : *target_;
+    target.resize(canvas.width, canvas.height, quick ? 1 : canvas.samples);
+    draw(target, report);
+    target.resolve();
+    shown_ = &target;
+    drawn_ = isNew_ = true;
     report.drawMilliseconds = drawing.milliseconds();
+    learn(report.drawMilliseconds);
+    return faults();
+}
+
+std::string CanvasPicture::faults()
+{
+    if (render::MeshStore::instance().outOfMemory() && !memoryTold_) {
+        memoryTold_ = true;
+        scene::raiseWarning("The graphics memory does not hold the whole scene; what fits is drawn.");
+    }
     std::string const& refused = render::ShaderLibrary::instance().failure();
-    drawn_ = refused.empty();
-    return drawn_ ? std::string() : "A shader was refused: " + refused;
+    return refused.empty() ? std::string() : "A shader was refused: " + refused;
 }
 
 bool CanvasPicture::read(Picture& picture) const
 {
-    if (target_ == nullptr || !render::Device::instance().makeCurrent()) return false;
-    picture.width = target_->width();
-    picture.height = target_->height();
-    target_->read(picture.pixels);
+    if (shown_ == nullptr || !render::Device::instance().makeCurrent()) return false;
+    picture.width = shown_->width();
+    picture.height = shown_->height();
+    shown_->read(picture.pixels);
     return true;
 }
 

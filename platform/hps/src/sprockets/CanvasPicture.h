@@ -1,4 +1,5 @@
 #pragma once
+#include "Quality.h"
 #include "records.h"
 #include <memory>
 #include <string>
@@ -8,11 +9,19 @@ namespace HPS::render
 {
 class Frame;
 class SceneCompiler;
+class SubwindowPainter;
 class Target;
 } // namespace HPS::render
 
 namespace HPS
 {
+
+/// What is asked of an update.
+struct UpdateRequest {
+    Window::UpdateType type = Window::UpdateType::Default;
+    double timeLimit = -1;    ///< seconds; negative for none
+    bool interacting = false; ///< somebody moves something about; a picture soon counts more than a full one
+};
 
 /// The graphics side of a canvas: its picture, and for each layer of its layout what is drawn there.
 /// Asks for the graphics device at the first update, not before.
@@ -24,8 +33,13 @@ public:
     CanvasPicture(CanvasPicture const&) = delete;
     CanvasPicture& operator=(CanvasPicture const&) = delete;
 
-    /// Empty, or one line that says why there is no new picture. Fills the report.
-    std::string update(CanvasRecord const& canvas, Window::UpdateType type, UpdateReport& report);
+    /// Empty, or one line that says why there is no picture, or not all of it. Fills the report.
+    std::string update(CanvasRecord const& canvas, UpdateRequest const& request, UpdateReport& report);
+
+    /// The last update has drawn.
+    bool isNew() const { return isNew_; }
+    /// The picture shows less than one at rest would.
+    bool restDue() const { return drawn_ && quality_ != render::Quality::Resting; }
 
     /// False before the first picture.
     bool read(Picture& picture) const;
@@ -33,18 +47,28 @@ public:
 private:
     struct Layer {
         View view;
-        Rendering::Mode mode = Rendering::Mode::Gouraud; ///< as last drawn
         std::unique_ptr<render::SceneCompiler> compiler;
         std::unique_ptr<render::Frame> frame;
+        std::unique_ptr<render::SubwindowPainter> subwindows;
     };
     void matchLayers(LayoutRecord const* layout);
     bool compile(CanvasRecord const& canvas, LayoutRecord const& layout, bool fromScratch,
                  UpdateReport& report);
-    void draw(UpdateReport& report);
+    void draw(render::Target& target, UpdateReport& report);
+    render::Quality qualityFor(UpdateRequest const& request) const;
+    void learn(double milliseconds);
+    std::string faults();
 
-    std::unique_ptr<render::Target> target_; ///< null before the first picture
-    std::vector<Layer> layers_;              ///< as in the layout
-    bool drawn_ = false;                     ///< the target shows what was compiled
+    std::unique_ptr<render::Target> target_;             ///< null before the first picture
+    std::unique_ptr<render::Target> quick_;              ///< of one sample; null before the first interaction
+    render::Target const* shown_ = nullptr;              ///< of these, the one drawn last
+    render::Quality quality_ = render::Quality::Resting; ///< of the picture
+    double restingMilliseconds_ = 0;                     ///< that the last picture at rest took
+    double smallest_ = 0;       ///< pixels; what is smaller is left out while interacting
+    std::vector<Layer> layers_; ///< as in the layout
+    bool drawn_ = false;        ///< the target shows what was compiled
+    bool isNew_ = false;
+    bool memoryTold_ = false; ///< that graphics memory did not suffice
 };
 
 } // namespace HPS

@@ -1,10 +1,12 @@
 #include "CanvasPicture.h"
+#include "InteractionWatch.h"
 #include "Presenter.h"
 #include "merge.h"
 #include "records.h"
 #include "structure.h"
 #include <hps/Database.h>
 #include <hps/Factory.h>
+#include <hps/WindowKey.h>
 
 namespace HPS::Factory
 {
@@ -66,7 +68,11 @@ Canvas CreateCanvas(WindowHandle window, UTF8 const& name, ApplicationWindowOpti
     record->samples = smooth ? int(std::min(samples, 64u)) : 1;
     record->picture = std::make_unique<CanvasPicture>();
     record->presenter = makePresenter(window);
-    return Canvas(registry().canvases.add(std::move(record)));
+    CanvasRecord& made = *record;
+    Canvas const canvas(registry().canvases.add(std::move(record)));
+    made.watch =
+        std::make_unique<InteractionWatch>(canvas.Index(), canvas.GetWindowKey().GetEventDispatcher());
+    return canvas;
 }
 
 Canvas CreateOffScreenCanvas(int width, int height, UTF8 const& name,

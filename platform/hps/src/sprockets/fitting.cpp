@@ -26,12 +26,12 @@ Point point(Vec3 const& v)
 }
 
 /// The axes of a camera, and what stays of it when it moves.
-struct View {
+struct CameraAxes {
     Vec3 right, above, back;
     bool perspective;
     double slope; ///< half the larger side of the field, per distance
 
-    explicit View(CameraKit const& camera)
+    explicit CameraAxes(CameraKit const& camera)
     {
         CameraKit const fallback = defaultCamera({0, 0, 1}, {1, 0, 0});
         Point position, target;
@@ -66,7 +66,7 @@ struct Framing {
 
 // The eye sees a point if x - eye.x <= slope (eye.z - z), and likewise for the other three sides of its
 // pyramid: all of them bounds on sums of coordinates, of which the extent knows the largest.
-Framing inPerspective(VisibleExtent const& extent, View const& view, double depth, double smallest)
+Framing inPerspective(VisibleExtent const& extent, CameraAxes const& view, double depth, double smallest)
 {
     struct Side {
         double middle; ///< where the eye stands across
@@ -113,7 +113,7 @@ CameraKit defaultCamera(Vector const& up, Vector const& front)
 
 CameraKit fittedCamera(CameraKit const& camera, VisibleExtent const& extent)
 {
-    View const view(camera);
+    CameraAxes const view(camera);
     // Along an axis of the view: the middle, and half the size.
     auto range = [&](Vec3 const& axis) {
         double const high = extent.support(axis), low = -extent.support(axis * -1);

@@ -1,5 +1,6 @@
 #include "records.h"
 #include "CanvasPicture.h"
+#include "InteractionWatch.h"
 #include "Presenter.h"
 
 namespace HPS

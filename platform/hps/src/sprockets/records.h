@@ -13,6 +13,7 @@ namespace HPS
 {
 
 class CanvasPicture;
+class InteractionWatch;
 class Presenter;
 
 struct ModelRecord {
@@ -56,6 +57,7 @@ struct CanvasRecord {
     int samples = 4;
     ApplicationWindowOptionsKit options; ///< as it was made
     std::unique_ptr<CanvasPicture> picture;
+    std::unique_ptr<InteractionWatch> watch;
     std::unique_ptr<Presenter> presenter; ///< null where no window shows the canvas
     UpdateReport report;
     UTF8 failure; ///< of the last update

@@ -15,10 +15,12 @@ void Buffer::create()
     if (name_ == 0) glCreateBuffers(1, &name_);
 }
 
-void Buffer::fillBytes(std::span<std::byte const> data)
+void Buffer::fillBytes(std::span<std::byte const> data, std::size_t capacity)
 {
     create();
-    glNamedBufferData(name_, GLsizeiptr(data.size()), data.data(), GL_DYNAMIC_DRAW);
+    bool const exact = capacity == data.size();
+    glNamedBufferData(name_, GLsizeiptr(capacity), exact ? data.data() : nullptr, GL_DYNAMIC_DRAW);
+    if (!exact && !data.empty()) patchBytes(0, data);
 }
 
 void Buffer::patchBytes(std::size_t offset, std::span<std::byte const> data)

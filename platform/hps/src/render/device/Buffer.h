@@ -19,7 +19,15 @@ public:
     void create();
 
     /// Takes on the size of `data`, in whole elements.
-    template <class T> void fill(std::span<T const> data) { fillBytes(std::as_bytes(data)); }
+    template <class T> void fill(std::span<T const> data)
+    {
+        fillBytes(std::as_bytes(data), data.size_bytes());
+    }
+    /// Takes on a size of `capacity` elements, of which `data` are the first.
+    template <class T> void fill(std::span<T const> data, std::size_t capacity)
+    {
+        fillBytes(std::as_bytes(data), capacity * sizeof(T));
+    }
 
     /// Writes over a part of what it holds; `first` counts in elements.
     template <class T> void patch(std::size_t first, std::span<T const> data)
@@ -31,7 +39,7 @@ public:
     unsigned name() const { return name_; }
 
 private:
-    void fillBytes(std::span<std::byte const> data);
+    void fillBytes(std::span<std::byte const> data, std::size_t capacity);
     void patchBytes(std::size_t offset, std::span<std::byte const> data);
 
     unsigned name_ = 0;

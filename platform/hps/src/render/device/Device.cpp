@@ -67,7 +67,9 @@ Device::Device()
     if (opened)
         failure_.clear();
     else
-        failure_ = "No OpenGL 4.5 core context without a window: " + failure_ + ".";
+        failure_ = "OpenGL 4.5 core is needed and not offered here (" + failure_ +
+                   "). A newer graphics driver may bring it; Mesa's software rendering always does: install "
+                   "its EGL drivers (libegl-mesa0, libgl1-mesa-dri) and set LIBGL_ALWAYS_SOFTWARE=1.";
 }
 
 bool Device::open(void* display, char const* way)

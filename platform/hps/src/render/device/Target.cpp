@@ -56,6 +56,18 @@ void Target::bind() const
     glViewport(0, 0, width_, height_);
 }
 
+void Target::copyFrom(Target const& other, int left, int bottom) const
+{
+    glBlitNamedFramebuffer(other.drawn_, drawn_, left, bottom, left + width_, bottom + height_, 0, 0, width_,
+                           height_, GL_COLOR_BUFFER_BIT, GL_NEAREST);
+}
+
+void Target::copyTo(Target const& other, int left, int bottom) const
+{
+    glBlitNamedFramebuffer(drawn_, other.drawn_, 0, 0, width_, height_, left, bottom, left + width_,
+                           bottom + height_, GL_COLOR_BUFFER_BIT, GL_NEAREST);
+}
+
 void Target::resolve() const
 {
     if (resolved_ != 0)

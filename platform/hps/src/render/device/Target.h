@@ -20,8 +20,13 @@ public:
 
     int width() const { return width_; }
     int height() const { return height_; }
+    int samples() const { return samples_; }
 
     void bind() const;
+
+    // Between this and a part of another of equal samples, which begins at `left`, `bottom`.
+    void copyFrom(Target const& other, int left, int bottom) const;
+    void copyTo(Target const& other, int left, int bottom) const;
 
     /// Waits until all is drawn and brings it into the single-sampled image.
     void resolve() const;

@@ -6,13 +6,14 @@
 namespace HPS::render
 {
 
-std::uint32_t Arena::add(std::span<std::byte const> data)
+std::optional<std::uint32_t> Arena::add(std::span<std::byte const> data)
 {
     assert(data.size() % elementSize_ == 0 && "Arena::add: data holds whole elements");
     auto const count = std::uint32_t(data.size() / elementSize_);
     if (count == 0) return 0;
-    std::uint32_t const offset = take(count);
-    glNamedBufferSubData(buffer_, GLintptr(offset) * elementSize_, GLsizeiptr(data.size()), data.data());
+    std::optional<std::uint32_t> const offset = take(count);
+    if (!offset) return {};
+    glNamedBufferSubData(buffer_, GLintptr(*offset) * elementSize_, GLsizeiptr(data.size()), data.data());
     used_ += count;
     return offset;
 }
@@ -25,12 +26,12 @@ void Arena::remove(std::uint32_t offset, std::uint32_t count)
     give(offset, count);
 }
 
-std::uint32_t Arena::take(std::uint32_t count)
+std::optional<std::uint32_t> Arena::take(std::uint32_t count)
 {
     auto fits = [&](auto const& range) { return range.second >= count; };
     auto found = std::find_if(free_.begin(), free_.end(), fits);
     if (found == free_.end()) {
-        grow(count);
+        if (!grow(count)) return {};
         found = std::find_if(free_.begin(), free_.end(), fits);
     }
     auto const [offset, length] = *found;
@@ -39,20 +40,39 @@ std::uint32_t Arena::take(std::uint32_t count)
     return offset;
 }
 
-void Arena::grow(std::uint32_t count)
+bool Arena::grow(std::uint32_t count)
 {
-    std::uint32_t constexpr smallest = 1 << 14;
-    std::uint32_t const capacity = std::max({smallest, capacity_ * 2, capacity_ + count});
-    unsigned larger = 0;
-    glCreateBuffers(1, &larger);
-    glNamedBufferStorage(larger, GLsizeiptr(capacity) * elementSize_, nullptr, GL_DYNAMIC_STORAGE_BIT);
+    constexpr std::uint64_t smallest = 1 << 14, most = ~std::uint32_t(0);
+    std::uint64_t const needed = std::uint64_t(capacity_) + count;
+    if (needed > most) return false;
+    std::uint64_t const capacity = std::min(std::max({smallest, capacity_ * std::uint64_t(2), needed}), most);
+    unsigned larger = makeBuffer(capacity * elementSize_);
+    // Where there is no room to grow at ease, what is asked for may still fit.
+    std::uint64_t const given = larger != 0 ? capacity : needed;
+    if (larger == 0) larger = makeBuffer(given * elementSize_);
+    if (larger == 0) return false;
     if (buffer_ != 0) {
         glCopyNamedBufferSubData(buffer_, larger, 0, 0, GLsizeiptr(capacity_) * elementSize_);
         glDeleteBuffers(1, &buffer_);
     }
     buffer_ = larger;
-    give(capacity_, capacity - capacity_);
-    capacity_ = capacity;
+    give(capacity_, std::uint32_t(given) - capacity_);
+    capacity_ = std::uint32_t(given);
+    return true;
+}
+
+// 0 if the device has no such room.
+unsigned Arena::makeBuffer(std::uint64_t bytes) const
+{
+    if (bytes > limit_) return 0;
+    unsigned made = 0;
+    while (glGetError() != GL_NO_ERROR) {
+    }
+    glCreateBuffers(1, &made);
+    glNamedBufferStorage(made, GLsizeiptr(bytes), nullptr, GL_DYNAMIC_STORAGE_BIT);
+    if (glGetError() == GL_NO_ERROR) return made;
+    glDeleteBuffers(1, &made);
+    return 0;
 }
 
 void Arena::give(std::uint32_t offset, std::uint32_t count)

@@ -1,6 +1,7 @@
 #pragma once
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <span>
 
 namespace HPS::render
@@ -16,8 +17,12 @@ public:
     Arena(Arena const&) = delete;
     Arena& operator=(Arena const&) = delete;
 
-    /// Copies `data`, whole elements, into a range of its own and gives the range's offset.
-    std::uint32_t add(std::span<std::byte const> data);
+    /// Copies `data`, whole elements, into a range of its own and gives the range's offset; nothing if the
+    /// device has no memory for that.
+    std::optional<std::uint32_t> add(std::span<std::byte const> data);
+
+    /// Takes no more than so many bytes from the device.
+    void limit(std::uint64_t bytes) { limit_ = bytes; }
 
     /// Takes back what `add` gave. `count` is that range's length in elements.
     void remove(std::uint32_t offset, std::uint32_t count);
@@ -29,14 +34,16 @@ public:
     std::uint32_t used() const { return used_; }
 
 private:
-    std::uint32_t take(std::uint32_t count);
-    void grow(std::uint32_t count);
+    std::optional<std::uint32_t> take(std::uint32_t count);
+    bool grow(std::uint32_t count);
+    unsigned makeBuffer(std::uint64_t bytes) const;
     void give(std::uint32_t offset, std::uint32_t count);
 
     std::uint32_t elementSize_;
     std::uint32_t capacity_ = 0;
     std::uint32_t used_ = 0;
     unsigned buffer_ = 0;
+    std::uint64_t limit_ = ~std::uint64_t(0);
     std::map<std::uint32_t, std::uint32_t> free_; ///< offset to length, neighbours joined
 };
 

@@ -144,8 +144,15 @@ Mesh MeshStore::addFaces(std::span<FaceVertex const> vertices, std::span<std::ui
     Mesh mesh;
     if (indices.empty()) return mesh;
     for (FaceVertex const& v : vertices) mesh.box_.add(v.position[0], v.position[1], v.position[2]);
-    mesh.range_.baseVertex = faceVertices_.add(std::as_bytes(vertices));
-    mesh.range_.firstIndex = faceIndices_.add(std::as_bytes(indices));
+    auto const baseVertex = faceVertices_.add(std::as_bytes(vertices));
+    auto const firstIndex = baseVertex ? faceIndices_.add(std::as_bytes(indices)) : std::nullopt;
+    if (!firstIndex) {
+        if (baseVertex) faceVertices_.remove(*baseVertex, std::uint32_t(vertices.size()));
+        outOfMemory_ = true;
+        return {};
+    }
+    mesh.range_.baseVertex = *baseVertex;
+    mesh.range_.firstIndex = *firstIndex;
     mesh.range_.indexCount = std::uint32_t(indices.size());
     mesh.vertexCount_ = std::uint32_t(vertices.size());
     return mesh;
@@ -153,9 +160,15 @@ Mesh MeshStore::addFaces(std::span<FaceVertex const> vertices, std::span<std::ui
 
 void MeshStore::addParameters(Mesh& mesh, std::span<VertexParameters const> parameters)
 {
+    if (parameters.empty() || mesh.empty()) return;
     assert(parameters.size() == mesh.vertexCount_ && mesh.parameterCount_ == 0);
-    if (parameters.empty()) return;
-    mesh.firstParameter_ = parameters_.add(std::as_bytes(parameters));
+    auto const first = parameters_.add(std::as_bytes(parameters));
+    if (!first) {
+        outOfMemory_ = true;
+        mesh = {};
+        return;
+    }
+    mesh.firstParameter_ = *first;
     mesh.parameterCount_ = std::uint32_t(parameters.size());
 }
 
@@ -183,12 +196,24 @@ Mesh MeshStore::addQuads(Primitive primitive, std::span<std::byte const> data, s
 {
     Mesh mesh;
     if (quads == 0) return mesh;
+    auto const baseVertex = vertices(primitive).add(data);
+    if (!baseVertex) {
+        outOfMemory_ = true;
+        return {};
+    }
     growQuads(quads);
     mesh.primitive_ = primitive;
     mesh.box_ = box;
-    mesh.range_ = {0, quads * 6, vertices(primitive).add(data)};
+    mesh.range_ = {0, quads * 6, *baseVertex};
     mesh.vertexCount_ = quads * 4;
     return mesh;
+}
+
+void MeshStore::limit(std::uint64_t bytes)
+{
+    for (Arena* arena : {&faceVertices_, &faceIndices_, &parameters_, &lineVertices_, &markerVertices_})
+        arena->limit(bytes);
+    outOfMemory_ = false;
 }
 
 void MeshStore::growQuads(std::uint32_t quads)

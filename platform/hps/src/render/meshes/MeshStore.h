@@ -77,12 +77,19 @@ class MeshStore
 public:
     static MeshStore& instance();
 
+    // A mesh for which the device has no memory is empty.
+
     /// `indices` count from the first of `vertices`, three a triangle.
     Mesh addFaces(std::span<FaceVertex const> vertices, std::span<std::uint32_t const> indices);
     /// One for each vertex of a mesh that has none so far.
     void addParameters(Mesh& mesh, std::span<VertexParameters const> parameters);
     Mesh addLines(std::span<LineSegment const> segments);
     Mesh addMarkers(std::span<MarkerVertex const> points);
+
+    /// There was a mesh for which the device had no memory.
+    bool outOfMemory() const { return outOfMemory_; }
+    /// Bytes that each buffer may have from now on; what is there stays.
+    void limit(std::uint64_t bytes);
 
     /// Makes the vertex array of a primitive current, with the instances read from `instanceBuffer`.
     void bind(Primitive primitive, unsigned instanceBuffer);
@@ -107,6 +114,7 @@ private:
     Arena parameters_{sizeof(VertexParameters)};
     Arena lineVertices_{sizeof(LineSegment)};
     Arena markerVertices_{sizeof(MarkerVertex)};
+    bool outOfMemory_ = false;
     unsigned quadIndices_ = 0; ///< 0 1 2 2 1 3, 4 5 6 6 5 7, ...
     unsigned axisIndices_ = 0; ///< 0 2, 4 6, ...: one vertex at each end
     std::uint32_t quadCapacity_ = 0;

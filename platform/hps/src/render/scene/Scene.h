@@ -2,6 +2,7 @@
 #include "Background.h"
 #include "Camera.h"
 #include "Effects.h"
+#include "HiddenLines.h"
 #include "Lights.h"
 #include "Quality.h"
 #include "Sections.h"
@@ -18,6 +19,8 @@ enum class FaceStyle : std::uint8_t {
     None
 };
 
+struct DrawList;
+
 /// All that a frame needs beside the draw list, by theme. A default theme is off.
 struct Scene {
     Camera camera;
@@ -27,6 +30,9 @@ struct Scene {
     Shadows shadows;
     Effects effects;
     Sections sections;
+    HiddenLines hiddenLines;
+    DrawList const* highlight = nullptr; ///< what is highlighted, in its look; null if nothing is. Not owned
+    double smallest = 0;                 ///< pixels below which a body is left out; for quality below Resting
     Quality quality = Quality::Resting;
     FaceStyle faceStyle = FaceStyle::Smooth;
 };

@@ -36,6 +36,7 @@ Viewing::Viewing(Camera const& wanted, int width, int height, Box const& bounds)
     double const unitsPerPixel = std::max(fieldWidth / width, fieldHeight / height);
     halfWidth = 0.5 * unitsPerPixel * width;
     halfHeight = 0.5 * unitsPerPixel * height;
+    scale = 1 / unitsPerPixel;
 
     double front = -1, rear = 1;
     if (!bounds.empty()) {
@@ -92,15 +93,32 @@ Vec3 Viewing::toView(Vec3 const& world) const
     return {dot(p, right), dot(p, up), dot(p, back)};
 }
 
-bool Viewing::sees(Box const& world) const
+Viewing::Sight Viewing::sight(Box const& world) const
 {
+    bool whole = true;
     for (Plane const& side : sides_) {
-        Vec3 const furthest = {side.normal.x > 0 ? world.high[0] : world.low[0],
-                               side.normal.y > 0 ? world.high[1] : world.low[1],
-                               side.normal.z > 0 ? world.high[2] : world.low[2]};
-        if (dot(side.normal, furthest) + side.offset < 0) return false;
+        Vec3 inner, outer;
+        auto put = [&](double Vec3::*c, std::size_t axis) {
+            bool const positive = side.normal.*c > 0;
+            inner.*c = positive ? world.high[axis] : world.low[axis];
+            outer.*c = positive ? world.low[axis] : world.high[axis];
+        };
+        put(&Vec3::x, 0);
+        put(&Vec3::y, 1);
+        put(&Vec3::z, 2);
+        if (dot(side.normal, inner) + side.offset < 0) return Sight::None;
+        whole = whole && dot(side.normal, outer) + side.offset >= 0;
     }
-    return true;
+    return whole ? Sight::Whole : Sight::Part;
+}
+
+double Viewing::pixelsPerUnit(Box const& world) const
+{
+    if (!perspective) return scale;
+    Vec3 const closest = {back.x > 0 ? world.high[0] : world.low[0],
+                          back.y > 0 ? world.high[1] : world.low[1],
+                          back.z > 0 ? world.high[2] : world.low[2]};
+    return scale * distance / std::max(distance - toView(closest).z, 1e-9 * distance);
 }
 
 } // namespace HPS::render

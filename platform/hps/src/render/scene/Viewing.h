@@ -18,12 +18,18 @@ struct Viewing {
     bool perspective;
     double halfWidth, halfHeight; ///< of what the window shows at the target
     double nearest, farthest;     ///< distances from the eye
+    double scale;                 ///< pixels that a unit of the world has at the target
     Mat4 projection;              ///< from view coordinates to clip coordinates
 
     Vec3 toView(Vec3 const& world) const;
 
-    /// False only for a box that certainly lies outside what the window shows.
-    bool sees(Box const& world) const;
+    enum class Sight { None, Part, Whole };
+    /// None only for a box that certainly lies outside what the window shows, Whole only for one inside.
+    Sight sight(Box const& world) const;
+    bool sees(Box const& world) const { return sight(world) != Sight::None; }
+
+    /// Pixels that a unit of the world has where `world` comes nearest to the eye.
+    double pixelsPerUnit(Box const& world) const;
 
 private:
     struct Plane {

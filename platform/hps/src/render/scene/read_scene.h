@@ -23,6 +23,7 @@ Background readBackground(SceneSources const& sources);
 Transparency readTransparency(SceneSources const& sources);
 Shadows readShadows(SceneSources const& sources);
 Effects readEffects(SceneSources const& sources);
+HiddenLines readHiddenLines(SceneSources const& sources);
 
 // Lights and sections are found among the geometry of segments, with what holds there.
 void readDistantLight(Lights& lights, DistantLightData const& light, scene::NetAttributes const& net);

@@ -1,0 +1,78 @@
+#include "WidgetPresenter.h"
+#include <QApplication>
+#include <QBackingStore>
+#include <QPainter>
+#include <QScreen>
+#include <QWidget>
+#include <QWindow>
+#include <cmath>
+
+namespace HPS
+{
+namespace
+{
+
+// Widgets are the library's only kind of window, so they are known from the start.
+[[maybe_unused]] bool const registered = (setPresenterMaker(makeWidgetPresenter), true);
+
+int inPixels(int size, QWidget const& widget)
+{
+    return int(std::lround(size * widget.devicePixelRatioF()));
+}
+
+} // namespace
+
+std::unique_ptr<Presenter> makeWidgetPresenter(WindowHandle window)
+{
+    if (qobject_cast<QApplication*>(QCoreApplication::instance()) == nullptr) return nullptr;
+    QWidget* const widget = QWidget::find(WId(window));
+    return widget != nullptr ? std::make_unique<WidgetPresenter>(widget) : nullptr;
+}
+
+WidgetPresenter::WidgetPresenter(QWidget* widget) : widget_(widget) {}
+
+WidgetPresenter::~WidgetPresenter() = default;
+
+bool WidgetPresenter::showSize(int& width, int& height) const
+{
+    if (widget_.isNull()) return false;
+    width = std::max(inPixels(widget_->width(), *widget_), 1);
+    height = std::max(inPixels(widget_->height(), *widget_), 1);
+    return true;
+}
+
+bool WidgetPresenter::showScreen(Screen& screen) const
+{
+    QScreen const* const on = widget_.isNull() ? nullptr : widget_->screen();
+    if (on == nullptr) return false;
+    QSize const pixels = on->size() * on->devicePixelRatio();
+    QSizeF const millimetres = on->physicalSize();
+    if (millimetres.isEmpty()) return false;
+    screen = {unsigned(pixels.width()), unsigned(pixels.height()), float(millimetres.width() / 10),
+              float(millimetres.height() / 10)};
+    return true;
+}
+
+void WidgetPresenter::present(Picture const& picture)
+{
+    QWindow* const window = widget_.isNull() ? nullptr : widget_->windowHandle();
+    if (window == nullptr || !window->isExposed()) return;
+    if (store_ == nullptr || window_ != window) {
+        store_ = std::make_unique<QBackingStore>(window);
+        window_ = window;
+    }
+    if (store_->size() != window->size()) store_->resize(window->size());
+    QRect const all(QPoint(), window->size());
+    store_->beginPaint(all);
+    QImage image(picture.pixels.data(), picture.width, picture.height, picture.width * 4,
+                 QImage::Format_RGBX8888);
+    image.setDevicePixelRatio(widget_->devicePixelRatioF());
+    QPainter painter(store_->paintDevice());
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.drawImage(QPoint(), image);
+    painter.end();
+    store_->endPaint();
+    store_->flush(all);
+}
+
+} // namespace HPS
