@@ -281,4 +281,58 @@ TEST(Surfaces, SpheresCylindersAndMeshes)
     expectNormalsOutside(flat, "mesh");
 }
 
+void expectOwnCoordinates(Facets const& facets, char const* what)
+{
+    ASSERT_EQ(facets.parameters.size(), 2 * facets.points.size()) << what;
+    for (float p : facets.parameters) {
+        EXPECT_GE(p, -1e-6f) << what;
+        EXPECT_LE(p, 1 + 1e-6f) << what;
+    }
+    // No triangle reaches over the place where the coordinates begin anew.
+    for (std::size_t t = 0; t + 2 < facets.triangles.size(); t += 3)
+        for (std::size_t i = 0; i < 3; ++i) {
+            std::uint32_t const a = facets.triangles[t + i], b = facets.triangles[t + (i + 1) % 3];
+            EXPECT_LT(std::abs(facets.parameters[2 * a] - facets.parameters[2 * b]), 0.6f) << what;
+        }
+}
+
+TEST(Facets, HaveCoordinatesOfTheirOwnAtEveryPoint)
+{
+    Facets const ball = tessellate(SphereData(), 12);
+    expectOwnCoordinates(ball, "sphere");
+    EXPECT_FLOAT_EQ(ball.parameters[1], 1) << "the north pole";
+    CylinderData cylinder;
+    cylinder.points = {{0, 0, 0}, {0, 0, 1}, {0, 0, 4}};
+    cylinder.radii = {1};
+    cylinder.caps = Cylinder::Capping::Both;
+    Facets const pipe = tessellate(cylinder, 12);
+    expectOwnCoordinates(pipe, "cylinder");
+    EXPECT_FLOAT_EQ(pipe.parameters[2 * 13 + 1], 0.25f) << "the second ring, a quarter along the chain";
+    MeshData mesh;
+    mesh.rows = 2;
+    mesh.columns = 3;
+    mesh.points = {{0, 0, 0}, {1, 0, 0}, {5, 0, 0}, {0, 1, 0}, {1, 1, 0}, {5, 1, 0}};
+    Facets const sheet = tessellate(mesh);
+    expectOwnCoordinates(sheet, "mesh");
+    EXPECT_EQ(sheet.parameters, (std::vector<float>{0, 0, 0.5f, 0, 1, 0, 0, 1, 0.5f, 1, 1, 1}));
+    NURBSSurfaceData surface;
+    surface.uDegree = surface.vDegree = 1;
+    surface.uCount = surface.vCount = 2;
+    surface.points = {{0, 0, 0}, {0, 8, 0}, {4, 0, 0}, {4, 8, 0}};
+    surface.uKnots = {0, 0, 2, 2};
+    surface.vKnots = {-1, -1, 3, 3};
+    TrimKit hole;
+    hole.SetPoints({{0.5f, 0, 0}, {1.5f, 0, 0}, {1, 2, 0}}).SetOperation(Trim::Operation::Remove);
+    for (bool trimmed : {false, true}) {
+        surface.trims.clear();
+        if (trimmed) surface.trims.push_back(hole);
+        Facets const patch = tessellate(surface, SurfaceLimits());
+        ASSERT_EQ(patch.parameters.size(), 2 * patch.points.size());
+        for (std::size_t i = 0; i < patch.points.size(); ++i) {
+            EXPECT_NEAR(patch.parameters[2 * i], patch.points[i].x / 4, 1e-5);
+            EXPECT_NEAR(patch.parameters[2 * i + 1], patch.points[i].y / 8, 1e-5);
+        }
+    }
+}
+
 } // namespace

@@ -301,12 +301,17 @@ Facets tessellate(NURBSSurfaceData const& surface, SurfaceLimits const& limits)
         thin(us, std::max<std::size_t>(1, most / (vs.size() - 1)));
         thin(vs, most / (us.size() - 1));
     }
+    auto const share = [](double at, std::vector<double> const& range) {
+        double const all = range.back() - range.front();
+        return all > 0 ? float((at - range.front()) / all) : 0.0f;
+    };
     Facets facets;
     for (double const u : us)
         for (double const v : vs) {
             auto const place = evaluate(surface, u, v);
             facets.points.push_back(place.point);
             facets.normals.push_back(place.normal);
+            facets.parameters.insert(facets.parameters.end(), {share(u, us), share(v, vs)});
         }
     // Fewer facets hold more of an outline each.
     constexpr std::size_t few = 200;

@@ -51,6 +51,20 @@ Vector directionAt(std::vector<Point> const& points, std::size_t i)
     return both == Vector() ? (after == Vector() ? Vector(0, 0, 1) : after) : both;
 }
 
+// How far along a chain each of its points lies, from 0 to 1.
+std::vector<float> sharesOfLength(std::vector<Point> const& points)
+{
+    std::vector<double> lengths(points.size(), 0);
+    for (std::size_t i = 1; i < points.size(); ++i) {
+        Vector const step = points[i] - points[i - 1];
+        lengths[i] = lengths[i - 1] + std::hypot(double(step.x), double(step.y), double(step.z));
+    }
+    double const all = lengths.empty() || !(lengths.back() > 0) ? 1 : lengths.back();
+    std::vector<float> shares;
+    for (double const length : lengths) shares.push_back(float(length / all));
+    return shares;
+}
+
 float radiusAt(CylinderData const& cylinder, std::size_t i)
 {
     return cylinder.radii.size() == 1 ? cylinder.radii[0] : cylinder.radii[i];
@@ -75,6 +89,8 @@ Facets tessellate(SphereData const& sphere, unsigned around)
             Vector const normal = sum(scaled(pole, std::cos(polar)), scaled(flat, std::sin(polar)));
             facets.normals.push_back(normal);
             facets.points.push_back(sphere.center + scaled(normal, sphere.radius));
+            facets.parameters.insert(facets.parameters.end(),
+                                     {float(column) / float(around), 1 - float(row) / float(down)});
         }
     }
     auto const width = std::size_t(around) + 1;
@@ -104,6 +120,7 @@ Facets tessellate(CylinderData const& cylinder, unsigned around)
     auto const width = std::size_t(around) + 1;
     Facets facets;
     Vector across = squareTo(directionAt(points, 0));
+    std::vector<float> const along = sharesOfLength(points);
     auto const addRing = [&](std::size_t i, Vector const& axis, std::optional<Vector> const& normal) {
         Vector const side = cross(axis, across);
         for (unsigned column = 0; column <= around; ++column) {
@@ -111,6 +128,12 @@ Facets tessellate(CylinderData const& cylinder, unsigned around)
             Vector const out = sum(scaled(across, std::cos(turn)), scaled(side, std::sin(turn)));
             facets.points.push_back(points[i] + scaled(out, radiusAt(cylinder, i)));
             facets.normals.push_back(normal.value_or(out));
+            // A cap shows the disc of a texture, the wall its whole.
+            if (normal)
+                facets.parameters.insert(facets.parameters.end(), {0.5f + 0.5f * float(std::cos(turn)),
+                                                                   0.5f + 0.5f * float(std::sin(turn))});
+            else
+                facets.parameters.insert(facets.parameters.end(), {float(column) / float(around), along[i]});
         }
     };
     for (std::size_t i = 0; i < points.size(); ++i) {
@@ -132,6 +155,7 @@ Facets tessellate(CylinderData const& cylinder, unsigned around)
         auto const center = facets.points.size();
         facets.points.push_back(points[i]);
         facets.normals.push_back(normal);
+        facets.parameters.insert(facets.parameters.end(), {0.5f, 0.5f});
         addRing(i, axis, normal);
         for (std::size_t column = 1; column <= around; ++column) {
             auto const a = unsigned(center + column), b = a + 1;
@@ -166,6 +190,13 @@ Facets tessellate(MeshData const& mesh)
     Facets facets;
     facets.points = mesh.points;
     facets.normals.resize(mesh.points.size());
+    for (std::size_t i = 0; i < mesh.points.size(); ++i) {
+        auto const share = [](std::size_t at, std::size_t count) {
+            return count > 1 ? float(at) / float(count - 1) : 0;
+        };
+        facets.parameters.insert(facets.parameters.end(),
+                                 {share(i % mesh.columns, mesh.columns), share(i / mesh.columns, mesh.rows)});
+    }
     for (std::size_t row = 0; row + 1 < mesh.rows; ++row)
         for (std::size_t column = 0; column + 1 < mesh.columns; ++column) {
             auto const a = row * mesh.columns + column, d = a + mesh.columns;

@@ -12,6 +12,10 @@ namespace HPS::scene
 struct Facets {
     std::vector<Point> points;
     std::vector<Vector> normals; // as many as points
+    // The surface's own coordinates at each point, two numbers from 0 to 1, or none. Around a sphere and
+    // along its meridian from south to north; around a cylinder and along its chain; along the columns and
+    // rows of a mesh; along u and v of a NURBS surface.
+    std::vector<float> parameters;
     std::vector<std::uint32_t> triangles;
 };
 

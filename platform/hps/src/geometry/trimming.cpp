@@ -160,15 +160,20 @@ void Trimmer::emit(Facet const& facet, Corner const& a, Corner const& b, Corner 
             continue;
         }
         double p[3]{}, n[3]{};
+        float uv[2]{};
+        std::vector<float>& parameters = facet.facets.parameters;
         for (std::size_t i = 0; i < 3; ++i) {
             Point const& point = facet.facets.points[facet.corners[i]];
             Vector const& normal = facet.facets.normals[facet.corners[i]];
             double const w = corner->weights[i];
             p[0] += w * point.x, p[1] += w * point.y, p[2] += w * point.z;
+            for (std::size_t k = 0; k < 2 && !parameters.empty(); ++k)
+                uv[k] += float(w) * parameters[2 * facet.corners[i] + k];
             n[0] += w * normal.x, n[1] += w * normal.y, n[2] += w * normal.z;
         }
         double const length = std::max(std::hypot(n[0], n[1], n[2]), 1e-30);
         facet.facets.triangles.push_back(static_cast<std::uint32_t>(facet.facets.points.size()));
+        if (!parameters.empty()) parameters.insert(parameters.end(), {uv[0], uv[1]});
         facet.facets.points.push_back({float(p[0]), float(p[1]), float(p[2])});
         facet.facets.normals.push_back({float(n[0] / length), float(n[1] / length), float(n[2] / length)});
     }

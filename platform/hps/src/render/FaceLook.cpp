@@ -1,6 +1,7 @@
 #include "FaceLook.h"
 #include "merge.h"
 #include <algorithm>
+#include <cassert>
 #include <hps/ColorInterpolationKit.h>
 #include <hps/LightingAttributeKit.h>
 #include <limits>
@@ -63,12 +64,10 @@ FaceLook::FaceLook(MaterialMappingData const& mapping, scene::NetState const& pl
 }
 
 FaceLooks::FaceLooks(scene::NetStatePointer place)
-    : place_(std::move(place)),
-      common_(place_->get<MaterialMappingData>(), *place_),
-      palette_(place_->palette())
+    : place_(place), common_(place->get<MaterialMappingData>(), *place), palette_(place->palette())
 {
-    if (blendsColours(*place_)) indexRule_ |= BlendColours;
-    if (blendsIndices(*place_)) indexRule_ |= BlendIndices;
+    if (blendsColours(*place)) indexRule_ |= BlendColours;
+    if (blendsIndices(*place)) indexRule_ |= BlendIndices;
     if (palette_)
         paletteTranslucent_ =
             std::any_of(palette_->begin(), palette_->end(), [](MaterialKit const& material) {
@@ -87,13 +86,15 @@ FaceLook const& FaceLooks::of(FaceGroup const& group)
     float const none = std::numeric_limits<float>::lowest();
     auto const [found, isNew] = own_.try_emplace({group.mapping, group.paletteIndex.value_or(none)});
     if (!isNew) return found->second;
-    MaterialMappingData mapping = place_->get<MaterialMappingData>();
+    scene::NetStatePointer const place = place_.lock();
+    assert(place != nullptr && "FaceLooks::of: the place is gone");
+    MaterialMappingData mapping = place->get<MaterialMappingData>();
     if (group.mapping) scene::merge(mapping, group.mapping->materialMapping);
     if (group.paletteIndex && palette_) {
         detail::setComplexIndex(mapping.frontFace, *group.paletteIndex);
         detail::setComplexIndex(mapping.backFace, *group.paletteIndex);
     }
-    found->second = FaceLook(mapping, *place_);
+    found->second = FaceLook(mapping, *place);
     return found->second;
 }
 

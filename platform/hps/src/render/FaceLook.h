@@ -49,7 +49,7 @@ public:
     bool textured(MeshCache::Drawable const& drawable);
 
 private:
-    scene::NetStatePointer place_;
+    std::weak_ptr<scene::NetState const> place_; ///< whoever asks keeps it; not to be counted as a user
     FaceLook common_;
     std::map<std::pair<std::shared_ptr<PolyhedronExtras const>, float>, FaceLook> own_;
     scene::Palette palette_;
