@@ -9,15 +9,17 @@
 #include "ListBuffers.h"
 #include "SceneCompiler.h"
 #include "SceneDefaults.h"
-#include "Stopwatch.h"
 #include "VisibleRecords.h"
 #include "bindings.h"
 #include "frame_block.h"
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <epoxy/gl.h>
+#include <filesystem>
 #include <fstream>
+#include <hps/HighlightControl.h>
 #include <memory>
 #include <numbers>
 #include <unistd.h>
@@ -26,9 +28,21 @@ namespace
 {
 
 using namespace HPS;
-using render::Stopwatch;
 
 constexpr int Width = 1280, Height = 720, Frames = 24;
+
+/// Runs from its making on.
+class Watch
+{
+public:
+    double milliseconds() const
+    {
+        return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start_).count();
+    }
+
+private:
+    std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+};
 
 /// Bytes of memory that the process has in use.
 std::size_t residentBytes()
@@ -89,7 +103,7 @@ struct Times {
     }
 };
 
-void turn(View const& view, int step)
+void turn(View& view, int step)
 {
     CameraKit camera;
     view.GetSegmentKey().ShowCamera(camera);
@@ -154,7 +168,7 @@ void measure(Model const& model)
     view.AttachModel(model);
     view.FitWorld();
     std::size_t const before = residentBytes();
-    Stopwatch first;
+    Watch first;
     if (!canvas.Update()) {
         UTF8 cause;
         canvas.ShowFailure(cause);
@@ -173,7 +187,7 @@ void measure(Model const& model)
     Times frames, compile;
     for (int i = 0; i < Frames; ++i) {
         turn(view, i);
-        Stopwatch one;
+        Watch one;
         canvas.Update();
         frames.all.push_back(one.milliseconds());
         canvas.ShowUpdateReport(report);
@@ -195,12 +209,12 @@ void measure(Model const& model)
     for (int i = 0; i < Frames; ++i) {
         turn(view, i);
         compiler.update(keys, false);
-        Stopwatch one;
+        Watch one;
         floor.draw(target, scene);
         least.all.push_back(one.milliseconds());
         render::FrameCounts counts;
         render::Viewing const viewing(scene.camera, Width, Height, compiler.list().bounds);
-        Stopwatch cpu;
+        Watch cpu;
         visible.choose({target, compiler.list(), scene, viewing, true, 0, counts});
         render::CallList calls;
         for (render::RecordRun const& run : visible.opaque())
@@ -220,14 +234,14 @@ void measure(Model const& model)
         for (int i = 0; i < Frames; ++i) {
             children[std::size_t(i) % children.size()].GetMaterialMappingControl().SetFaceColor(
                 RGBAColor(0.04f * float(i), 0, 0));
-            Stopwatch one;
+            Watch one;
             compiler.update(keys, false);
             colour.all.push_back(one.milliseconds());
         }
         std::printf("list after a colour    %9.3f ms\n", colour.median());
         canvas.GetWindowKey().GetHighlightControl().Highlight(children.front(),
                                                               HighlightOptionsKit::GetDefault());
-        Stopwatch one;
+        Watch one;
         compiler.update(keys, false);
         std::printf("list after a highlight %9.3f ms\n", one.milliseconds());
     }
