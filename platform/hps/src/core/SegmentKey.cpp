@@ -10,7 +10,7 @@ using namespace scene;
 namespace
 {
 
-template <class K> bool showKeys(std::span<SlotIndex const> slots, std::vector<K>& keys)
+template <class K> bool showKeys(SlotList const& slots, std::vector<K>& keys)
 {
     keys.clear();
     keys.reserve(slots.size());
@@ -91,10 +91,7 @@ SegmentKey& SegmentKey::SetModellingMatrix(MatrixKit const& matrix)
     if (!matrix.IsFinite()) return raiseError("Modelling matrix refused: an element is no number"), *this;
     auto const before = segment->matrix ? *segment->matrix : MatrixKit();
     if (segment->matrix && before == matrix) return *this;
-    if (segment->matrix)
-        *segment->matrix = matrix;
-    else
-        segment->matrix = std::make_unique<MatrixKit>(matrix);
+    segment->matrix = matrix;
     moveBounds(*segment, before);
     noteChange(*segment, Change::Matrix);
     return *this;
@@ -104,8 +101,9 @@ SegmentKey& SegmentKey::UnsetModellingMatrix()
 {
     auto* const segment = store().resolve<SegmentRecord>(*this);
     if (!segment || !segment->matrix) return *this;
-    auto const before = std::exchange(segment->matrix, nullptr);
-    moveBounds(*segment, *before);
+    auto const before = *segment->matrix;
+    segment->matrix.reset();
+    moveBounds(*segment, before);
     noteChange(*segment, Change::Matrix);
     return *this;
 }
@@ -123,7 +121,7 @@ SegmentKey& SegmentKey::SetTextureMatrix(MatrixKit const& matrix)
     auto* const segment = store().resolve<SegmentRecord>(*this);
     if (!segment) return *this;
     if (!matrix.IsFinite()) return raiseError("Texture matrix refused: an element is no number"), *this;
-    segment->rare().textureMatrix = std::make_unique<MatrixKit>(matrix);
+    segment->rare().textureMatrix = matrix;
     noteChange(*segment, Change::Attributes);
     return *this;
 }

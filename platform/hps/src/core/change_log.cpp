@@ -49,10 +49,10 @@ void ChangeLog::mark(SlotIndex slot, Change changes)
         return;
     }
     if (marks_.size() == limit) {
-        for (auto* cursor : cursors_) cursor->lost_ = true;
-        first_ = end();
-        marks_.clear();
-        return;
+        // Who has not read the older half starts afresh; who keeps up does not notice.
+        first_ += limit / 2;
+        marks_.erase(marks_.begin(), marks_.begin() + limit / 2);
+        for (auto* cursor : cursors_) cursor->lost_ = cursor->lost_ || cursor->position_ < first_;
     }
     last_[slot] = static_cast<std::uint32_t>(end());
     marks_.push_back({slot, changes});

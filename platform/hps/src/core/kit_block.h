@@ -20,6 +20,7 @@ constexpr std::size_t inheritedKitCount = static_cast<std::size_t>(KitKind::Inhe
 // The values of one kit. Shared and never changed: an edit puts a new block in place of the old one.
 struct KitBlock {
     KitKind kind;
+    bool isShared = false; // the only block of its values that is shared: see sharedKit
 };
 using KitPointer = std::shared_ptr<KitBlock const>;
 

@@ -16,7 +16,8 @@ struct Record {
 
 // A record that a segment may own.
 struct OwnedRecord : Record {
-    SlotIndex owner = 0; // a segment; 0 for a root
+    SlotIndex owner = 0;       // a segment; 0 for a root
+    SlotList::Place place = 0; // in the owner's list of its kind, or among the roots; styles have none
 };
 
 struct GeometryRecord : OwnedRecord {
@@ -32,6 +33,7 @@ struct GeometryRecord : OwnedRecord {
 struct IncludeRecord : OwnedRecord {
     static constexpr HPS::Type family = HPS::Type::IncludeKey;
     SlotIndex target = 0;
+    SlotList::Place placeInTarget = 0; // among its includers
 };
 
 using ConditionId = std::uint32_t; // names are interned by the store; 0 is no condition

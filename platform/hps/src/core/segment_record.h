@@ -1,11 +1,13 @@
 #pragma once
-#include "kit_block.h"
+#include "kit_set.h"
 #include "name_index.h"
-#include "record.h"
+#include "pool.h"
+#include "short_text.h"
 #include <hps/Cuboid.h>
 #include <hps/EventDispatcher.h>
 #include <hps/MatrixKit.h>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace HPS::scene
@@ -14,10 +16,10 @@ namespace HPS::scene
 // What few segments have.
 struct SegmentExtras {
     std::vector<ConditionId> conditions; // set on the segment, sorted
-    SlotList styles;                     // StyleRecords, in the order they were pushed
+    std::vector<SlotIndex> styles;       // StyleRecords, in the order they were pushed
     std::vector<KeyIndex> portfolios;    // pushed, the last one on top; some may be gone
     std::string materialPalette;
-    std::unique_ptr<MatrixKit> textureMatrix; // null: none
+    Pooled<MatrixKit> textureMatrix;
     std::optional<int> priority;
     NameIndex childrenByName; // empty until there are more than a few
 };
@@ -30,13 +32,13 @@ struct SegmentRecord : OwnedRecord {
     std::uint32_t attributeStamp : 30 = 0; // new at every write of what the fold reads
     std::uint32_t boundsKnown : 1 = false;
     std::uint32_t isStyleSource : 1 = false; // its attributes are used by styles somewhere
-    std::string name;
-    SlotList children;                 // SegmentRecords
-    SlotList includes;                 // IncludeRecords owned here
-    SlotList includers;                // IncludeRecords elsewhere whose target this is
-    SlotList geometry;                 // GeometryRecords
-    std::vector<KitPointer> kits;      // sorted by kind
-    std::unique_ptr<MatrixKit> matrix; // null: identity
+    Pooled<MatrixKit> matrix;                // none: identity
+    ShortText name;
+    SlotList children;  // SegmentRecords
+    SlotList includes;  // IncludeRecords owned here
+    SlotList includers; // IncludeRecords elsewhere whose target this is
+    SlotList geometry;  // GeometryRecords
+    KitSet kits;
     std::unique_ptr<SegmentExtras> extras;
     std::unique_ptr<UserData> userData;
 
@@ -47,13 +49,8 @@ struct SegmentRecord : OwnedRecord {
     SegmentRecord();
     ~SegmentRecord();
 
-    KitBlock const* kit(KitKind kind) const
-    {
-        for (auto const& block : kits)
-            if (block->kind == kind) return block.get();
-        return nullptr;
-    }
-    void setKit(KitKind kind, KitPointer block); // null takes it away
+    KitBlock const* kit(KitKind kind) const { return kits.find(kind); }
+    void setKit(KitKind kind, KitPointer block) { kits.set(kind, std::move(block)); }
     SegmentExtras& rare()
     {
         if (!extras) extras = std::make_unique<SegmentExtras>();

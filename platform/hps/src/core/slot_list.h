@@ -1,7 +1,8 @@
 #pragma once
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <span>
+#include <iterator>
 #include <utility>
 
 namespace HPS::scene
@@ -9,58 +10,115 @@ namespace HPS::scene
 
 using SlotIndex = std::uint32_t; // 0 stands for nothing
 
-// A list of slots in 16 bytes; up to two of them need no memory of their own. Order is kept.
+// A list of slots in 8 bytes; one of them needs no memory of its own. Order is kept. What is taken out leaves
+// a gap, which no reader sees, until half of the list are gaps: so taking out costs the same wherever it
+// happens.
 class SlotList
 {
 public:
+    // Where a slot stands, for taking it out. It changes only when the list closes its gaps.
+    using Place = std::uint32_t;
+
+    class Iterator
+    {
+    public:
+        using iterator_category = std::bidirectional_iterator_tag;
+        using value_type = SlotIndex;
+        using difference_type = std::ptrdiff_t;
+        using pointer = SlotIndex const*;
+        using reference = SlotIndex const&;
+
+        Iterator() = default;
+        Iterator(SlotIndex const* at, SlotIndex const* end) : at_(at), end_(end) { skipGaps(); }
+        reference operator*() const { return *at_; }
+        Iterator& operator++()
+        {
+            ++at_;
+            skipGaps();
+            return *this;
+        }
+        Iterator& operator--()
+        {
+            do --at_;
+            while (*at_ == 0);
+            return *this;
+        }
+        Iterator operator++(int) { return std::exchange(*this, std::next(*this)); }
+        Iterator operator--(int) { return std::exchange(*this, std::prev(*this)); }
+        friend bool operator==(Iterator const& a, Iterator const& b) { return a.at_ == b.at_; }
+
+    private:
+        void skipGaps()
+        {
+            while (at_ != end_ && *at_ == 0) ++at_;
+        }
+        SlotIndex const* at_ = nullptr;
+        SlotIndex const* end_ = nullptr;
+    };
+
     SlotList() = default;
     SlotList(SlotList const&) = delete;
     SlotList& operator=(SlotList const&) = delete;
-    SlotList(SlotList&& other) noexcept { swap(other); }
+    SlotList(SlotList&& other) noexcept { std::swap(words_, other.words_); }
     SlotList& operator=(SlotList&& other) noexcept
     {
-        swap(other);
+        std::swap(words_, other.words_);
         return *this;
     }
-    ~SlotList()
+    ~SlotList();
+
+    Iterator begin() const { return {first(), last()}; }
+    Iterator end() const { return {last(), last()}; }
+    std::size_t size() const
     {
-        if (capacity_ > inlineCapacity) delete[] heap_;
+        auto const* const b = block();
+        return b ? b->end - b->gaps : words_[0];
     }
+    bool empty() const { return size() == 0; }
+    SlotIndex back() const { return *(last() - 1); } // the last one is never a gap
 
-    SlotIndex const* begin() const { return data(); }
-    SlotIndex const* end() const { return data() + size_; }
-    std::size_t size() const { return size_; }
-    bool empty() const { return size_ == 0; }
-    SlotIndex operator[](std::size_t i) const { return data()[i]; }
-    SlotIndex back() const { return data()[size_ - 1]; }
-    operator std::span<SlotIndex const>() const { return {data(), size_}; }
-
-    void push_back(SlotIndex slot);
-    void pop_back() { --size_; }
-    // Searches from the end, where what is removed usually stands. False if it is not there.
-    bool remove(SlotIndex slot);
+    // The caller keeps the place if the slot is to be taken out one day.
+    [[nodiscard]] Place push_back(SlotIndex slot);
+    // Nothing happens if the slot does not stand there. placeOf(slot) gives the place that the caller keeps
+    // for a slot of the list, as a reference.
+    template <class PlaceOf> void remove(SlotIndex slot, Place place, PlaceOf&& placeOf)
+    {
+        if (!leaveGap(slot, place)) return;
+        SlotList closed;
+        for (auto const kept : *this) placeOf(kept) = closed.push_back(kept);
+        *this = std::move(closed);
+    }
 
 private:
-    static constexpr std::uint32_t inlineCapacity = 2;
-    SlotIndex const* data() const { return capacity_ > inlineCapacity ? heap_ : inline_; }
-    SlotIndex* data() { return capacity_ > inlineCapacity ? heap_ : inline_; }
-    void swap(SlotList& other) noexcept
-    {
-        std::swap(size_, other.size_);
-        std::swap(capacity_, other.capacity_);
-        std::uint64_t mine = 0;
-        std::memcpy(&mine, inline_, sizeof mine);
-        std::memcpy(inline_, other.inline_, sizeof mine);
-        std::memcpy(other.inline_, &mine, sizeof mine);
-    }
-
-    std::uint32_t size_ = 0;
-    std::uint32_t capacity_ = inlineCapacity;
-    union {
-        SlotIndex inline_[inlineCapacity]{};
-        SlotIndex* heap_;
+    struct Block {
+        std::uint32_t end;
+        std::uint32_t gaps; // among those before `end`
+        std::uint32_t capacity;
+        SlotIndex slots[1]; // and on
     };
-    static_assert(sizeof(SlotIndex*) == sizeof(std::uint64_t));
+
+    // Either {0, 0}: nothing; {1, slot}: one slot; or the address of a block, whose lowest bit, and so that
+    // of the first word, is 0.
+    alignas(Block*) std::uint32_t words_[2]{};
+    static_assert(sizeof(Block*) == sizeof words_);
+
+    Block* block() const
+    {
+        Block* address = nullptr;
+        if ((words_[0] & 1) == 0) std::memcpy(&address, words_, sizeof address);
+        return address;
+    }
+    SlotIndex const* first() const
+    {
+        auto const* const b = block();
+        return b ? b->slots : words_ + 1;
+    }
+    SlotIndex const* last() const
+    {
+        auto const* const b = block();
+        return b ? b->slots + b->end : words_ + 1 + words_[0];
+    }
+    bool leaveGap(SlotIndex slot, Place place); // true if it is time to close the gaps
 };
 
 } // namespace HPS::scene

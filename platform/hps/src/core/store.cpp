@@ -10,22 +10,29 @@ GeometryRecord::~GeometryRecord() = default;
 SegmentRecord::SegmentRecord() = default;
 SegmentRecord::~SegmentRecord() = default;
 
-void SegmentRecord::setKit(KitKind kind, KitPointer block)
+void KitSet::set(KitKind kind, KitPointer block)
 {
-    auto const place = std::lower_bound(kits.begin(), kits.end(), kind,
+    if (!kits_) {
+        if (block) kits_ = std::make_unique<std::vector<KitPointer>>(1, std::move(block));
+        return;
+    }
+    auto const place = std::lower_bound(kits_->begin(), kits_->end(), kind,
                                         [](auto const& kit, KitKind k) { return kit->kind < k; });
-    bool const found = place != kits.end() && (*place)->kind == kind;
+    bool const found = place != kits_->end() && (*place)->kind == kind;
     if (found && block)
         *place = std::move(block);
     else if (found)
-        kits.erase(place);
+        kits_->erase(place);
     else if (block)
-        kits.insert(place, std::move(block));
+        kits_->insert(place, std::move(block));
+    if (kits_->empty()) kits_.reset();
 }
 
 Store::Store()
 {
-    slots_.emplace_back(); // slot 0 is what empty handles name
+    // Slot 0 is what empty handles name.
+    records_.push_back(nullptr);
+    generations_.push_back(1);
     conditionNames_.push_back(&conditions_.emplace(std::string(), 0).first->first);
 }
 
@@ -38,24 +45,24 @@ Store& Store::instance()
 void Store::enter(Record& record)
 {
     if (freeSlots_.empty()) {
-        record.slot = static_cast<SlotIndex>(slots_.size());
-        slots_.emplace_back();
+        record.slot = static_cast<SlotIndex>(records_.size());
+        records_.push_back(nullptr);
+        generations_.push_back(1);
     } else {
         record.slot = freeSlots_.back();
         freeSlots_.pop_back();
     }
-    slots_[record.slot].record = &record;
+    records_[record.slot] = &record;
 }
 
 void Store::release(Record& record)
 {
-    auto& slot = slots_[record.slot];
     changes.mark(record.slot, Change::Removed);
     filters.erase(record.slot);
-    slot.record = nullptr;
+    records_[record.slot] = nullptr;
     // A slot whose generations are used up stays empty for good.
-    if (++slot.generation != 0) freeSlots_.push_back(record.slot);
-    pools_.at(record.type)->release(&record);
+    if (++generations_[record.slot] != 0) freeSlots_.push_back(record.slot);
+    pools_.at(record.type)->release(record);
 }
 
 ConditionId Store::conditionId(std::string const& name)

@@ -18,36 +18,28 @@ public:
     static Store& instance();
 
     // The record of a handle, or null if it is stale, empty or of another type.
-    template <class R> R* resolve(KeyIndex index) const
-    {
-        if (index.slot >= slots_.size() || slots_[index.slot].generation != index.generation) return nullptr;
-        return at<R>(index.slot);
-    }
+    template <class R> R* resolve(KeyIndex index) const { return holds(index) ? at<R>(index.slot) : nullptr; }
     template <class R> R* resolve(Key const& key) const { return resolve<R>(key.Index()); }
-    Record* resolve(KeyIndex index) const
-    {
-        if (index.slot >= slots_.size() || slots_[index.slot].generation != index.generation) return nullptr;
-        return slots_[index.slot].record;
-    }
+    Record* resolve(KeyIndex index) const { return holds(index) ? records_[index.slot] : nullptr; }
 
     // The record in a slot, or null if the slot is free or holds another type.
     template <class R> R* at(SlotIndex slot) const
     {
-        Record* const record = slot < slots_.size() ? slots_[slot].record : nullptr;
+        Record* const record = slot < records_.size() ? records_[slot] : nullptr;
         return record && isOfType(record->type, R::family) ? static_cast<R*>(record) : nullptr;
     }
-    KeyIndex indexOf(Record const& record) const { return {record.slot, slots_[record.slot].generation}; }
-    KeyIndex indexOf(SlotIndex slot) const { return {slot, slots_[slot].generation}; }
-    std::size_t slotCount() const { return slots_.size(); }
+    KeyIndex indexOf(Record const& record) const { return indexOf(record.slot); }
+    KeyIndex indexOf(SlotIndex slot) const { return {slot, generations_[slot]}; }
+    std::size_t slotCount() const { return records_.size(); }
 
     template <class R> R& create(HPS::Type type)
     {
         auto& pool = pools_[type];
-        if (!pool) pool = std::make_unique<Pool<R>>();
-        R* const record = static_cast<Pool<R>&>(*pool).acquire();
-        record->type = type;
-        enter(*record);
-        return *record;
+        if (!pool) pool = std::make_unique<RecordPool<R>>();
+        R& record = static_cast<RecordPool<R>&>(*pool).acquire();
+        record.type = type;
+        enter(record);
+        return record;
     }
     // Frees the slot and the record and nothing else: what points at it must be gone.
     void release(Record& record);
@@ -75,13 +67,16 @@ private:
     Store();
     void enter(Record& record);
 
-    struct Slot {
-        Record* record = nullptr;
-        std::uint32_t generation = 1;
-    };
-    std::vector<Slot> slots_;
+    bool holds(KeyIndex index) const
+    {
+        return index.slot < generations_.size() && generations_[index.slot] == index.generation;
+    }
+
+    // By slot. Apart from each other, which saves the padding.
+    std::vector<Record*> records_; // null for a free slot
+    std::vector<std::uint32_t> generations_;
     std::vector<SlotIndex> freeSlots_;
-    std::map<HPS::Type, std::unique_ptr<PoolBase>> pools_;
+    std::map<HPS::Type, std::unique_ptr<RecordPoolBase>> pools_;
     std::map<std::string, ConditionId> conditions_;
     std::vector<std::string const*> conditionNames_;
     std::uint32_t stamp_ = 0;

@@ -22,6 +22,60 @@ std::string_view nameOf(SlotIndex segment)
     return store().at<SegmentRecord>(segment)->name;
 }
 
+void append(SlotList& list, OwnedRecord& record)
+{
+    record.place = list.push_back(record.slot);
+}
+
+// `place` is where the records of the list keep the place that they have in it.
+template <class R> void takeOut(SlotList& list, R const& record, SlotList::Place R::*place = &R::place)
+{
+    list.remove(record.slot, record.*place,
+                [&](SlotIndex slot) -> SlotList::Place& { return store().at<R>(slot)->*place; });
+}
+
+void takeOutOfTarget(IncludeRecord const& include)
+{
+    if (auto* const target = store().at<SegmentRecord>(include.target))
+        takeOut(target->includers, include, &IncludeRecord::placeInTarget);
+}
+
+void forEachBelow(SegmentRecord const& segment, auto&& f)
+{
+    for (auto const slot : segment.children) f(*store().at<SegmentRecord>(slot));
+    for (auto const slot : segment.includes)
+        f(*store().at<SegmentRecord>(store().at<IncludeRecord>(slot)->target));
+}
+
+// One of two searches of the segments' graph that look for each other's start: up from a segment, or down
+// from one.
+class Search
+{
+public:
+    Search(SegmentRecord const& from, SegmentRecord const& wanted) : open_{&from}, wanted_(wanted) {}
+    bool found() const { return found_; }
+    bool done() const { return found_ || open_.empty(); }
+    SegmentRecord const& next() const { return *open_.back(); }
+    std::size_t work() const { return work_; } // links followed
+    void step(auto&& forEachNext)
+    {
+        auto const& current = *open_.back();
+        open_.pop_back();
+        forEachNext(current, [&](SegmentRecord const& reached) {
+            ++work_;
+            found_ = found_ || &reached == &wanted_;
+            if (seen_.insert(reached.slot).second) open_.push_back(&reached);
+        });
+    }
+
+private:
+    std::vector<SegmentRecord const*> open_;
+    std::unordered_set<SlotIndex> seen_;
+    SegmentRecord const& wanted_;
+    std::size_t work_ = 0;
+    bool found_ = false;
+};
+
 void indexName(SegmentRecord& owner, SegmentRecord const& child)
 {
     if (child.name.empty()) return;
@@ -42,20 +96,19 @@ void detach(SegmentRecord& segment)
 {
     if (auto* const owner = store().at<SegmentRecord>(segment.owner)) {
         unindexName(*owner, segment);
-        owner->children.remove(segment.slot);
+        takeOut(owner->children, segment);
         invalidateBounds(*owner);
         noteChange(*owner, Change::Structure);
     } else {
-        store().roots.remove(segment.slot);
+        takeOut(store().roots, segment);
     }
 }
 
 void removeInclude(IncludeRecord& include)
 {
-    if (auto* const target = store().at<SegmentRecord>(include.target))
-        target->includers.remove(include.slot);
+    takeOutOfTarget(include);
     if (auto* const owner = store().at<SegmentRecord>(include.owner)) {
-        owner->includes.remove(include.slot);
+        takeOut(owner->includes, include);
         invalidateBounds(*owner);
         noteChange(*owner, Change::Structure);
     }
@@ -68,13 +121,13 @@ void dissolve(SegmentRecord& segment)
     auto& all = store();
     for (auto const slot : segment.includes) {
         auto& include = *all.at<IncludeRecord>(slot);
-        if (auto* const target = all.at<SegmentRecord>(include.target)) target->includers.remove(slot);
+        takeOutOfTarget(include);
         all.release(include);
     }
     while (!segment.includers.empty()) removeInclude(*all.at<IncludeRecord>(segment.includers.back()));
     while (!segment.geometry.empty()) {
         auto& geometry = *all.at<GeometryRecord>(segment.geometry.back());
-        segment.geometry.pop_back();
+        takeOut(segment.geometry, geometry);
         releaseGeometry(geometry);
     }
     if (segment.extras)
@@ -105,13 +158,25 @@ SegmentRecord& createSegment(SegmentRecord* owner, std::string_view name, HPS::T
     segment.boundsKnown = true; // it is empty
     if (owner) {
         segment.owner = owner->slot;
-        owner->children.push_back(segment.slot);
+        append(owner->children, segment);
         indexName(*owner, segment);
         noteChange(*owner, Change::Structure);
     } else {
-        store().roots.push_back(segment.slot);
+        append(store().roots, segment);
     }
     return segment;
+}
+
+SegmentRecord& createHiddenRoot()
+{
+    auto& segment = createSegment(nullptr, {});
+    takeOut(store().roots, segment);
+    return segment;
+}
+
+void showRoot(SegmentRecord& root)
+{
+    append(store().roots, root);
 }
 
 SegmentRecord* findChild(SegmentRecord const& owner, std::string_view name)
@@ -143,7 +208,7 @@ bool moveTo(SegmentRecord& segment, SegmentRecord& owner)
     if (standsBelow(owner, segment) || findChild(owner, segment.name)) return false;
     detach(segment);
     segment.owner = owner.slot;
-    owner.children.push_back(segment.slot);
+    append(owner.children, segment);
     indexName(owner, segment);
     invalidateBounds(owner);
     noteChange(owner, Change::Structure);
@@ -154,21 +219,19 @@ bool standsBelow(SegmentRecord const& segment, SegmentRecord const& top)
 {
     if (segment.slot == top.slot) return true;
     if (top.children.empty() && top.includes.empty()) return false;
-    std::vector<SegmentRecord const*> open{&segment};
-    std::unordered_set<SlotIndex> seen;
-    while (!open.empty()) {
-        auto const& current = *open.back();
-        open.pop_back();
-        bool found = false;
-        forEachAbove(current, [&](SegmentRecord const& above) {
-            found = found || above.slot == top.slot;
-            // Only what several ways lead to can be met twice.
-            if ((above.includers.empty() && above.owner == 0) || !seen.insert(above.slot).second) return;
-            open.push_back(&above);
-        });
-        if (found) return true;
+    // From both ends, so that it takes no longer than twice the shorter way: a segment stands below few
+    // others in most scenes, and in a deep one what is included is small.
+    Search up(segment, top);
+    Search down(top, segment);
+    while (!up.done() && !down.done()) {
+        auto const workUp = up.work() + up.next().includers.size() + 1;
+        auto const workDown = down.work() + down.next().children.size() + down.next().includes.size();
+        if (workUp <= workDown)
+            up.step([](auto const& at, auto&& f) { forEachAbove(at, f); });
+        else
+            down.step([](auto const& at, auto&& f) { forEachBelow(at, f); });
     }
-    return false;
+    return up.found() || down.found();
 }
 
 IncludeRecord* createInclude(SegmentRecord& owner, SegmentRecord& target)
@@ -181,18 +244,19 @@ IncludeRecord& addInclude(SegmentRecord& owner, SegmentRecord& target)
     auto& include = store().create<IncludeRecord>(HPS::Type::IncludeKey);
     include.owner = owner.slot;
     include.target = target.slot;
-    owner.includes.push_back(include.slot);
-    target.includers.push_back(include.slot);
+    append(owner.includes, include);
+    include.placeInTarget = target.includers.push_back(include.slot);
     invalidateBounds(owner);
     noteChange(owner, Change::Structure);
     return include;
 }
 
-std::string freeName(SegmentRecord const& owner, std::string const& name)
+std::string freeName(SegmentRecord const& owner, std::string_view name)
 {
-    if (!findChild(owner, name)) return name;
+    std::string const wanted(name);
+    if (!findChild(owner, wanted)) return wanted;
     for (std::size_t number = 2;; ++number) {
-        auto numbered = name + " (" + std::to_string(number) + ')';
+        auto numbered = wanted + " (" + std::to_string(number) + ')';
         if (!findChild(owner, numbered)) return numbered;
     }
 }
@@ -204,16 +268,18 @@ void moveContents(SegmentRecord& from, SegmentRecord& to)
         auto& child = *all.at<SegmentRecord>(slot);
         child.name = freeName(to, child.name);
         child.owner = to.slot;
-        to.children.push_back(slot);
+        append(to.children, child);
         indexName(to, child);
     }
     for (auto const slot : std::exchange(from.includes, {})) {
-        all.at<IncludeRecord>(slot)->owner = to.slot;
-        to.includes.push_back(slot);
+        auto& include = *all.at<IncludeRecord>(slot);
+        include.owner = to.slot;
+        append(to.includes, include);
     }
     for (auto const slot : std::exchange(from.geometry, {})) {
-        all.at<GeometryRecord>(slot)->owner = to.slot;
-        to.geometry.push_back(slot);
+        auto& geometry = *all.at<GeometryRecord>(slot);
+        geometry.owner = to.slot;
+        append(to.geometry, geometry);
     }
     if (from.extras) {
         from.extras->childrenByName.clear();
@@ -238,13 +304,13 @@ void remove(Record& record)
         removeInclude(*include);
     } else if (auto* const geometry = all.at<GeometryRecord>(record.slot)) {
         auto& owner = *all.at<SegmentRecord>(geometry->owner);
-        owner.geometry.remove(record.slot);
+        takeOut(owner.geometry, *geometry);
         invalidateBounds(owner);
         noteChange(owner, Change::Structure);
         releaseGeometry(*geometry);
     } else if (auto* const style = all.at<StyleRecord>(record.slot)) {
         auto& owner = *all.at<SegmentRecord>(style->owner);
-        owner.extras->styles.remove(record.slot);
+        std::erase(owner.extras->styles, record.slot);
         noteChange(owner, Change::Styles);
         all.release(record);
     } else {
@@ -259,8 +325,7 @@ void removeChildren(SegmentRecord& segment)
     auto const children = std::move(segment.children);
     segment.children = {};
     if (segment.extras) segment.extras->childrenByName.clear();
-    // The last ones first: their includes then stand at the end of the lists they leave.
-    for (auto i = children.size(); i-- > 0;) dissolveTree(*store().at<SegmentRecord>(children[i]));
+    for (auto const slot : children) dissolveTree(*store().at<SegmentRecord>(slot));
     invalidateBounds(segment);
     noteChange(segment, Change::Structure);
 }

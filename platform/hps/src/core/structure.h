@@ -9,6 +9,9 @@ namespace HPS::scene
 SegmentRecord& createSegment(SegmentRecord* owner, std::string_view name,
                              HPS::Type type = HPS::Type::SegmentKey);
 SegmentRecord* findChild(SegmentRecord const& owner, std::string_view name);
+// A root that no list of roots shows: for what is on its way to its place.
+SegmentRecord& createHiddenRoot();
+void showRoot(SegmentRecord& root);
 bool rename(SegmentRecord& segment, std::string_view name); // false if a sibling has the name
 bool moveTo(SegmentRecord& segment, SegmentRecord& owner);  // false if `owner` stands below `segment`
 
@@ -24,7 +27,7 @@ IncludeRecord& addInclude(SegmentRecord& owner, SegmentRecord& target);
 // whose name is taken there gets a number behind it.
 void moveContents(SegmentRecord& from, SegmentRecord& to);
 // `name`, or if a child of `owner` has it, the name with the first number behind it that is free.
-std::string freeName(SegmentRecord const& owner, std::string const& name);
+std::string freeName(SegmentRecord const& owner, std::string_view name);
 
 // Each removes the object with all that it holds, and all includes of a segment.
 void remove(Record& record);
@@ -53,10 +56,11 @@ template <class F> void removeGeometry(SegmentRecord& segment, F&& wanted)
         if (wanted(*geometry))
             releaseGeometry(*geometry);
         else
-            kept.push_back(slot);
+            geometry->place = kept.push_back(slot);
     }
-    if (kept.size() == segment.geometry.size()) return;
-    segment.geometry = std::move(kept);
+    bool const anyGone = kept.size() != segment.geometry.size();
+    segment.geometry = std::move(kept); // in any case: the places are those in it
+    if (!anyGone) return;
     invalidateBounds(segment);
     noteChange(segment, Change::Structure);
 }

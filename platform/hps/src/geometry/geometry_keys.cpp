@@ -43,7 +43,7 @@ template <class R> KeyIndex insert(Key const& key, typename R::Kit&& kit)
     }
     record.owner = segment->slot;
     if constexpr (std::is_same_v<R, ReferenceRecord>) setTarget(record.slot, record.data.target.slot);
-    segment->geometry.push_back(record.slot);
+    record.place = segment->geometry.push_back(record.slot);
     invalidateBounds(*segment);
     noteChange(*segment, Change::Structure);
     return store().indexOf(record);

@@ -3,7 +3,7 @@
 #pragma once
 #include "kit_values.h"
 #include "merge.h"
-#include "stored_kit.h"
+#include "shared_kits.h"
 #include "subscriptions.h"
 
 namespace HPS
@@ -31,8 +31,7 @@ template <class Data> void storeKit(Key const& segment, Data&& data)
         message.append(nameOf(kind)).append(" refused: a value is no number");
         return raiseError(UTF8(message));
     }
-    record->setKit(kind,
-                   data == Data() ? nullptr : std::make_shared<KitBlockOf<Data> const>(std::move(data)));
+    record->setKit(kind, sharedKit<Data>(std::move(data)));
     if constexpr (kind == KitKind::Bounding) {
         record->boundsKnown = false;
         invalidateBoundsAbove(*record);

@@ -14,7 +14,8 @@ HPS_ALL_KITS(HPS_KIND)
 #undef HPS_KIND
 
 template <class Data> struct KitBlockOf : KitBlock {
-    explicit KitBlockOf(Data values) : KitBlock{kitKind<Data>}, data(std::move(values))
+    explicit KitBlockOf(Data values, bool shared = false)
+        : KitBlock{kitKind<Data>, shared}, data(std::move(values))
     {
         static_assert(kitKind<Data> != KitKind::Count, "the kit has no place in KitKind");
     }

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <hps/SegmentKey.h>
 #include <map>
+#include <ranges>
 
 namespace HPS
 {
@@ -100,14 +101,16 @@ std::vector<SlotIndex> segmentsIn(SegmentRecord const& top, Search::Space space)
 {
     std::vector<SlotIndex> segments{top.slot};
     if (space == Search::Space::SegmentOnly) return segments;
-    std::vector<SlotIndex> open(top.children.begin(), top.children.end());
-    std::reverse(open.begin(), open.end());
+    std::vector<SlotIndex> open;
+    auto const openChildren = [&](SegmentRecord const& segment) {
+        for (auto const child : segment.children | std::views::reverse) open.push_back(child);
+    };
+    openChildren(top);
     while (!open.empty()) {
         auto const slot = open.back();
         open.pop_back();
         segments.push_back(slot);
-        auto const& children = store().at<SegmentRecord>(slot)->children;
-        for (auto i = children.size(); i-- > 0;) open.push_back(children[i]);
+        openChildren(*store().at<SegmentRecord>(slot));
     }
     return segments;
 }
@@ -139,7 +142,7 @@ std::size_t SegmentKey::Find(Search::Type type, Search::Space space, SearchResul
 std::size_t SegmentKey::Find(SearchTypeArray const& types, Search::Space space, SearchResults& results) const
 {
     std::vector<SearchResult> items;
-    auto const collect = [&](std::span<SlotIndex const> slots, SearchTypeArray const& matches) {
+    auto const collect = [&](SlotList const& slots, SearchTypeArray const& matches) {
         if (matches.empty()) return;
         for (auto const slot : slots) items.push_back({Key(store().indexOf(slot)), matches});
     };

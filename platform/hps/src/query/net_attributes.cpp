@@ -2,6 +2,7 @@
 #include "conditions.h"
 #include "kit_values.h"
 #include "merge.h"
+#include "shared_kits.h"
 #include <algorithm>
 
 namespace HPS::scene
@@ -32,6 +33,13 @@ LockSet filtered(SlotIndex link)
     return kept;
 }
 
+void applyLocks(NetState& state, KitBlock const* lockKit)
+{
+    auto const& locks = valuesOf<AttributeLockData>(lockKit);
+    state.locks |= lockSet(locks.locks);
+    state.locks &= ~lockSet(locks.overrides);
+}
+
 } // namespace
 
 std::size_t NetFold::StateHash::operator()(NetStatePointer const& state) const
@@ -57,22 +65,34 @@ NetFold::NetFold() : root_(std::make_shared<NetState const>()), definitionStamp_
 NetStatePointer NetFold::state(NetStatePointer const& parent, SegmentRecord const& segment)
 {
     if (!setsSomething(segment)) return parent;
-    if (definitionStamp_ != store().definitionStamp || steps_.size() > stepLimit) {
-        definitionStamp_ = store().definitionStamp;
-        trim();
+    forgetWhatIsOld();
+    if (!segment.extras) {
+        // What kits alone decide is the same for all segments that set them.
+        auto net = parent;
+        for (auto const& kit : segment.kits) net = with(net, kit);
+        return net;
     }
-    auto& result = steps_[{parent.get(), segment.slot}];
+    auto& result = segmentSteps_[{parent.get(), segment.slot}];
     if (!result.state || result.stamp != segment.attributeStamp)
         result = {segment.attributeStamp, parent, intern(compute(*parent, segment))};
     return result.state;
 }
 
+void NetFold::forgetWhatIsOld()
+{
+    if (definitionStamp_ == store().definitionStamp && segmentSteps_.size() <= stepLimit &&
+        kitSteps_.size() <= stepLimit)
+        return;
+    definitionStamp_ = store().definitionStamp;
+    trim();
+}
+
 void NetFold::trim()
 {
-    steps_.clear();
-    // States and kits that somebody still holds keep their addresses, so that equal ones stay the same.
+    segmentSteps_.clear();
+    kitSteps_.clear();
+    // States that somebody still holds keep their addresses, so that equal ones stay the same.
     std::erase_if(states_, [](auto const& state) { return state.use_count() == 1; });
-    for (auto& kits : kits_) std::erase_if(kits, [](auto const& kit) { return kit.second.use_count() == 1; });
     states_.insert(root_);
 }
 
@@ -81,6 +101,22 @@ NetStatePointer NetFold::without(NetStatePointer const& state, KitKind kind)
     NetState rest = *state;
     rest.kits[static_cast<std::size_t>(kind)] = nullptr;
     return intern(std::move(rest));
+}
+
+NetStatePointer NetFold::with(NetStatePointer const& state, KitPointer const& kit)
+{
+    bool const isLock = kit->kind == KitKind::AttributeLock;
+    if (kit->kind >= KitKind::InheritedCount && !isLock) return state;
+    auto& result = kitSteps_[{state.get(), kit.get()}];
+    if (!result.state) {
+        NetState net = *state;
+        if (isLock)
+            applyLocks(net, kit.get());
+        else
+            applyKits(net, {&kit, 1}, net.locks);
+        result = {kit, state, intern(std::move(net))};
+    }
+    return result.state;
 }
 
 NetStatePointer NetFold::overlay(NetStatePointer const& state, SegmentRecord const& source)
@@ -141,9 +177,7 @@ void NetFold::apply(NetState& net, SegmentRecord const& source, LockSet const& l
         if (extras.textureMatrix) net.textureMatrix = *extras.textureMatrix;
         if (extras.priority) net.priority = extras.priority;
     }
-    auto const& locks = valuesOf<AttributeLockData>(source.kit(KitKind::AttributeLock));
-    net.locks |= lockSet(locks.locks);
-    net.locks &= ~lockSet(locks.overrides);
+    applyLocks(net, source.kit(KitKind::AttributeLock));
 }
 
 void NetFold::applyKits(NetState& state, std::span<KitPointer const> kits, LockSet const& locked)
@@ -160,21 +194,12 @@ void NetFold::applyKits(NetState& state, std::span<KitPointer const> kits, LockS
 template <class Data>
 KitPointer NetFold::merged(KitPointer const& base, KitPointer const& over, LockSet const& locked)
 {
+    auto const& own = valuesOf<Data>(over.get());
+    if (!base && locked.none() && over->isShared) return over;
     Data values = valuesOf<Data>(base.get());
-    merge(values, valuesOf<Data>(over.get()), locked);
+    merge(values, own, locked);
     if (base && values == valuesOf<Data>(base.get())) return base;
-    return values == Data() ? nullptr : intern(std::move(values));
-}
-
-template <class Data> KitPointer NetFold::intern(Data&& data)
-{
-    using Values = std::decay_t<Data>;
-    auto& kits = kits_[static_cast<std::size_t>(kitKind<Values>)];
-    auto const hash = hashValue(data);
-    auto const [first, last] = kits.equal_range(hash);
-    for (auto at = first; at != last; ++at)
-        if (valuesOf<Values>(at->second.get()) == data) return at->second;
-    return kits.emplace(hash, std::make_shared<KitBlockOf<Values> const>(std::move(data)))->second;
+    return over->isShared && values == own ? over : sharedKit<Data>(std::move(values));
 }
 
 NetStatePointer NetFold::intern(NetState&& state)

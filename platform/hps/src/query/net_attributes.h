@@ -3,6 +3,7 @@
 #include "portfolio_record.h"
 #include "stored_kit.h"
 #include <array>
+#include <span>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -87,21 +88,28 @@ public:
     std::size_t stateCount() const { return states_.size(); }
 
 private:
-    struct Step {
+    // From a state to the next: by a segment's slot, or by the address of a kit that is set.
+    template <class By> struct Step {
         NetState const* parent;
-        SlotIndex segment;
+        By by;
         bool operator==(Step const&) const = default;
     };
     struct StepHash {
-        std::size_t operator()(Step const& step) const
+        template <class By> std::size_t operator()(Step<By> const& step) const
         {
             return (reinterpret_cast<std::size_t>(step.parent) >> 4) * 0x9E3779B97F4A7C15u ^
-                   step.segment * std::size_t(0xC2B2AE3D27D4EB4Fu);
+                   std::hash<By>()(step.by) * 0xC2B2AE3D27D4EB4Fu;
         }
     };
-    struct Result {
+    // Results keep the addresses in their keys from being used again.
+    struct SegmentResult {
         std::uint32_t stamp;
-        NetStatePointer parent; // keeps the address in the key from being used again
+        NetStatePointer parent;
+        NetStatePointer state;
+    };
+    struct KitResult {
+        KitPointer kit;
+        NetStatePointer parent;
         NetStatePointer state;
     };
     struct StateHash {
@@ -111,20 +119,21 @@ private:
         bool operator()(NetStatePointer const& a, NetStatePointer const& b) const { return *a == *b; }
     };
 
+    void forgetWhatIsOld();
+    // The state with one more kit.
+    NetStatePointer with(NetStatePointer const& state, KitPointer const& kit);
     NetState compute(NetState const& parent, SegmentRecord const& segment);
     // Lays all that a segment or the source of a style gives over a state, its locks last.
     void apply(NetState& net, SegmentRecord const& source, LockSet const& locked);
     void applyKits(NetState& state, std::span<KitPointer const> kits, LockSet const& locked);
     template <class Data>
     KitPointer merged(KitPointer const& base, KitPointer const& over, LockSet const& locked);
-    template <class Data> KitPointer intern(Data&& data);
     NetStatePointer intern(NetState&& state);
 
     NetStatePointer root_;
-    std::unordered_map<Step, Result, StepHash> steps_;
+    std::unordered_map<Step<SlotIndex>, SegmentResult, StepHash> segmentSteps_;
+    std::unordered_map<Step<KitBlock const*>, KitResult, StepHash> kitSteps_;
     std::unordered_set<NetStatePointer, StateHash, StateEqual> states_;
-    std::array<std::unordered_multimap<std::size_t, KitPointer>, inheritedKitCount>
-        kits_; // by hash of the values
     std::uint32_t definitionStamp_ = 0;
 };
 

@@ -1,6 +1,7 @@
 // The way through a scene that all who draw or measure it take.
 #pragma once
 #include "net_attributes.h"
+#include <ranges>
 #include <vector>
 
 namespace HPS::render
@@ -27,11 +28,11 @@ template <class Visit> void walk(scene::NetFold& fold, scene::NetAttributes cons
             if (auto const* const part = scene::store().at<scene::SegmentRecord>(slot))
                 open.push_back({part, parent});
         };
-        for (std::size_t i = segment.includes.size(); i-- > 0;) {
-            auto const& include = *scene::store().at<scene::IncludeRecord>(segment.includes[i]);
+        for (auto const slot : segment.includes | std::views::reverse) {
+            auto const& include = *scene::store().at<scene::IncludeRecord>(slot);
             push(include.target, fold.through(net, include));
         }
-        for (std::size_t i = segment.children.size(); i-- > 0;) push(segment.children[i], net);
+        for (auto const slot : segment.children | std::views::reverse) push(slot, net);
     }
 }
 

@@ -82,7 +82,7 @@ constexpr std::array attributeRows{
                  [](SegmentRecord const& s) { return s.extras && s.extras->priority.has_value(); }},
     AttributeRow{0x06, "Material", hasKit<KitKind::MaterialMapping>},
     AttributeRow{0x07, "Camera", hasKit<KitKind::Camera>},
-    AttributeRow{0x08, "Modelling Matrix", [](SegmentRecord const& s) { return s.matrix != nullptr; }},
+    AttributeRow{0x08, "Modelling Matrix", [](SegmentRecord const& s) { return bool(s.matrix); }},
     AttributeRow{0x09, "User Data",
                  [](SegmentRecord const& s) { return s.userData && s.userData->size() != 0; }},
     AttributeRow{0x0A, "Texture Matrix",

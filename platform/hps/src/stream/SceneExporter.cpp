@@ -166,8 +166,8 @@ void SceneExporter::writeTree(SegmentRecord const& segment)
 
 void SceneExporter::writeSegment(SegmentRecord const& segment)
 {
-    auto const writeMatrix = [&](std::unique_ptr<MatrixKit> const& matrix) {
-        out_.flag(matrix != nullptr);
+    auto const writeMatrix = [&](Pooled<MatrixKit> const& matrix) {
+        out_.flag(bool(matrix));
         if (matrix) transfer(out_, *matrix);
     };
     out_.sized([&] {

@@ -1,6 +1,6 @@
 #include "SceneImporter.h"
 #include "definition_kinds.h"
-#include "stored_kit.h"
+#include "shared_kits.h"
 #include "structure.h"
 #include "transfer.h"
 #include "user_data.h"
@@ -27,18 +27,10 @@ KitKind kitNamed(std::string_view name)
     return KitKind::Count;
 }
 
-// A root that is not among those of the database.
-SegmentRecord& createHidden()
-{
-    auto& segment = createSegment(nullptr, {});
-    store().roots.remove(segment.slot);
-    return segment;
-}
-
 } // namespace
 
 SceneImporter::SceneImporter(KeyIndex segment, KeyIndex portfolio)
-    : target_(segment), targetPortfolio_(portfolio), outside_(&createHidden())
+    : target_(segment), targetPortfolio_(portfolio), outside_(&createHiddenRoot())
 {
 }
 
@@ -160,7 +152,7 @@ void SceneImporter::readBranch(Reader& in)
     context_.allowance.take(1, sizeof(SegmentRecord) + sizeof(Include));
     if (segments_.empty()) {
         if (ownerNumber != 0) Reader::fail("its first segment has an owner");
-        segments_.push_back(&createHidden());
+        segments_.push_back(&createHiddenRoot());
         context_.segments.push_back(target_);
         owners_.push_back(0);
         return;
@@ -191,12 +183,14 @@ void SceneImporter::readDefinition(Reader& in)
     });
 }
 
-std::unique_ptr<MatrixKit> SceneImporter::readMatrix(Reader& in)
+Pooled<MatrixKit> SceneImporter::readMatrix(Reader& in)
 {
-    if (!in.flag()) return nullptr;
-    auto matrix = std::make_unique<MatrixKit>();
-    transfer(in, *matrix);
-    return matrix;
+    Pooled<MatrixKit> read;
+    if (!in.flag()) return read;
+    MatrixKit matrix;
+    transfer(in, matrix);
+    read = matrix;
+    return read;
 }
 
 void SceneImporter::readSegment(Reader& in)
@@ -222,8 +216,7 @@ void SceneImporter::readKits(Reader& in, SegmentRecord& segment)
             Data data;
             readAspects(part, data);
             if (!isFinite(data)) Reader::fail("an attribute that is no number");
-            if (!(data == Data()))
-                segment.setKit(kind, std::make_shared<KitBlockOf<Data> const>(std::move(data)));
+            segment.setKit(kind, sharedKit<Data>(std::move(data)));
         });
         if (kind == KitKind::Bounding) {
             segment.boundsKnown = false;

@@ -34,7 +34,7 @@ private:
     void readBranch(Reader& in);
     void readDefinition(Reader& in);
     void readSegment(Reader& in);
-    std::unique_ptr<MatrixKit> readMatrix(Reader& in);
+    Pooled<MatrixKit> readMatrix(Reader& in);
     void readKits(Reader& in, SegmentRecord& segment);
     void readLinks(Reader& in, SegmentRecord& segment);
     void readExtras(Reader& in, SegmentRecord& segment);

@@ -96,7 +96,7 @@ GeometryRecord* readGeometry(Reader& in, std::string_view kind, SegmentRecord& o
         record.userData = std::move(value.userData);
         record.box = value.box;
         record.owner = owner.slot;
-        owner.geometry.push_back(record.slot);
+        record.place = owner.geometry.push_back(record.slot);
         invalidateBounds(owner);
         noteChange(owner, Change::Structure);
         if constexpr (std::is_same_v<R, ReferenceRecord>) open.push_back({&record, target});

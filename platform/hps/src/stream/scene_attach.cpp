@@ -3,7 +3,7 @@
 #include "definition_kinds.h"
 #include "merge.h"
 #include "references.h"
-#include "stored_kit.h"
+#include "shared_kits.h"
 #include "structure.h"
 #include "user_data.h"
 #include <algorithm>
@@ -112,7 +112,7 @@ void SceneImporter::attach(KeyIndex alternateRoot)
     segments_.clear();
     remove(imported);
     if (!outside_->children.empty()) {
-        all.roots.push_back(outside_->slot);
+        showRoot(*outside_);
         outside_ = nullptr;
     }
 }
@@ -135,7 +135,7 @@ void SceneImporter::takeAttributes(SegmentRecord& from, SegmentRecord& to)
         withKit(block->kind, [&]<class Data>(std::type_identity<Data>) {
             auto data = valuesOf<Data>(to.kit(block->kind));
             merge(data, valuesOf<Data>(block.get()));
-            to.setKit(block->kind, std::make_shared<KitBlockOf<Data> const>(std::move(data)));
+            to.setKit(block->kind, sharedKit<Data>(std::move(data)));
         });
     if (from.matrix) to.matrix = std::move(from.matrix);
     if (from.userData) {

@@ -170,9 +170,14 @@ UserDataList listOf(std::unique_ptr<UserData> const& data)
     return list;
 }
 
-std::optional<MatrixKit> valueOf(std::unique_ptr<MatrixKit> const& matrix)
+std::optional<MatrixKit> valueOf(Pooled<MatrixKit> const& matrix)
 {
     return matrix ? std::optional(*matrix) : std::nullopt;
+}
+
+std::vector<SlotIndex> slotsOf(SlotList const& list)
+{
+    return {list.begin(), list.end()};
 }
 
 std::vector<UTF8> conditionsOf(SegmentExtras const& extras)
@@ -201,11 +206,11 @@ bool Comparison::kitsAlike(SegmentRecord const& a, SegmentRecord const& b)
 bool Comparison::linksAlike(SegmentRecord const& a, SegmentRecord const& b)
 {
     auto const& all = store();
-    if (a.includes.size() != b.includes.size()) return differ("number of includes differs");
-    for (std::size_t i = 0; i < a.includes.size(); ++i) {
-        bool const same =
-            filtersAlike(a.includes[i], b.includes[i]) &&
-            pair(all.at<IncludeRecord>(a.includes[i])->target, all.at<IncludeRecord>(b.includes[i])->target);
+    auto const here = slotsOf(a.includes), there = slotsOf(b.includes);
+    if (here.size() != there.size()) return differ("number of includes differs");
+    for (std::size_t i = 0; i < here.size(); ++i) {
+        bool const same = filtersAlike(here[i], there[i]) && pair(all.at<IncludeRecord>(here[i])->target,
+                                                                  all.at<IncludeRecord>(there[i])->target);
         if (!in("include " + std::to_string(i), same)) return false;
     }
     return true;
@@ -256,16 +261,19 @@ bool Comparison::segmentsAlike(SegmentRecord const& a, SegmentRecord const& b)
                       in("user data", listOf(a.userData), listOf(b.userData)) && linksAlike(a, b) &&
                       extrasAlike(a.extras ? *a.extras : none, b.extras ? *b.extras : none);
     if (!same) return false;
-    if (a.geometry.size() != b.geometry.size()) return differ("number of geometries differs");
-    for (std::size_t i = 0; i < a.geometry.size(); ++i)
-        if (!in("geometry " + std::to_string(i), geometryAlike(a.geometry[i], b.geometry[i]))) return false;
-    if (a.children.size() != b.children.size()) return differ("number of children differs");
+    auto const geometryHere = slotsOf(a.geometry), geometryThere = slotsOf(b.geometry);
+    if (geometryHere.size() != geometryThere.size()) return differ("number of geometries differs");
+    for (std::size_t i = 0; i < geometryHere.size(); ++i)
+        if (!in("geometry " + std::to_string(i), geometryAlike(geometryHere[i], geometryThere[i])))
+            return false;
+    auto const here = slotsOf(a.children), there = slotsOf(b.children);
+    if (here.size() != there.size()) return differ("number of children differs");
     auto const path = path_;
-    for (std::size_t i = 0; i < a.children.size(); ++i) {
-        auto const& name = all.at<SegmentRecord>(a.children[i])->name;
+    for (std::size_t i = 0; i < here.size(); ++i) {
+        std::string const name(all.at<SegmentRecord>(here[i])->name);
+        std::string const nameThere(all.at<SegmentRecord>(there[i])->name);
         path_ = path + name + '/';
-        if (!in("name of child " + std::to_string(i), name, all.at<SegmentRecord>(b.children[i])->name) ||
-            !pair(a.children[i], b.children[i]))
+        if (!in("name of child " + std::to_string(i), name, nameThere) || !pair(here[i], there[i]))
             return path_ = path, false;
     }
     return path_ = path, true;
