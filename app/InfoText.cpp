@@ -59,6 +59,7 @@ std::vector<Stage> stagesOf(ZelCad::CadDocument const& document, Picture const* 
     if (!picture) return stages;
     HPS::UpdateReport const& report = picture->report;
     add("graphics start", report.startMilliseconds / 1000);
+    add("fitting", picture->fitSeconds);
     add("compile", (report.compileMilliseconds - report.uploadMilliseconds) / 1000);
     add("upload", report.uploadMilliseconds / 1000);
     add("draw", report.drawMilliseconds / 1000);

@@ -149,13 +149,16 @@ private:
 
     ExitCode makePicture()
     {
+        auto const beforeGraphics = Clock::now();
         Graphics.wait();
+        double const waited = secondsSince(beforeGraphics);
         auto drawn = drawPicture(Document.GetModel(), Asked.resolution);
         if (Refusal const* refusal = std::get_if<Refusal>(&drawn)) {
             if (!Asked.output) return ExitCode::Good; // the figures stand without it
             return fail(refusal->code, Asked.file, refusal->cause);
         }
         Drawn = std::move(std::get<Picture>(drawn));
+        Drawn->report.startMilliseconds += 1000 * waited; // what the start took beyond the reading beside it
         auto const start = Clock::now();
         QByteArray const png = encodePng(Drawn->image);
         EncodeSeconds = secondsSince(start);

@@ -3,6 +3,7 @@
 #include "SceneDefaults.h"
 #include "host_api.h"
 
+#include <chrono>
 #include <memory>
 
 #include <QBuffer>
@@ -41,6 +42,7 @@ QImage imageOf(HPS::Picture const& pixels)
 
 std::variant<Picture, Refusal> drawPicture(HPS::Model const& model, PixelSize size)
 {
+    auto const start = std::chrono::steady_clock::now();
     Picture picture;
     HPS::BoundingKit bounding;
     HPS::SimpleSphere sphere;
@@ -56,6 +58,7 @@ std::variant<Picture, Refusal> drawPicture(HPS::Model const& model, PixelSize si
     ZelVizBase::SceneDefaults::Setup(canvas.sprocket, view.sprocket, *options);
     view.sprocket.AttachModel(model);
     if (!view.sprocket.FitWorld()) return Refusal{ExitCode::NothingToShow, "everything in it is hidden"};
+    picture.fitSeconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     HPS::Picture pixels;
     if (!canvas.sprocket.Update() || !canvas.sprocket.ReadPixels(pixels)) return noGraphics(canvas.sprocket);
     picture.image = imageOf(pixels);

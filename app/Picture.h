@@ -17,7 +17,8 @@ namespace zelview
 struct Picture {
     QImage image;
     HPS::UpdateReport report;
-    HPS::Cuboid box; ///< of what is shown, in the model's unit
+    HPS::Cuboid box;       ///< of what is shown, in the model's unit
+    double fitSeconds = 0; ///< for canvas and view, and the camera that shows all
 };
 
 /// Draws the whole model on a canvas without a window, from the front, right and top.

@@ -131,9 +131,9 @@ TEST_F(Running, figuresNameEveryStage)
 {
     Outcome const info = runZelview({"--info", machine()});
     ASSERT_EQ(info.code, 0) << info.err.constData();
-    for (char const* label :
-         {"file ", "parts ", "bodies ", "triangles ", "extent ", "scene ", "tree ", "graphics start ",
-          "compile ", "upload ", "draw ", "readback ", "encode ", "total ", "own work ", "peak memory "})
+    for (char const* label : {"file ", "parts ", "bodies ", "triangles ", "extent ", "scene ", "tree ",
+                              "graphics start ", "fitting ", "compile ", "upload ", "draw ", "readback ",
+                              "encode ", "total ", "own work ", "peak memory "})
         EXPECT_THAT(info.out.toStdString(), testing::ContainsRegex("(^|\n)" + std::string(label) + " *:"));
 }
 
