@@ -147,7 +147,7 @@ MatrixKit OccurrenceTree::matrixAbove(OccurrenceId id) const
     std::vector<MatrixKit const*> way;
     for (id = occurrences_[id].parent; id != noOccurrence; id = occurrences_[id].parent)
         if (auto const& matrix = store().at<SegmentRecord>(occurrences_[id].segment)->matrix)
-            way.push_back(matrix.get());
+            way.push_back(&*matrix);
     // Multiplied in the order of a walk from the top, for the same rounding.
     MatrixKit product = above_.matrix;
     for (auto step = way.rbegin(); step != way.rend(); ++step) product = **step * product;
