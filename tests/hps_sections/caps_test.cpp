@@ -109,7 +109,7 @@ std::vector<AreaCase> areaCases()
 }
 
 INSTANTIATE_TEST_SUITE_P(Bodies, CapArea, testing::ValuesIn(areaCases()),
-                         [](auto const& info) { return std::string(info.param.name); });
+                         [](auto const& row) { return std::string(row.param.name); });
 
 TEST(Caps, LieInTheirPlaneAndLookAwayFromWhatIsKept)
 {
