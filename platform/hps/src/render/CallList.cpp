@@ -19,6 +19,12 @@ ProgramName programFor(Primitive primitive)
         return ProgramName::ThinLines;
     case Primitive::Markers:
         return ProgramName::Markers;
+    case Primitive::Glyphs:
+        return ProgramName::Glyphs;
+    case Primitive::Strokes:
+        return ProgramName::Strokes;
+    case Primitive::ViewEdges:
+        return ProgramName::ViewEdges;
     }
     return ProgramName::Faces;
 }
@@ -104,9 +110,14 @@ void CallList::submit(Batch const& batch, FrameContext const& context,
 {
     Pipeline const& pipeline = batch.pipeline;
     bool const faces = pipeline.primitive == Primitive::Faces;
+    bool const glyphs = pipeline.primitive == Primitive::Glyphs;
+    bool const strokes = pipeline.primitive == Primitive::Strokes;
+    bool const softRims = pipeline.primitive == Primitive::Markers || strokes;
     enable(GL_BLEND, pipeline.transparent);
     glDepthMask(pipeline.transparent ? GL_FALSE : GL_TRUE);
-    enable(GL_SAMPLE_ALPHA_TO_COVERAGE, pipeline.primitive == Primitive::Markers && !pipeline.transparent);
+    enable(GL_SAMPLE_ALPHA_TO_COVERAGE, softRims && !pipeline.transparent);
+    // What stands out of its box, or has no end, does not end where the depth range does.
+    enable(GL_DEPTH_CLAMP, glyphs || strokes);
     bool const cullBack = pipeline.cullBack || (pipeline.closed && context.eyeOutside);
     enable(GL_CULL_FACE, faces && (cullBack || pipeline.cullFront));
     // Not the front is redefined, for the shader lights by what winds counter-clockwise, mirrored or not.

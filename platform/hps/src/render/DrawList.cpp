@@ -34,7 +34,8 @@ bool same(MeshRange const& a, MeshRange const& b)
 bool same(Record const& a, Record const& b)
 {
     return same(a.range, b.range) && a.pipeline == b.pipeline && a.world.low == b.world.low &&
-           a.world.high == b.world.high;
+           a.world.high == b.world.high && a.reach == b.reach && a.from == b.from && a.to == b.to &&
+           same(a.fine, b.fine);
 }
 
 /// The bits of a number below 2^16, two places apart.
@@ -76,22 +77,31 @@ void DrawList::open(std::uint32_t owner, Placing const& with)
 }
 
 void DrawList::add(Pipeline pipeline, MeshRange const& range, Box const& local, Mat4 const& matrix,
-                   Instance instance)
+                   Instance instance, float reach)
 {
     if (range.indexCount == 0) return;
     for (int out = 0; out < 3; ++out)
         for (int in = 0; in < 4; ++in) instance.rows[out][in] = float(matrix[in * 4 + out]);
-    pipeline.placing = placing;
-    // What has width is made of triangles, which alone can be moved away.
-    if (pipeline.primitive == Primitive::ThinLines && placing.displacement != 0)
-        pipeline.primitive = Primitive::Lines;
     // Winding matters only where a side is culled; elsewhere the bit would split calls for nothing.
     pipeline.mirrored =
         (pipeline.cullBack || pipeline.cullFront || pipeline.closed) && determinant3(matrix) < 0;
-    Box const world = transformed(local, matrix);
-    if (!world.drawable()) return;
-    Record record{pipeline, range, world};
+    Record record{};
+    record.pipeline = pipeline;
+    record.range = range;
+    record.world = transformed(local, matrix);
+    record.reach = reach;
+    add(record, instance);
+}
+
+void DrawList::add(Record record, Instance const& instance)
+{
+    if (record.range.indexCount == 0 || !record.world.drawable()) return;
+    record.pipeline.placing = placing;
+    // What has width is made of triangles, which alone can be moved away.
+    if (record.pipeline.primitive == Primitive::ThinLines && placing.displacement != 0)
+        record.pipeline.primitive = Primitive::Lines;
     record.owner = owner_;
+    hasStrokes = hasStrokes || record.pipeline.primitive == Primitive::Strokes;
     if (owner_ == none) {
         append(record, instance);
     } else {
@@ -154,6 +164,10 @@ void DrawList::overwrite(std::uint32_t at, Record const& record, Instance const&
     if (sameRecord) return;
     records[at].range = record.range;
     records[at].world = record.world;
+    records[at].reach = record.reach;
+    records[at].from = record.from;
+    records[at].to = record.to;
+    records[at].fine = record.fine;
     touch(at);
 }
 
@@ -232,7 +246,9 @@ void DrawList::sort()
     std::vector<Key> keys;
     keys.reserve(order.size());
     for (std::uint32_t i : order) {
-        std::uint64_t const place = groupSize > 1 ? placeOf(records[i].world.centre(), all) : 0;
+        // Letters hide little and are many: side by side equal ones make one command.
+        bool const byPlace = groupSize > 1 && records[i].pipeline.primitive != Primitive::Glyphs;
+        std::uint64_t const place = byPlace ? placeOf(records[i].world.centre(), all) : 0;
         keys.push_back({std::uint64_t(ranks_.at(records[i].pipeline)) << 48 | place, i});
     }
     auto byMesh = [&](Key const& a, Key const& b) {
@@ -293,10 +309,12 @@ void DrawList::makeGroup(RecordGroup& group)
     group.box = {};
     group.smallest = std::numeric_limits<float>::max();
     group.runs = 0;
+    group.single = false;
     for (std::uint32_t i = group.first; i < group.first + group.count; ++i) {
         Record const& record = records[i];
         if (record.gone()) continue;
         group.box.add(record.world);
+        group.single = group.single || record.single();
         group.smallest = std::min(group.smallest, float(record.world.diagonal()));
         if (group.runs > 0) {
             RecordRun& last = runs[group.first + group.runs - 1];

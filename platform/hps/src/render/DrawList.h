@@ -3,6 +3,8 @@
 #include "Instance.h"
 #include "MaterialTable.h"
 #include "Placing.h"
+#include "ScreenStrokes.h"
+#include "StrokeTable.h"
 #include "linear.h"
 #include <compare>
 #include <cstdint>
@@ -35,12 +37,25 @@ struct Record {
     std::uint32_t owner = ~0u;
     std::uint32_t next = ~0u; ///< of the same owner
 
+    float reach = 0; ///< pixels that it may stand out of the box
+    // Shown while the instance's size has at least so many pixels, and less than that many.
+    float from = 0, to = std::numeric_limits<float>::infinity();
+    MeshRange fine; ///< shown instead where the size has `fineFrom` pixels or more; empty: there is none
+
+    static constexpr float fineFrom = 40;
+
     bool gone() const { return range.indexCount == 0; }
+    /// True if each frame has to look at it for itself.
+    bool single() const
+    {
+        return reach > 0 || from > 0 || to < std::numeric_limits<float>::infinity() || fine.indexCount > 0;
+    }
 };
 
 /// Records side by side that show one mesh range: one indirect command.
 struct RecordRun {
     std::uint32_t first, count;
+    bool fine = false; ///< the records' fine range is shown
 };
 
 /// Records side by side of one pipeline that lie near each other.
@@ -49,7 +64,8 @@ struct RecordGroup {
     std::uint32_t pipeline; ///< rank in the order of drawing
     std::uint32_t runs;     ///< in `DrawList::runs`, from `first` on
     Box box;
-    float smallest; ///< diagonal of the smallest box in it
+    float smallest;      ///< diagonal of the smallest box in it
+    bool single = false; ///< holds records that each frame has to look at
 };
 
 /// What a frame draws. Every record has an owner, a small number of the caller's. What an owner shows may be
@@ -63,9 +79,12 @@ struct DrawList {
     std::vector<RecordGroup> groups;
     std::vector<RecordRun> runs; ///< as long as `records`; a group uses the first ones of its part
     MaterialTable materials;     ///< that `Instance::material` counts in
-    Box bounds;                  ///< around all records
-    std::uint64_t version = 0;   ///< differs whenever the content does
-    std::uint64_t sorted = 0;    ///< version since which single instances changed only
+    StrokeTable strokes;         ///< that instances of strokes count in
+    ScreenStrokes screenStrokes;
+    bool hasStrokes = false;   ///< or had some
+    Box bounds;                ///< around all records
+    std::uint64_t version = 0; ///< differs whenever the content does
+    std::uint64_t sorted = 0;  ///< version since which single instances changed only
     /// Instances changed since then, with the version that brought them.
     std::vector<std::pair<std::uint64_t, std::uint32_t>> patches;
 
@@ -76,9 +95,11 @@ struct DrawList {
     void open(std::uint32_t owner, Placing const& with = {});
     /// `local` is the range's box in its own coordinates, `matrix` leads from there to the world.
     /// Rows of `instance` and the mirroring are filled in here. What lies too far out for the device's
-    /// numbers is left out. Outside of `open` and `close` it has no owner and stays.
+    /// numbers is left out. `reach` as in a record. Outside of `open` and `close` it has no owner and stays.
     void add(Pipeline pipeline, MeshRange const& range, Box const& local, Mat4 const& matrix,
-             Instance instance);
+             Instance instance, float reach = 0);
+    /// The same for a record whose instance is complete.
+    void add(Record record, Instance const& instance);
     void close();
     void remove(std::uint32_t owner)
     {

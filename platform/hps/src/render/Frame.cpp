@@ -16,6 +16,7 @@ FrameCounts Frame::draw(Target const& target, DrawList const& list, Scene const&
     FrameContext context{target, list, scene, viewing, eyeOutside, 0, counts};
     upload(context);
     context.instanceBuffer = buffers_.instances();
+    strokes_.upload(context);
     visible_.choose(context);
     drawSteps(context);
     return counts;

@@ -9,6 +9,7 @@
 #include "OverlayStep.h"
 #include "SectionStep.h"
 #include "ShadowStep.h"
+#include "StrokeBuffers.h"
 #include "TransparentStep.h"
 
 namespace HPS::render
@@ -27,6 +28,7 @@ private:
     void upload(FrameContext& context);
     void drawSteps(FrameContext const& context);
 
+    StrokeBuffers strokes_;
     Buffer frameBlock_;
     ListBuffers buffers_;
     VisibleRecords visible_; ///< in this frame

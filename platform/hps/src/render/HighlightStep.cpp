@@ -14,8 +14,9 @@ void HighlightStep::draw(FrameContext const& frame)
                          buffers_.instances(), frame.counts};
     visible_.choose(context);
     calls_.clear();
-    for (RecordRun const& run : visible_.opaque()) push(context, run.first, run.count);
-    for (auto const& [depth, i] : visible_.transparent()) push(context, i, 1);
+    for (RecordRun const& run : visible_.opaque()) push(context, run);
+    for (VisibleRecords::Entry const& entry : visible_.transparent())
+        push(context, {entry.record, 1, entry.fine});
     glEnable(GL_DEPTH_TEST);
     glDepthFunc(GL_LEQUAL);
     glBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
@@ -23,10 +24,11 @@ void HighlightStep::draw(FrameContext const& frame)
     overlay_.draw(context, visible_);
 }
 
-void HighlightStep::push(FrameContext const& context, std::uint32_t first, std::uint32_t count)
+void HighlightStep::push(FrameContext const& context, RecordRun const& run)
 {
-    Record const& record = context.list.records[first];
-    calls_.push(record.pipeline, context.instanceBuffer, record.range, first, count);
+    Record const& record = context.list.records[run.first];
+    calls_.push(record.pipeline, context.instanceBuffer, run.fine ? record.fine : record.range, run.first,
+                run.count);
 }
 
 } // namespace HPS::render

@@ -15,7 +15,7 @@ public:
     void draw(FrameContext const& context);
 
 private:
-    void push(FrameContext const& context, std::uint32_t first, std::uint32_t count);
+    void push(FrameContext const& context, RecordRun const& run);
 
     ListBuffers buffers_;
     VisibleRecords visible_;

@@ -1,6 +1,8 @@
 #pragma once
 #include "DrawList.h"
 #include "MeshBuilder.h"
+#include "TextLook.h"
+#include "drawn_shapes.h"
 #include <hps/CullingKit.h>
 #include <hps/Definition.h>
 #include <hps/DrawingAttributeKit.h>
@@ -19,6 +21,9 @@ struct Look {
         std::uint8_t colour[4] = {0, 0, 0, 255};
         float size = 1;
         std::uint32_t flags = 0;
+        bool inObject = false;     ///< `size` counts in units of the object
+        std::uint32_t pattern = 0; ///< row of the stroke table
+        bool styled = false;       ///< has a pattern, or caps or a join of its own
         bool transparent() const { return colour[3] < 255; }
     };
     bool facesShown = false, linesShown = false, markersShown = false, verticesShown = false;
@@ -27,8 +32,24 @@ struct Look {
     std::int16_t displacement = 0;
     EdgeChoice edges;
     Stroke face, edge, line, marker, vertex;
+    /// Drawings at places of lines, and those that stand for markers that the marker shader does not know.
+    std::vector<std::pair<ChainPlace, GlyphKit>> lineGlyphs;
+    std::optional<GlyphKit> markerGlyph;
+    float markerRotation = 0; ///< degrees
+    Fineness fineness;
+    bool plainEdges = false, plainVertices = false; ///< as `plainFaces`
+    /// Contour lines, if they are shown: what each number of line looks like.
+    struct Contours {
+        ContourLineData lines;
+        std::vector<Stroke> strokes;
+    };
+    std::optional<Contours> contours;
+    TextLook text;
 
-    bool anything() const { return facesShown || linesShown || markersShown || verticesShown || edges.any(); }
+    bool anything() const
+    {
+        return facesShown || linesShown || markersShown || verticesShown || edges.any() || text.shown;
+    }
 };
 
 /// The net attributes that a look is made of; what is not set takes its default.
@@ -40,7 +61,15 @@ struct LookSources {
     MarkerAttributeData const& markers;
     DrawingAttributeData const& drawing;
     CullingData const& culling;
-    MaterialKitArray const* palette; ///< that material indices count in; null if there is none
+    TextAttributeData const& texts;
+    CurveAttributeData const& curves;
+    NURBSSurfaceAttributeData const& surfaces;
+    CylinderAttributeData const& cylinders;
+    SphereAttributeData const& spheres;
+    ContourLineData const& contours;
+    scene::Palette const& palette; ///< that material indices count in; null if there is none
+    std::span<KeyIndex const> portfolios;
+    StrokeTable& strokes; ///< takes the patterns up
 };
 
 Look lookOf(LookSources const& sources);

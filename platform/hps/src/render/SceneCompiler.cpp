@@ -1,4 +1,5 @@
 #include "SceneCompiler.h"
+#include "GlyphStore.h"
 #include "geometry_records.h"
 #include <algorithm>
 
@@ -212,10 +213,13 @@ SceneCompiler::Held& SceneCompiler::heldFor(NetStatePointer const& state)
         Palette const palette = state->palette();
         held.state = state;
         held.placing = placingOf(*state);
-        held.look = render::lookOf({state->get<VisibilityData>(), state->get<MaterialMappingData>(),
-                                    state->get<LineAttributeData>(), state->get<EdgeAttributeData>(),
-                                    state->get<MarkerAttributeData>(), state->get<DrawingAttributeData>(),
-                                    state->get<CullingData>(), palette.get()});
+        held.look = render::lookOf(
+            {state->get<VisibilityData>(), state->get<MaterialMappingData>(), state->get<LineAttributeData>(),
+             state->get<EdgeAttributeData>(), state->get<MarkerAttributeData>(),
+             state->get<DrawingAttributeData>(), state->get<CullingData>(), state->get<TextAttributeData>(),
+             state->get<CurveAttributeData>(), state->get<NURBSSurfaceAttributeData>(),
+             state->get<CylinderAttributeData>(), state->get<SphereAttributeData>(),
+             state->get<ContourLineData>(), palette, state->portfolios, list_.strokes});
         if (held.look.facesShown) held.faces = FaceLooks(state);
     }
     return held;
@@ -241,24 +245,46 @@ void SceneCompiler::draw(SegmentRecord const& segment, Held& held, Mat4 const& m
     Look const& look = held.look;
     MeshCache& meshes = MeshCache::instance();
     MeshCache::Content const& content = meshes.content(segment);
+    Fineness const& fine = look.fineness;
     if (content.faces && look.facesShown) addFaces(segment, held, matrix);
     // Where faces are not seen, their outlines stand for them.
     EdgeChoice edges = look.edges;
-    if (outlined_ && look.facesShown && !edges.any()) edges.perimeter = edges.hard = true;
-    if (content.faces && edges.any()) add(meshes.edges(segment, edges), Primitive::Lines, look.edge, matrix);
-    if (content.chains && look.linesShown) add(meshes.lines(segment), Primitive::Lines, look.line, matrix);
-    if (content.markers && look.markersShown)
-        add(meshes.markers(segment), Primitive::Markers, look.marker, matrix);
-    if (content.faces && look.verticesShown)
-        add(meshes.vertices(segment), Primitive::Markers, look.vertex, matrix);
+    if (outlined_ && look.facesShown && !edges.any()) edges.kinds = PerimeterEdge | HardEdge;
+    if (content.faces && edges.any()) drawEdges(segment, edges, look, matrix);
+    if (content.chains && look.linesShown) drawLines(segment, look, matrix);
+    if (content.endless && look.linesShown)
+        add(meshes.endlessStrokes(segment), Primitive::Strokes, look.line, matrix,
+            std::numeric_limits<float>::infinity());
+    if (content.markers && look.markersShown) {
+        if (look.markerGlyph)
+            add(meshes.glyphMarkers(segment, *look.markerGlyph, look.markerRotation), Primitive::Glyphs,
+                look.marker, matrix);
+        else
+            add(meshes.markers(segment), Primitive::Markers, look.marker, matrix);
+    }
+    if (content.faces && look.verticesShown) {
+        if (look.markerGlyph)
+            add(meshes.glyphVertices(segment, *look.markerGlyph, look.markerRotation, fine),
+                Primitive::Glyphs, look.vertex, matrix);
+        else
+            add(meshes.vertices(segment, look.plainVertices, fine), Primitive::Markers, look.vertex, matrix);
+    }
+    if (!content.texts.empty() && look.text.shown) drawTexts(content.texts, look, matrix);
+    if (content.faces && look.contours) {
+        auto const wrap = std::uint32_t(look.contours->strokes.size());
+        for (std::uint32_t i = 0; i < wrap; ++i)
+            add(meshes.contours(segment, look.contours->lines, wrap, i, fine), Primitive::Lines,
+                look.contours->strokes[i], matrix);
+    }
 }
 
 void SceneCompiler::addFaces(SegmentRecord const& segment, Held& held, Mat4 const& matrix)
 {
     MeshCache& meshes = MeshCache::instance();
     Look const& look = held.look;
-    MeshCache::Drawable const* drawable = &meshes.faces(segment, look.plainFaces);
-    if (held.faces.textured(*drawable)) drawable = &meshes.withParameters(segment, look.plainFaces);
+    MeshCache::Drawable const* drawable = &meshes.faces(segment, look.plainFaces, look.fineness);
+    if (held.faces.textured(*drawable))
+        drawable = &meshes.withParameters(segment, look.plainFaces, look.fineness);
     auto const parts = faceParts(held.faces, *drawable, into_->materials);
     bool const opaque =
         std::none_of(parts.begin(), parts.end(), [](FacePart const& part) { return part.transparent; });
@@ -279,27 +305,99 @@ void SceneCompiler::addFaces(SegmentRecord const& segment, Held& held, Mat4 cons
     }
 }
 
+void SceneCompiler::drawEdges(SegmentRecord const& segment, EdgeChoice const& choice, Look const& look,
+                              Mat4 const& matrix)
+{
+    MeshCache& meshes = MeshCache::instance();
+    MeshCache::Drawable const& edges = meshes.edges(segment, choice, look.plainEdges, look.fineness);
+    if (look.edge.styled)
+        add(meshes.edgeStrokes(segment, choice, look.fineness), Primitive::Strokes, look.edge, matrix);
+    else
+        add(edges, Primitive::Lines, look.edge, matrix);
+    if (edges.viewEdges)
+        add(meshes.viewEdges(segment, choice, look.plainEdges, look.fineness), Primitive::ViewEdges,
+            look.edge, matrix);
+}
+
+void SceneCompiler::drawLines(SegmentRecord const& segment, Look const& look, Mat4 const& matrix)
+{
+    MeshCache& meshes = MeshCache::instance();
+    if (look.line.styled)
+        add(meshes.lineStrokes(segment, look.fineness), Primitive::Strokes, look.line, matrix);
+    else
+        add(meshes.lines(segment, look.fineness), Primitive::Lines, look.line, matrix);
+    for (auto const& [where, glyph] : look.lineGlyphs) {
+        constexpr float widths = 4; // of the line, that a drawing on it takes
+        Look::Stroke stroke = look.line;
+        stroke.size *= widths;
+        add(meshes.lineGlyphs(segment, glyph, where, look.fineness), Primitive::Glyphs, stroke, matrix);
+    }
+}
+
+void SceneCompiler::drawTexts(std::vector<SlotIndex> const& slots, Look const& look, Mat4 const& matrix)
+{
+    for (SlotIndex slot : slots) {
+        if (only_ != 0 && slot != only_) continue;
+        auto const* const geometry = store().at<GeometryRecord>(slot);
+        Shown const shown = geometry != nullptr ? shownBy(*geometry) : Shown{};
+        if (shown.geometry == nullptr) continue;
+        texts_.add(*into_, slot, static_cast<TextRecord const*>(shown.geometry)->data, look.text,
+                   shown.matrix != nullptr ? wide(*shown.matrix) * matrix : matrix);
+    }
+    // One line that every instance stretches to its own.
+    for (auto const& [from, to] : texts_.leaderLines()) {
+        Mat4 stretched = identity;
+        stretched[0] = double(to.x) - from.x;
+        stretched[1] = double(to.y) - from.y;
+        stretched[2] = double(to.z) - from.z;
+        stretched[12] = from.x;
+        stretched[13] = from.y;
+        stretched[14] = from.z;
+        Look::Stroke const& stroke = look.line;
+        bool const thin = stroke.size <= 1 && (stroke.flags & (SizeInWorld | SizeInWindow)) == 0;
+        Pipeline pipeline;
+        pipeline.primitive = thin ? Primitive::ThinLines : Primitive::Lines;
+        pipeline.transparent = look.text.colour[3] < 255;
+        Instance instance{};
+        std::copy_n(look.text.colour, 4, instance.colour);
+        instance.size = stroke.size;
+        instance.flags = stroke.flags;
+        Mesh const& line = GlyphStore::instance().unitLine();
+        into_->add(pipeline, line.range(), line.box(), stretched, instance);
+    }
+    texts_.clearLeaderLines();
+}
+
 void SceneCompiler::add(MeshCache::Drawable const& drawable, Primitive primitive, Look::Stroke const& stroke,
-                        Mat4 const& matrix)
+                        Mat4 const& matrix, float reach)
 {
     if (drawable.mesh.empty() || stroke.colour[3] == 0) return;
     Pipeline pipeline;
-    bool const thin = stroke.size <= 1 && (stroke.flags & SizeInWorld) == 0;
+    bool const thin = stroke.size <= 1 && (stroke.flags & (SizeInWorld | SizeInWindow)) == 0;
     pipeline.primitive = primitive == Primitive::Lines && thin ? Primitive::ThinLines : primitive;
     pipeline.transparent = stroke.transparent() || drawable.translucent;
     Instance instance{};
     std::copy_n(stroke.colour, 4, instance.colour);
     instance.size = stroke.size;
+    if (stroke.inObject) instance.size *= float(std::cbrt(std::abs(determinant3(matrix))));
     instance.flags = stroke.flags;
-    emit(drawable, pipeline, drawable.mesh.range(), matrix, instance);
+    if (primitive == Primitive::Strokes) {
+        list_.hasStrokes = true; // tables and lengths are the list's, for highlights too
+        instance.material = packMaterial(stroke.pattern, 0);
+        instance.flags &= (1u << glyphShift) - 1;
+        if ((stroke.flags & SizeInWorld) == 0 && drawable.chains != nullptr)
+            if (auto const first = list_.screenStrokes.place(drawable.chains, matrix))
+                instance.flags |= DistancesGiven | *first << glyphShift;
+    }
+    emit(drawable, pipeline, drawable.mesh.range(), matrix, instance, reach);
 }
 
 void SceneCompiler::emit(MeshCache::Drawable const& drawable, Pipeline pipeline, MeshRange const& range,
-                         Mat4 const& matrix, Instance const& instance)
+                         Mat4 const& matrix, Instance const& instance, float reach)
 {
     // Over the same faces in the model's own look.
     if (into_ == &highlight_ && pipeline.primitive == Primitive::Faces) --pipeline.displacement;
-    if (only_ == 0) return into_->add(pipeline, range, drawable.mesh.box(), matrix, instance);
+    if (only_ == 0) return into_->add(pipeline, range, drawable.mesh.box(), matrix, instance, reach);
     for (MeshCache::Part const& part : drawable.parts) {
         if (part.geometry != only_) continue;
         std::uint32_t const first = drawable.mesh.range().firstIndex + part.firstIndex;
@@ -307,7 +405,7 @@ void SceneCompiler::emit(MeshCache::Drawable const& drawable, Pipeline pipeline,
         shared.firstIndex = std::max(range.firstIndex, first);
         std::uint32_t const end = std::min(range.firstIndex + range.indexCount, first + part.indexCount);
         shared.indexCount = end > shared.firstIndex ? end - shared.firstIndex : 0;
-        into_->add(pipeline, shared, drawable.mesh.box(), matrix, instance);
+        into_->add(pipeline, shared, drawable.mesh.box(), matrix, instance, reach);
     }
 }
 
@@ -368,7 +466,7 @@ void SceneCompiler::highlight(OccurrenceId id, MatrixKit const& matrix,
 {
     auto const& segment = *store().at<SegmentRecord>(tree_.segmentOf(id));
     MeshCache::Content const& content = MeshCache::instance().content(segment);
-    if (!content.faces && !content.chains && !content.markers) return;
+    if (!content.drawable()) return;
     Highlights const& all = highlightsOf(path_.front());
     Held& held = heldFor(highlighted(fold_, tree_.stateOf(id), all, numbers));
     only_ = geometry;

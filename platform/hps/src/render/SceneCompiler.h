@@ -4,6 +4,7 @@
 #include "Look.h"
 #include "MeshCache.h"
 #include "OccurrenceTree.h"
+#include "TextCompiler.h"
 #include "highlight_targets.h"
 #include "net_attributes.h"
 #include "read_scene.h"
@@ -72,10 +73,14 @@ private:
     void sweepHeld();
     void draw(scene::SegmentRecord const& segment, Held& held, Mat4 const& matrix);
     void addFaces(scene::SegmentRecord const& segment, Held& held, Mat4 const& matrix);
+    void drawEdges(scene::SegmentRecord const& segment, EdgeChoice const& choice, Look const& look,
+                   Mat4 const& matrix);
+    void drawLines(scene::SegmentRecord const& segment, Look const& look, Mat4 const& matrix);
+    void drawTexts(std::vector<scene::SlotIndex> const& slots, Look const& look, Mat4 const& matrix);
     void add(MeshCache::Drawable const& drawable, Primitive primitive, Look::Stroke const& stroke,
-             Mat4 const& matrix);
+             Mat4 const& matrix, float reach = 0);
     void emit(MeshCache::Drawable const& drawable, Pipeline pipeline, MeshRange const& range,
-              Mat4 const& matrix, Instance const& instance);
+              Mat4 const& matrix, Instance const& instance, float reach = 0);
     void makeHighlight();
     void highlightBelow(OccurrenceId top, HighlightTargets const& targets);
     void highlight(OccurrenceId id, MatrixKit const& matrix, std::span<std::uint32_t const> numbers,
@@ -103,6 +108,7 @@ private:
     bool startOver_ = false;    ///< what was drawn in one window belongs into another
     DrawList* into_ = &list_;   ///< where records go
     scene::SlotIndex only_ = 0; ///< the one geometry that is drawn; 0 for all
+    TextCompiler texts_;
     Scene scene_;
 };
 

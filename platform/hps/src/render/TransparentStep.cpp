@@ -9,10 +9,12 @@ void TransparentStep::draw(FrameContext const& context, VisibleRecords const& vi
     calls_.clear();
     sorted_.clear();
     buffer_.create();
-    for (auto const& [depth, i] : visible.transparent()) {
+    for (VisibleRecords::Entry const& entry : visible.transparent()) {
+        std::uint32_t const i = entry.record;
         Record const& record = context.list.records[i];
+        MeshRange const& range = VisibleRecords::rangeOf(context.list, entry);
         auto emit = [&](std::uint32_t side) {
-            calls_.push(record.pipeline, buffer_.name(), record.range, std::uint32_t(sorted_.size()));
+            calls_.push(record.pipeline, buffer_.name(), range, std::uint32_t(sorted_.size()));
             sorted_.push_back(context.list.instances[i]);
             sorted_.back().flags |= side;
         };

@@ -12,16 +12,26 @@ void count(Record const& record, std::uint32_t times, FrameCounts& counts)
     counts.records += times;
     switch (record.pipeline.primitive) {
     case Primitive::Faces:
+    case Primitive::Glyphs:
         counts.triangles += std::uint64_t(record.range.indexCount / 3) * times;
         break;
     case Primitive::Lines:
     case Primitive::ThinLines:
+    case Primitive::Strokes:
+    case Primitive::ViewEdges:
         counts.lineSegments += std::uint64_t(record.range.indexCount / 6) * times;
         break;
     case Primitive::Markers:
         counts.markers += std::uint64_t(record.range.indexCount / 6) * times;
         break;
     }
+}
+
+/// That the size of an instance has on the screen.
+double pixelsOf(Instance const& instance, Viewing const& viewing, Box const& box)
+{
+    if ((instance.flags & SizeInWorld) != 0) return instance.size * viewing.pixelsPerUnit(box);
+    return (instance.flags & SizeInWindow) != 0 ? instance.size * viewing.windowHeight() : instance.size;
 }
 
 } // namespace
@@ -65,14 +75,14 @@ void VisibleRecords::choose(FrameContext const& context, RecordGroup const& grou
     bool const faces = pipeline.primitive == Primitive::Faces;
     if (context.scene.faceStyle == FaceStyle::None && faces) return;
     Viewing::Sight const sight = context.viewing.sight(group.box);
-    if (sight == Viewing::Sight::None) {
+    if (sight == Viewing::Sight::None && !group.single) {
         context.counts.culledRecords += group.count;
         return;
     }
     double const smallest = std::max(double(pipeline.placing.smallest), faces ? context.scene.smallest : 0);
     bool const someSmall =
         smallest > 0 && group.smallest * context.viewing.pixelsPerUnit(group.box) < smallest;
-    if (sight == Viewing::Sight::Part || someSmall || pipeline.transparent)
+    if (sight != Viewing::Sight::Whole || someSmall || pipeline.transparent || group.single)
         return chooseSingly(context, group, smallest);
     double const depth = context.viewing.toView(group.box.centre()).z;
     parts_.push_back({group.pipeline, group.first, depth, &list.runs[group.first], group.runs});
@@ -89,19 +99,25 @@ void VisibleRecords::chooseSingly(FrameContext const& context, RecordGroup const
         RecordRun const& run = list.runs[group.first + r];
         for (std::uint32_t i = run.first; i < run.first + run.count; ++i) {
             Record const& record = list.records[i];
-            bool const drawn =
-                viewing.sees(record.world) &&
-                (smallest == 0 || record.world.diagonal() * viewing.pixelsPerUnit(record.world) >= smallest);
+            bool drawn = viewing.sees(record.world, record.reach) &&
+                         (smallest == 0 || record.reach > 0 ||
+                          record.world.diagonal() * viewing.pixelsPerUnit(record.world) >= smallest);
+            bool fine = false;
+            if (drawn && group.single) {
+                double const pixels = pixelsOf(list.instances[i], viewing, record.world);
+                drawn = pixels >= record.from && pixels < record.to;
+                fine = record.fine.indexCount > 0 && pixels >= Record::fineFrom;
+            }
             if (!drawn) {
                 ++context.counts.culledRecords;
             } else if (sorted) {
-                transparent_.push_back({viewing.toView(record.world.centre()).z, i});
+                transparent_.push_back({viewing.toView(record.world.centre()).z, i, fine});
                 count(record, 1, context.counts);
             } else if (i > run.first && single_.size() > firstSingle &&
-                       single_.back().first + single_.back().count == i) {
+                       single_.back().first + single_.back().count == i && single_.back().fine == fine) {
                 ++single_.back().count;
             } else {
-                single_.push_back({i, 1});
+                single_.push_back({i, 1, fine});
             }
         }
     }

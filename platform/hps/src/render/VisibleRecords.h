@@ -13,9 +13,17 @@ public:
     struct Entry {
         double depth; ///< of the box's middle, larger towards the viewer
         std::uint32_t record;
+        bool fine = false; ///< the record's fine range is drawn
     };
 
     void choose(FrameContext const& context);
+
+    /// What is to be drawn of an entry.
+    static MeshRange const& rangeOf(DrawList const& list, Entry const& entry)
+    {
+        Record const& record = list.records[entry.record];
+        return entry.fine ? record.fine : record.range;
+    }
 
     /// By pipeline, and from front to back in each, so that what is hidden costs a depth test and no shading.
     std::vector<RecordRun> const& opaque() const { return opaque_; }

@@ -1,11 +1,13 @@
 #include "CanvasPicture.h"
 #include "InteractionWatch.h"
+#include "FontLibrary.h"
 #include "Presenter.h"
 #include "Stopwatch.h"
 #include "records.h"
 #include "store.h"
 #include "subscriptions.h"
 #include <hps/Canvas.h>
+#include <hps/Database.h>
 #include <hps/Factory.h>
 #include <hps/WindowKey.h>
 
@@ -101,6 +103,9 @@ bool Canvas::Update(Window::UpdateType type, double timeLimit) const
     if (!record->failure.Empty() && record->failure.Str() != before) scene::raiseError(record->failure);
     bool const present = record->presenter != nullptr && type != Window::UpdateType::CompileOnly &&
                          (record->picture->isNew() || type == Window::UpdateType::Refresh);
+    // Told only now: who hears of it may change the scene.
+    for (std::string const& text : render::FontLibrary::instance().takeWarnings())
+        Database::GetEventDispatcher().InjectEvent(WarningEvent(text));
     Picture picture;
     if (present && ReadPixels(picture)) record->presenter->present(picture);
     return record->failure.Empty();

@@ -1,3 +1,4 @@
+#include "FontLibrary.h"
 #include "records.h"
 #include "warm_up.h"
 #include <hps/World.h>
@@ -29,6 +30,9 @@ World::~World()
 void World::SetFontDirectories(UTF8Array const& directories)
 {
     settings().fontDirectories = directories;
+    std::vector<std::string> paths;
+    for (UTF8 const& directory : directories) paths.push_back(directory.Str());
+    render::FontLibrary::instance().setDirectories(std::move(paths));
 }
 UTF8Array const& World::GetFontDirectories()
 {

@@ -21,6 +21,9 @@ constexpr std::array stages{
     Stages{"lines_vertex.glsl", "lines_fragment.glsl"},
     Stages{"thin_lines_vertex.glsl", "lines_fragment.glsl"},
     Stages{"markers_vertex.glsl", "markers_fragment.glsl"},
+    Stages{"glyphs_vertex.glsl", "lines_fragment.glsl"},
+    Stages{"strokes_vertex.glsl", "strokes_fragment.glsl"},
+    Stages{"view_edges_vertex.glsl", "lines_fragment.glsl"},
 };
 
 struct NamedFeature {

@@ -9,7 +9,16 @@ namespace HPS::render
 {
 
 /// The programs of the renderer; each has a line in the table of ShaderLibrary.cpp.
-enum class ProgramName : std::uint8_t { Background, Faces, Lines, ThinLines, Markers };
+enum class ProgramName : std::uint8_t {
+    Background,
+    Faces,
+    Lines,
+    ThinLines,
+    Markers,
+    Glyphs,
+    Strokes,
+    ViewEdges
+};
 
 /// Compiles programs from the modules in shaders/*.glsl, which lie in this library as text. A module takes in
 /// another by #include "name.glsl", each one once. A program costs a software driver about 0.15 s, so it is

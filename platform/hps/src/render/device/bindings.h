@@ -14,13 +14,24 @@ enum Attribute : unsigned {
     Colour,
     Size,
     Flags,
-    MaterialRowAttribute
+    MaterialRowAttribute,
+    After, ///< strokes: the point that the chain goes on to; view edges: the second normal
+    Along, ///< strokes: length of the chain before the piece
+    Kind   ///< strokes: bits of StrokeChains::Kind
 };
 
 /// Uniform blocks, std140.
 enum UniformBinding : unsigned { FrameBinding, LightBinding, BackgroundBinding };
 
 /// Shader storage blocks, std430.
-enum StorageBinding : unsigned { MaterialBinding, LayerBinding, ParameterBinding };
+enum StorageBinding : unsigned {
+    MaterialBinding,
+    LayerBinding,
+    ParameterBinding,
+    StrokeHeadBinding = 8, ///< the three tables of a StrokeTable
+    StrokeRowBinding,
+    StrokeDashBinding,
+    StrokeDistanceBinding ///< lengths along chains on the screen
+};
 
 } // namespace HPS::render

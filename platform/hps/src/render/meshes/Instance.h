@@ -5,12 +5,14 @@
 namespace HPS::render
 {
 
-/// Thin lines are one pixel wide and cost half of what wide ones do; both draw the same meshes.
-enum class Primitive : std::uint8_t { Faces, Lines, ThinLines, Markers };
-inline constexpr int primitiveCount = 4;
+/// Thin lines are one pixel wide and cost half of what wide ones do; both draw the same meshes. Strokes are
+/// lines with a pattern, or with caps and joins of their own. View edges are lines that show from some sides
+/// only. Glyphs are flat drawings at a point: letters, and markers that the marker shader does not know.
+enum class Primitive : std::uint8_t { Faces, Lines, ThinLines, Markers, Glyphs, Strokes, ViewEdges };
+inline constexpr int primitiveCount = 7;
 
-/// A piece of an uploaded mesh. Lines and markers have no indices of their own: every four vertices are a
-/// quad.
+/// A piece of an uploaded mesh. Only faces and glyphs have indices of their own: of the rest every four
+/// vertices are a quad.
 struct MeshRange {
     std::uint32_t firstIndex = 0;
     std::uint32_t indexCount = 0;
@@ -35,12 +37,18 @@ enum GlyphPart : std::uint32_t {
     UpsideDown = 8192
 };
 
-/// Bits of `Instance::flags`; bits 8 and up hold the `GlyphPart`s of a marker.
+/// Bits of `Instance::flags`; bits 8 and up hold the `GlyphPart`s of a marker, or the place of a stroke's
+/// first distance, see `DistancesGiven`.
 enum InstanceFlag : std::uint32_t {
-    Unlit = 1,       ///< faces show their plain colour
-    FrontOnly = 2,   ///< transparent faces: only those turned to the viewer
-    BackOnly = 4,    ///< transparent faces: only those turned away
-    SizeInWorld = 8, ///< `size` counts in units of the world, not in pixels
+    Unlit = 1,         ///< faces show their plain colour
+    FrontOnly = 2,     ///< transparent faces: only those turned to the viewer
+    BackOnly = 4,      ///< transparent faces: only those turned away
+    SizeInWorld = 8,   ///< `size` counts in units of the world, not in pixels
+    SizeInWindow = 16, ///< `size` counts in heights of the window
+    Planted = 32, ///< glyphs: rows hold, in columns, what one unit to the right, one up and the drawing's
+                  ///< origin mean in the world, in multiples of `size`, and then the place that it stands at
+    FacesViewer = 64,     ///< planted glyphs: the first three columns count along the axes of the view
+    DistancesGiven = 128, ///< strokes: lengths along chains come from the frame's buffer, in pixels
 };
 inline constexpr std::uint32_t glyphShift = 8;
 

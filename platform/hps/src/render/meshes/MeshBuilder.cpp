@@ -1,4 +1,5 @@
 #include "MeshBuilder.h"
+#include "geometry_records.h"
 #include <algorithm>
 #include <numeric>
 #include <tuple>
@@ -42,17 +43,26 @@ void MeshBuilder::clear(bool parameters)
     indices_.clear();
     segments_.clear();
     points_.clear();
+    viewEdges_.clear();
+    glyphCorners_.clear();
+    strokes_.pieces.clear();
+    contours_.clear();
     translucent_ = false;
+}
+
+void MeshBuilder::putColour(std::uint8_t (&out)[4], RGBAColor const& colour)
+{
+    out[0] = colourByte(colour.red);
+    out[1] = colourByte(colour.green);
+    out[2] = colourByte(colour.blue);
+    out[3] = colourByte(colour.alpha);
+    translucent_ = translucent_ || out[3] < 255;
 }
 
 void MeshBuilder::putColour(FaceVertex& vertex, RGBAColor const& colour)
 {
     vertex.ownColour = 32767;
-    vertex.colour[0] = colourByte(colour.red);
-    vertex.colour[1] = colourByte(colour.green);
-    vertex.colour[2] = colourByte(colour.blue);
-    vertex.colour[3] = colourByte(colour.alpha);
-    translucent_ = translucent_ || vertex.colour[3] < 255;
+    putColour(vertex.colour, colour);
 }
 
 FaceVertex MeshBuilder::vertexOf(ShellData const& shell, std::uint32_t corner, bool plain)
@@ -148,6 +158,7 @@ void MeshBuilder::addShellFaces(ShellData const& shell, bool plain)
 {
     triangulator_.run(shell.points, shell.facelist);
     auto const triangles = triangulator_.triangles();
+    auto const* const hidden = shell.extras ? &shell.extras->faceVisibilities : nullptr;
     auto const* const faceColours = !plain && shell.colors ? &shell.colors->faces : nullptr;
     auto const shared = std::uint32_t(vertices_.size());
     if (!shell.vertexNormals.Empty()) {
@@ -171,6 +182,7 @@ void MeshBuilder::addShellFaces(ShellData const& shell, bool plain)
             first = std::uint32_t(indices_.size());
             index = next;
         }
+        if (hidden != nullptr && hidden->IsSet(face) && hidden->values[face] == 0) continue;
         bool const coloured = faceColours != nullptr && faceColours->IsSet(face);
         addTriangle({triangles[3 * t], triangles[3 * t + 1], triangles[3 * t + 2]}, shell, plain,
                     coloured ? &faceColours->values[face] : nullptr, shared);
@@ -215,62 +227,77 @@ Vec3 MeshBuilder::positionOf(ShellData const& shell, std::uint32_t corner) const
     return {p.x, p.y, p.z};
 }
 
-std::vector<Vec3> MeshBuilder::faceNormals(ShellData const& shell, std::size_t faces) const
-{
-    std::vector<Vec3> normals(faces);
-    auto const triangles = triangulator_.triangles();
-    for (std::size_t t = 0; t < triangulator_.faces().size(); ++t) {
-        Vec3 const a = positionOf(shell, triangles[3 * t]);
-        Vec3& sum = normals[triangulator_.faces()[t]];
-        sum = sum +
-              cross(positionOf(shell, triangles[3 * t + 1]) - a, positionOf(shell, triangles[3 * t + 2]) - a);
-    }
-    for (Vec3& normal : normals) normal = normalised(normal, {});
-    return normals;
-}
-
-void MeshBuilder::addShellEdges(ShellData const& shell, EdgeChoice const& choice)
+// Of all edges there is nothing to find out but which are the same.
+void MeshBuilder::addAllEdges(ShellData const& shell)
 {
     edges_.clear();
-    std::uint32_t faces = 0;
-    auto const& list = shell.facelist;
-    for (std::size_t at = 0; at < list.size();) { // well-formed: nothing else can be inserted
-        bool const hole = list[at] < 0;
-        auto const count = std::size_t(std::abs(list[at]));
-        if (!hole) ++faces;
-        for (std::size_t i = 0; i < count; ++i) {
-            auto const a = std::uint32_t(list[at + 1 + i]), b = std::uint32_t(list[at + 1 + (i + 1) % count]);
-            if (a != b) edges_.push_back({std::min(a, b), std::max(a, b), faces - 1});
+    scene::forEachLoop(shell.facelist, [&](scene::FaceLoop const& loop) {
+        for (std::size_t i = 0; i < loop.indices.size(); ++i) {
+            auto const [low, high] = std::minmax(std::uint32_t(loop.indices[i]),
+                                                 std::uint32_t(loop.indices[(i + 1) % loop.indices.size()]));
+            if (low != high) edges_.push_back(std::uint64_t(low) << 32 | high);
         }
-        at += 1 + count;
-    }
-    std::sort(edges_.begin(), edges_.end(), [](Edge const& a, Edge const& b) {
-        return std::tie(a.from, a.to, a.face) < std::tie(b.from, b.to, b.face);
     });
-    std::vector<Vec3> normals;
-    if (choice.hard && !choice.all) {
-        triangulator_.run(shell.points, shell.facelist);
-        normals = faceNormals(shell, faces);
+    std::sort(edges_.begin(), edges_.end());
+    edges_.erase(std::unique(edges_.begin(), edges_.end()), edges_.end());
+    for (std::uint64_t edge : edges_) addSegment(shell.points[edge >> 32], shell.points[edge & 0xFFFFFFFF]);
+}
+
+void MeshBuilder::addShellEdges(ShellData const& shell, EdgeChoice const& choice, bool cells, bool plain)
+{
+    auto const* const colours =
+        !plain && shell.colors && !shell.colors->vertexEdges.Empty() ? &shell.colors->vertexEdges : nullptr;
+    bool const someHidden = shell.extras && !shell.extras->faceVisibilities.Empty();
+    if ((choice.kinds & PlainEdge) != 0 && colours == nullptr && !someHidden) {
+        addAllEdges(shell);
+        return;
     }
-    for (std::size_t first = 0; first < edges_.size();) {
-        std::size_t last = first;
-        while (last + 1 < edges_.size() && edges_[last + 1].from == edges_[first].from &&
-               edges_[last + 1].to == edges_[first].to)
-            ++last;
-        bool wanted = choice.all || (choice.perimeter && first == last);
-        if (!wanted && choice.hard && first != last) {
-            constexpr double cosineOf30Degrees = 0.8660254;
-            double const cosine = dot(normals[edges_[first].face], normals[edges_[last].face]);
-            wanted = std::abs(cosine) < cosineOf30Degrees;
+    for (FoundEdge const& found : findEdges(shell, choice.kinds, choice.hardAngle, cells)) {
+        Point const &from = shell.points[found.from], &to = shell.points[found.to];
+        bool const always = (found.kinds & ~std::uint32_t(SilhouetteEdge | NonCulledEdge)) != 0;
+        bool const coloured = colours != nullptr && colours->IsSet(found.from) && colours->IsSet(found.to);
+        if (always && !coloured) {
+            addSegment(from, to);
+            continue;
         }
-        if (wanted) addSegment(shell.points[edges_[first].from], shell.points[edges_[first].to]);
-        first = last + 1;
+        ViewEdge edge{{from.x, from.y, from.z}, {to.x, to.y, to.z}, {}, {}, {}};
+        auto put = [](std::int16_t(&out)[4], Vector const& n) {
+            out[0] = packed(n.x);
+            out[1] = packed(n.y);
+            out[2] = packed(n.z);
+        };
+        put(edge.first, found.normals[0]);
+        put(edge.second, found.normals[1]);
+        edge.first[3] = always                               ? ViewEdge::Always
+                        : (found.kinds & NonCulledEdge) != 0 ? ViewEdge::NonCulled
+                                                             : ViewEdge::Silhouette;
+        if (coloured) {
+            RGBAColor const &a = colours->values[found.from], &b = colours->values[found.to];
+            putColour(edge.colour, RGBAColor((a.red + b.red) / 2, (a.green + b.green) / 2,
+                                             (a.blue + b.blue) / 2, (a.alpha + b.alpha) / 2));
+        }
+        viewEdges_.push_back(edge);
     }
 }
 
-void MeshBuilder::addShellVertices(ShellData const& shell)
+void MeshBuilder::addEdgeStrokes(ShellData const& shell, EdgeChoice const& choice, bool cells)
 {
-    for (Point const& point : shell.points) addMarker(point);
+    for (FoundEdge const& found : findEdges(shell, choice.kinds, choice.hardAngle, cells))
+        if ((found.kinds & ~std::uint32_t(SilhouetteEdge | NonCulledEdge)) != 0)
+            strokes_.add(std::array{shell.points[found.from], shell.points[found.to]});
+}
+
+void MeshBuilder::addShellVertices(ShellData const& shell, bool plain)
+{
+    auto const* const colours = !plain && shell.colors ? &shell.colors->vertexMarkers : nullptr;
+    auto const* const hidden = shell.extras ? &shell.extras->vertexVisibilities : nullptr;
+    for (std::size_t i = 0; i < shell.points.size(); ++i) {
+        if (hidden != nullptr && hidden->IsSet(i) && hidden->values[i] == 0) continue;
+        if (colours != nullptr && colours->IsSet(i))
+            addMarker(shell.points[i], colours->values[i]);
+        else
+            addMarker(shell.points[i]);
+    }
 }
 
 void MeshBuilder::addSegment(Point const& from, Point const& to)
@@ -278,32 +305,70 @@ void MeshBuilder::addSegment(Point const& from, Point const& to)
     segments_.push_back({{from.x, from.y, from.z}, {to.x, to.y, to.z}});
 }
 
-void MeshBuilder::addLine(PointChain const& chain)
+void MeshBuilder::addLine(std::span<Point const> points)
 {
-    for (std::size_t i = 0; i + 1 < chain.points.size(); ++i)
-        addSegment(chain.points[i], chain.points[i + 1]);
-}
-
-void MeshBuilder::addPolygonEdge(PointChain const& chain)
-{
-    addLine(chain);
-    if (chain.points.size() > 2 && !(chain.points.front() == chain.points.back()))
-        addSegment(chain.points.back(), chain.points.front());
-}
-
-void MeshBuilder::addPolygonFace(PointChain const& chain)
-{
-    polygon_.points = chain.points;
-    if (chain.points.size() > 1 && chain.points.front() == chain.points.back()) polygon_.points.pop_back();
-    polygon_.facelist.resize(polygon_.points.size() + 1);
-    polygon_.facelist[0] = int(polygon_.points.size());
-    std::iota(polygon_.facelist.begin() + 1, polygon_.facelist.end(), 0);
-    addShellFaces(polygon_, true);
+    for (std::size_t i = 0; i + 1 < points.size(); ++i) addSegment(points[i], points[i + 1]);
 }
 
 void MeshBuilder::addMarker(Point const& point)
 {
-    points_.push_back({{point.x, point.y, point.z}});
+    points_.push_back({{point.x, point.y, point.z}, {}});
+}
+
+void MeshBuilder::addMarker(Point const& point, RGBAColor const& colour)
+{
+    addMarker(point);
+    putColour(points_.back().colour, colour);
+}
+
+void MeshBuilder::addGlyph(FlatMesh const& drawing, Point const& place, Point const& toward)
+{
+    auto const first = std::uint32_t(glyphCorners_.size());
+    for (FlatMesh::Corner const& corner : drawing.corners)
+        glyphCorners_.push_back(
+            {{place.x, place.y, place.z}, {toward.x, toward.y, toward.z}, {corner.x, corner.y}});
+    for (std::uint32_t index : drawing.indices) indices_.push_back(first + index);
+}
+
+void MeshBuilder::addGlyphs(FlatMesh const& drawing, std::span<Point const> chain, ChainPlace where)
+{
+    if (chain.size() < 2) return;
+    // A cap looks outwards, along the line that it ends.
+    auto beyond = [](Point const& end, Point const& before) {
+        return Point(2 * end.x - before.x, 2 * end.y - before.y, 2 * end.z - before.z);
+    };
+    switch (where) {
+    case ChainPlace::Start:
+        addGlyph(drawing, chain[0], beyond(chain[0], chain[1]));
+        break;
+    case ChainPlace::End:
+        addGlyph(drawing, chain.back(), beyond(chain.back(), chain[chain.size() - 2]));
+        break;
+    case ChainPlace::Corner:
+        for (std::size_t i = 1; i + 1 < chain.size(); ++i) addGlyph(drawing, chain[i], chain[i + 1]);
+        break;
+    }
+}
+
+void MeshBuilder::addContours(ShellData const& shell, ContourLineData const& contours, std::uint32_t wrap)
+{
+    triangulator_.run(shell.points, shell.facelist);
+    auto const found = findContours(shell, triangulator_.triangles(), contours, wrap);
+    contours_.insert(contours_.end(), found.begin(), found.end());
+}
+
+void MeshBuilder::chooseContours(std::uint32_t number)
+{
+    for (ContourPiece const& piece : contours_)
+        if (piece.number == number) addSegment(piece.from, piece.to);
+}
+
+Mesh MeshBuilder::uploadStrokes()
+{
+    constexpr std::uint32_t kindBits = 4;
+    for (std::size_t i = 0; i < strokes_.pieces.size(); ++i)
+        strokes_.pieces[i].kind |= std::uint32_t(i) << kindBits;
+    return MeshStore::instance().addStrokes(strokes_.pieces);
 }
 
 } // namespace HPS::render

@@ -1,6 +1,7 @@
 #pragma once
 #include "MeshBuilder.h"
 #include "change_log.h"
+#include "drawn_shapes.h"
 #include "segment_record.h"
 #include <memory>
 #include <vector>
@@ -16,11 +17,15 @@ class MeshCache
 public:
     static MeshCache& instance();
 
-    /// What a segment holds by itself.
+    /// What a segment holds by itself, references counted as what they show.
     struct Content {
-        bool faces = false, chains = false, markers = false;
+        bool faces = false, chains = false, markers = false, endless = false;
+        bool curved = false;     ///< meshes depend on the fineness
+        bool references = false; ///< shows what stands elsewhere
+        std::vector<scene::SlotIndex> texts;
         std::vector<scene::SlotIndex> scenery; ///< what is no mesh but acts on those: lights, sections
-        bool empty() const { return !faces && !chains && !markers && scenery.empty(); }
+        bool drawable() const { return faces || chains || markers || endless || !texts.empty(); }
+        bool empty() const { return !drawable() && scenery.empty(); }
     };
     /// The indices that one piece of geometry has in a mesh.
     struct Part {
@@ -36,7 +41,9 @@ public:
         bool parametersKnown = false;    ///< see `withParameters`
         bool parametersComplete = false; ///< every vertex has some
         bool translucent = false;        ///< by colours of its own
+        bool viewEdges = false;          ///< edges: there are such besides
         bool closed = false;             ///< faces that bound a volume, see `boundsVolumes`
+        std::shared_ptr<StrokeChains const> chains; ///< of strokes, to be measured on the screen
     };
 
     /// Reads the change marks. Call it once before a compile.
@@ -44,39 +51,109 @@ public:
 
     /// Valid until the next `refresh`, as all of these are.
     Content const& content(scene::SegmentRecord const& segment) { return entry(segment).content; }
-    Drawable const& faces(scene::SegmentRecord const& segment, bool plain);
+    Drawable const& faces(scene::SegmentRecord const& segment, bool plain, Fineness const& fineness);
     /// What `faces` gives, with the parameters that textures need where the geometry has any.
-    Drawable const& withParameters(scene::SegmentRecord const& segment, bool plain);
-    Drawable const& edges(scene::SegmentRecord const& segment, EdgeChoice const& choice);
-    Drawable const& lines(scene::SegmentRecord const& segment);
+    Drawable const& withParameters(scene::SegmentRecord const& segment, bool plain, Fineness const& fineness);
+    Drawable const& edges(scene::SegmentRecord const& segment, EdgeChoice const& choice, bool plain,
+                          Fineness const& fineness);
+    /// Of the same choice those that show from some sides only or have colours.
+    Drawable const& viewEdges(scene::SegmentRecord const& segment, EdgeChoice const& choice, bool plain,
+                              Fineness const& fineness);
+    Drawable const& edgeStrokes(scene::SegmentRecord const& segment, EdgeChoice const& choice,
+                                Fineness const& fineness);
+    Drawable const& lines(scene::SegmentRecord const& segment, Fineness const& fineness);
+    Drawable const& lineStrokes(scene::SegmentRecord const& segment, Fineness const& fineness);
+    /// Lines and rays without end.
+    Drawable const& endlessStrokes(scene::SegmentRecord const& segment);
+    /// Drawings at ends or corners of lines.
+    Drawable const& lineGlyphs(scene::SegmentRecord const& segment, GlyphKit const& glyph, ChainPlace where,
+                               Fineness const& fineness);
     Drawable const& markers(scene::SegmentRecord const& segment);
-    Drawable const& vertices(scene::SegmentRecord const& segment);
+    Drawable const& vertices(scene::SegmentRecord const& segment, bool plain, Fineness const& fineness);
+    /// Markers, or vertices, as drawings. Degrees.
+    Drawable const& glyphMarkers(scene::SegmentRecord const& segment, GlyphKit const& glyph, float rotation);
+    Drawable const& glyphVertices(scene::SegmentRecord const& segment, GlyphKit const& glyph, float rotation,
+                                  Fineness const& fineness);
+    Drawable const& contours(scene::SegmentRecord const& segment, ContourLineData const& contours,
+                             std::uint32_t wrap, std::uint32_t number, Fineness const& fineness);
 
     /// Since the process began.
     std::uint32_t uploads() const { return uploads_; }
     double uploadMilliseconds() const { return uploadMilliseconds_; }
 
 private:
-    /// Which mesh of a segment; edges have one for each choice.
-    enum Kind : std::uint8_t { Faces, PlainFaces, Lines, Markers, Vertices, FirstEdges };
+    /// Which mesh of a segment, together with the numbers of what it depends on.
+    enum class Kind : std::uint8_t {
+        Faces,
+        PlainFaces,
+        Edges,
+        ViewEdges,
+        EdgeStrokes,
+        Lines,
+        LineStrokes,
+        EndlessStrokes,
+        LineGlyphs,
+        Markers,
+        Vertices,
+        GlyphMarkers,
+        GlyphVertices,
+        Contours
+    };
+    struct MeshKey {
+        Kind kind;
+        std::uint32_t fineness = 0;
+        std::uint32_t variant = 0;
+        std::uint32_t second = 0;
+        bool operator==(MeshKey const&) const = default;
+    };
+    /// Values that meshes depend on, by small numbers. Few.
+    template <class T> class Numbers
+    {
+    public:
+        std::uint32_t of(T const& value)
+        {
+            for (std::uint32_t i = 0; i < known_.size(); ++i)
+                if (known_[i] == value) return i;
+            known_.push_back(value);
+            return std::uint32_t(known_.size() - 1);
+        }
+
+    private:
+        std::vector<T> known_;
+    };
     struct Entry {
         std::uint32_t generation = 0;
         Content content;
-        std::vector<std::pair<std::uint8_t, std::unique_ptr<Drawable>>> drawables;
+        std::vector<std::pair<MeshKey, std::unique_ptr<Drawable>>> drawables;
     };
     MeshCache() = default;
     Entry& entry(scene::SegmentRecord const& segment);
     template <class Gather>
-    Drawable& find(scene::SegmentRecord const& segment, std::uint8_t kind, Gather gather);
-    template <class Record, class Add> void gather(scene::SegmentRecord const& segment, Add const& add);
-    void gatherFaces(scene::SegmentRecord const& segment, bool plain);
+    Drawable& find(scene::SegmentRecord const& segment, MeshKey key, Gather gather);
+    /// Calls add(shown) for each geometry of the segment.
+    template <class Add> void gather(scene::SegmentRecord const& segment, Add const& add);
+    /// Calls add(shell, cells) for each geometry that has faces.
+    template <class Add>
+    void gatherFaces(scene::SegmentRecord const& segment, Fineness const& fineness, Add const& add);
+    template <class Add>
+    void gatherChains(scene::SegmentRecord const& segment, Fineness const& fineness, Add const& add);
+    template <class Add> void gatherMarkers(scene::SegmentRecord const& segment, Add const& add);
+    std::uint32_t numberOf(scene::SegmentRecord const& segment, Fineness const& fineness);
+    Mesh uploadStrokes();
     void drop(scene::SlotIndex slot);
 
     scene::ChangeCursor cursor_;
     std::vector<scene::ChangeMark> marks_;        ///< work space
     std::vector<std::unique_ptr<Entry>> entries_; ///< by the segments' slots; null until drawn
     MeshBuilder builder_;
-    std::vector<Part> parts_; ///< of what is gathered in the builder
+    ShellData shell_;                            ///< work space
+    std::shared_ptr<StrokeChains const> chains_; ///< of what is gathered
+    Numbers<Fineness> finenesses_;
+    Numbers<EdgeChoice> choices_;
+    Numbers<std::pair<GlyphKit, float>> glyphs_;
+    Numbers<ContourLineData> contours_;
+    std::vector<scene::SlotIndex> referring_; ///< segments that hold references, some twice
+    std::vector<Part> parts_;                 ///< of what is gathered in the builder
     std::uint32_t uploads_ = 0;
     double uploadMilliseconds_ = 0;
 };

@@ -45,7 +45,30 @@ constexpr Format lineFormats[] = {
     {Position, 3, GL_FLOAT, false, offsetof(LineSegment, from)},
     {NormalOrEnd, 3, GL_FLOAT, false, offsetof(LineSegment, to)},
 };
-constexpr Format markerFormats[] = {{Position, 3, GL_FLOAT, false, 0}};
+constexpr Format markerFormats[] = {
+    {Position, 3, GL_FLOAT, false, offsetof(MarkerVertex, position)},
+    {VertexColour, 4, GL_UNSIGNED_BYTE, true, offsetof(MarkerVertex, colour)},
+};
+constexpr Format glyphFormats[] = {
+    {Position, 3, GL_FLOAT, false, offsetof(GlyphVertex, place)},
+    {NormalOrEnd, 3, GL_FLOAT, false, offsetof(GlyphVertex, toward)},
+    {VertexColour, 2, GL_FLOAT, false, offsetof(GlyphVertex, offset)},
+};
+constexpr Format strokeFormats[] = {
+    {Position, 3, GL_FLOAT, false, offsetof(StrokeChains::Piece, from)},
+    {NormalOrEnd, 3, GL_FLOAT, false, offsetof(StrokeChains::Piece, to)},
+    {VertexColour, 3, GL_FLOAT, false, offsetof(StrokeChains::Piece, before)},
+    {After, 3, GL_FLOAT, false, offsetof(StrokeChains::Piece, after)},
+    {Along, 1, GL_FLOAT, false, offsetof(StrokeChains::Piece, distance)},
+    {Kind, 1, GL_UNSIGNED_INT, false, offsetof(StrokeChains::Piece, kind)},
+};
+constexpr Format viewEdgeFormats[] = {
+    {Position, 3, GL_FLOAT, false, offsetof(ViewEdge, from)},
+    {NormalOrEnd, 3, GL_FLOAT, false, offsetof(ViewEdge, to)},
+    {VertexColour, 4, GL_SHORT, true, offsetof(ViewEdge, first)},
+    {After, 4, GL_SHORT, true, offsetof(ViewEdge, second)},
+    {Along, 4, GL_UNSIGNED_BYTE, true, offsetof(ViewEdge, colour)},
+};
 constexpr Format instanceFormats[] = {
     {Row0, 4, GL_FLOAT, false, offsetof(Instance, rows)},
     {Row1, 4, GL_FLOAT, false, offsetof(Instance, rows) + 16},
@@ -56,15 +79,24 @@ constexpr Format instanceFormats[] = {
     {MaterialRowAttribute, 1, GL_UNSIGNED_INT, false, offsetof(Instance, material)},
 };
 
-constexpr GLsizei vertexSizes[primitiveCount] = {sizeof(FaceVertex), sizeof(LineSegment), sizeof(LineSegment),
-                                                 sizeof(MarkerVertex)};
+// Indexed by Primitive.
+constexpr GLsizei vertexSizes[primitiveCount] = {
+    sizeof(FaceVertex),  sizeof(LineSegment),         sizeof(LineSegment), sizeof(MarkerVertex),
+    sizeof(GlyphVertex), sizeof(StrokeChains::Piece), sizeof(ViewEdge)};
 
-template <class T> std::vector<T> fourTimes(std::span<T const> elements)
+bool hasIndices(Primitive primitive)
 {
-    std::vector<T> quads;
-    quads.reserve(elements.size() * 4);
-    for (T const& e : elements) quads.insert(quads.end(), 4, e);
-    return quads;
+    return primitive == Primitive::Faces || primitive == Primitive::Glyphs;
+}
+
+template <class T> Box boxOfEnds(std::span<T const> lines)
+{
+    Box box;
+    for (T const& line : lines) {
+        box.add(line.from[0], line.from[1], line.from[2]);
+        box.add(line.to[0], line.to[1], line.to[2]);
+    }
+    return box;
 }
 
 } // namespace
@@ -117,7 +149,8 @@ MeshStore::MeshStore()
     glCreateVertexArrays(primitiveCount + 1, arrays_);
     // All triangles of a fan begin with the same corner: one that does not vary over a face is of one value.
     glProvokingVertex(GL_FIRST_VERTEX_CONVENTION);
-    std::span<Format const> const formats[] = {faceFormats, lineFormats, lineFormats, markerFormats};
+    std::span<Format const> const formats[primitiveCount] = {
+        faceFormats, lineFormats, lineFormats, markerFormats, glyphFormats, strokeFormats, viewEdgeFormats};
     for (int i = 0; i < primitiveCount; ++i) {
         describe(arrays_[i], meshBinding, formats[i]);
         describe(arrays_[i], instanceBinding, instanceFormats);
@@ -135,26 +168,34 @@ Arena& MeshStore::vertices(Primitive primitive)
         return lineVertices_;
     case Primitive::Markers:
         return markerVertices_;
+    case Primitive::Glyphs:
+        return glyphVertices_;
+    case Primitive::Strokes:
+        return strokeVertices_;
+    case Primitive::ViewEdges:
+        return viewEdgeVertices_;
     }
     return faceVertices_;
 }
 
-Mesh MeshStore::addFaces(std::span<FaceVertex const> vertices, std::span<std::uint32_t const> indices)
+Mesh MeshStore::addIndexed(Primitive primitive, std::span<std::byte const> data, std::size_t vertexCount,
+                           std::span<std::uint32_t const> indices, Box const& box)
 {
     Mesh mesh;
     if (indices.empty()) return mesh;
-    for (FaceVertex const& v : vertices) mesh.box_.add(v.position[0], v.position[1], v.position[2]);
-    auto const baseVertex = faceVertices_.add(std::as_bytes(vertices));
-    auto const firstIndex = baseVertex ? faceIndices_.add(std::as_bytes(indices)) : std::nullopt;
+    auto const baseVertex = vertices(primitive).add(data);
+    auto const firstIndex = baseVertex ? indexArena(primitive).add(std::as_bytes(indices)) : std::nullopt;
     if (!firstIndex) {
-        if (baseVertex) faceVertices_.remove(*baseVertex, std::uint32_t(vertices.size()));
+        if (baseVertex) vertices(primitive).remove(*baseVertex, std::uint32_t(vertexCount));
         outOfMemory_ = true;
         return {};
     }
+    mesh.primitive_ = primitive;
+    mesh.box_ = box;
     mesh.range_.baseVertex = *baseVertex;
     mesh.range_.firstIndex = *firstIndex;
     mesh.range_.indexCount = std::uint32_t(indices.size());
-    mesh.vertexCount_ = std::uint32_t(vertices.size());
+    mesh.vertexCount_ = std::uint32_t(vertexCount);
     return mesh;
 }
 
@@ -172,38 +213,63 @@ void MeshStore::addParameters(Mesh& mesh, std::span<VertexParameters const> para
     mesh.parameterCount_ = std::uint32_t(parameters.size());
 }
 
-Mesh MeshStore::addLines(std::span<LineSegment const> segments)
+Arena& MeshStore::indexArena(Primitive primitive)
+{
+    return primitive == Primitive::Glyphs ? glyphIndices_ : faceIndices_;
+}
+
+Mesh MeshStore::addFaces(std::span<FaceVertex const> vertices, std::span<std::uint32_t const> indices)
 {
     Box box;
-    for (LineSegment const& s : segments) {
-        box.add(s.from[0], s.from[1], s.from[2]);
-        box.add(s.to[0], s.to[1], s.to[2]);
-    }
-    std::vector<LineSegment> const quads = fourTimes(segments);
-    return addQuads(Primitive::Lines, std::as_bytes(std::span(quads)), std::uint32_t(segments.size()), box);
+    for (FaceVertex const& v : vertices) box.add(v.position[0], v.position[1], v.position[2]);
+    return addIndexed(Primitive::Faces, std::as_bytes(vertices), vertices.size(), indices, box);
+}
+
+Mesh MeshStore::addGlyphs(std::span<GlyphVertex const> vertices, std::span<std::uint32_t const> indices)
+{
+    Box box;
+    for (GlyphVertex const& v : vertices) box.add(v.place[0], v.place[1], v.place[2]);
+    return addIndexed(Primitive::Glyphs, std::as_bytes(vertices), vertices.size(), indices, box);
+}
+
+Mesh MeshStore::addLines(std::span<LineSegment const> segments)
+{
+    return addQuads(Primitive::Lines, segments, boxOfEnds(segments));
+}
+
+Mesh MeshStore::addViewEdges(std::span<ViewEdge const> edges)
+{
+    return addQuads(Primitive::ViewEdges, edges, boxOfEnds(edges));
+}
+
+Mesh MeshStore::addStrokes(std::span<StrokeChains::Piece const> pieces)
+{
+    return addQuads(Primitive::Strokes, pieces, boxOfEnds(pieces));
 }
 
 Mesh MeshStore::addMarkers(std::span<MarkerVertex const> points)
 {
     Box box;
     for (MarkerVertex const& p : points) box.add(p.position[0], p.position[1], p.position[2]);
-    std::vector<MarkerVertex> const quads = fourTimes(points);
-    return addQuads(Primitive::Markers, std::as_bytes(std::span(quads)), std::uint32_t(points.size()), box);
+    return addQuads(Primitive::Markers, points, box);
 }
 
-Mesh MeshStore::addQuads(Primitive primitive, std::span<std::byte const> data, std::uint32_t quads,
-                         Box const& box)
+template <class T> Mesh MeshStore::addQuads(Primitive primitive, std::span<T const> elements, Box const& box)
 {
     Mesh mesh;
-    if (quads == 0) return mesh;
-    auto const baseVertex = vertices(primitive).add(data);
+    if (elements.empty()) return mesh;
+    auto const quads = std::uint32_t(elements.size());
+    growQuads(quads);
+    std::vector<T> corners;
+    corners.reserve(elements.size() * 4);
+    for (T const& e : elements) corners.insert(corners.end(), 4, e);
+    mesh.primitive_ = primitive;
+    mesh.box_ = box;
+    auto const baseVertex = vertices(primitive).add(std::as_bytes(std::span(corners)));
     if (!baseVertex) {
         outOfMemory_ = true;
         return {};
     }
-    growQuads(quads);
-    mesh.primitive_ = primitive;
-    mesh.box_ = box;
     mesh.range_ = {0, quads * 6, *baseVertex};
     mesh.vertexCount_ = quads * 4;
     return mesh;
@@ -237,8 +303,8 @@ void MeshStore::remove(Mesh const& mesh)
 {
     vertices(mesh.primitive_).remove(mesh.range_.baseVertex, mesh.vertexCount_);
     if (mesh.parameterCount_ > 0) parameters_.remove(mesh.firstParameter_, mesh.parameterCount_);
-    if (mesh.primitive_ == Primitive::Faces)
-        faceIndices_.remove(mesh.range_.firstIndex, mesh.range_.indexCount);
+    if (hasIndices(mesh.primitive_))
+        indexArena(mesh.primitive_).remove(mesh.range_.firstIndex, mesh.range_.indexCount);
 }
 
 void MeshStore::bindNothing()
@@ -252,9 +318,10 @@ void MeshStore::bind(Primitive primitive, unsigned instanceBuffer)
     glBindVertexArray(arrays_[i]);
     glVertexArrayVertexBuffer(arrays_[i], meshBinding, vertices(primitive).buffer(), 0, vertexSizes[i]);
     glVertexArrayVertexBuffer(arrays_[i], instanceBinding, instanceBuffer, 0, sizeof(Instance));
-    unsigned const indices[primitiveCount] = {faceIndices_.buffer(), quadIndices_, axisIndices_,
-                                              quadIndices_};
-    glVertexArrayElementBuffer(arrays_[i], indices[i]);
+    unsigned const indices = hasIndices(primitive)               ? indexArena(primitive).buffer()
+                             : primitive == Primitive::ThinLines ? axisIndices_
+                                                                 : quadIndices_;
+    glVertexArrayElementBuffer(arrays_[i], indices);
 }
 
 } // namespace HPS::render

@@ -1,6 +1,7 @@
 #pragma once
 #include "Arena.h"
 #include "Instance.h"
+#include "StrokeChains.h"
 #include "linear.h"
 #include <memory>
 #include <optional>
@@ -41,6 +42,28 @@ struct LineSegment {
 
 struct MarkerVertex {
     float position[3];
+    std::uint8_t colour[4]{}; ///< counts where its alpha is not 0, which is multiplied by the instance's
+};
+
+/// A corner of a drawing that stands at a point: `offset` from there, in halves of a marker's size or ems of
+/// a text. Where `toward` is another point than `place`, the drawing's right side is turned there.
+struct GlyphVertex {
+    float place[3];
+    float toward[3];
+    float offset[2];
+};
+
+/// A line that shows according to which sides the two faces at it turn to the viewer, or that has a colour.
+struct ViewEdge {
+    /// In the fourth component of `first`.
+    enum Rule : std::int16_t { Silhouette = 0, NonCulled = 32767, Always = -32767 };
+
+    float from[3];
+    float to[3];
+    std::int16_t first[4]; ///< normal of one face, length 32767, and the rule: seen where one face is turned
+                           ///< to the viewer and the other away, or where any of them is, or anyhow
+    std::int16_t second[4]; ///< normal of the other face, in the same sense of orientation
+    std::uint8_t colour[4]; ///< as a marker's
 };
 
 class MeshStore;
@@ -85,6 +108,9 @@ public:
     void addParameters(Mesh& mesh, std::span<VertexParameters const> parameters);
     Mesh addLines(std::span<LineSegment const> segments);
     Mesh addMarkers(std::span<MarkerVertex const> points);
+    Mesh addGlyphs(std::span<GlyphVertex const> vertices, std::span<std::uint32_t const> indices);
+    Mesh addStrokes(std::span<StrokeChains::Piece const> pieces);
+    Mesh addViewEdges(std::span<ViewEdge const> edges);
 
     /// There was a mesh for which the device had no memory.
     bool outOfMemory() const { return outOfMemory_; }
@@ -105,15 +131,21 @@ private:
     MeshStore();
     void remove(Mesh const& mesh);
     void growQuads(std::uint32_t quads);
-    Mesh addQuads(Primitive primitive, std::span<std::byte const> vertices, std::uint32_t quads,
-                  Box const& box);
+    template <class T> Mesh addQuads(Primitive primitive, std::span<T const> elements, Box const& box);
+    Mesh addIndexed(Primitive primitive, std::span<std::byte const> vertices, std::size_t vertexCount,
+                    std::span<std::uint32_t const> indices, Box const& box);
     Arena& vertices(Primitive primitive);
+    Arena& indexArena(Primitive primitive);
 
     Arena faceVertices_{sizeof(FaceVertex)};
     Arena faceIndices_{sizeof(std::uint32_t)};
     Arena parameters_{sizeof(VertexParameters)};
     Arena lineVertices_{sizeof(LineSegment)};
     Arena markerVertices_{sizeof(MarkerVertex)};
+    Arena glyphVertices_{sizeof(GlyphVertex)};
+    Arena glyphIndices_{sizeof(std::uint32_t)};
+    Arena strokeVertices_{sizeof(StrokeChains::Piece)};
+    Arena viewEdgeVertices_{sizeof(ViewEdge)};
     bool outOfMemory_ = false;
     unsigned quadIndices_ = 0; ///< 0 1 2 2 1 3, 4 5 6 6 5 7, ...
     unsigned axisIndices_ = 0; ///< 0 2, 4 6, ...: one vertex at each end

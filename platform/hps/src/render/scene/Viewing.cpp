@@ -93,7 +93,7 @@ Vec3 Viewing::toView(Vec3 const& world) const
     return {dot(p, right), dot(p, up), dot(p, back)};
 }
 
-Viewing::Sight Viewing::sight(Box const& world) const
+Viewing::Sight Viewing::sight(Box const& world, double margin) const
 {
     bool whole = true;
     for (Plane const& side : sides_) {
@@ -106,7 +106,7 @@ Viewing::Sight Viewing::sight(Box const& world) const
         put(&Vec3::x, 0);
         put(&Vec3::y, 1);
         put(&Vec3::z, 2);
-        if (dot(side.normal, inner) + side.offset < 0) return Sight::None;
+        if (dot(side.normal, inner) + side.offset < -margin) return Sight::None;
         whole = whole && dot(side.normal, outer) + side.offset >= 0;
     }
     return whole ? Sight::Whole : Sight::Part;

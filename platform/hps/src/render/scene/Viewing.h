@@ -25,11 +25,16 @@ struct Viewing {
 
     enum class Sight { None, Part, Whole };
     /// None only for a box that certainly lies outside what the window shows, Whole only for one inside.
-    Sight sight(Box const& world) const;
-    bool sees(Box const& world) const { return sight(world) != Sight::None; }
+    /// `margin` in units of the world stands around it.
+    Sight sight(Box const& world, double margin = 0) const;
+    bool sees(Box const& world, double pixels = 0) const
+    {
+        return sight(world, pixels > 0 ? pixels / pixelsPerUnit(world) : 0) != Sight::None;
+    }
 
     /// Pixels that a unit of the world has where `world` comes nearest to the eye.
     double pixelsPerUnit(Box const& world) const;
+    double windowHeight() const { return 2 * halfHeight * scale; } ///< in pixels
 
 private:
     struct Plane {

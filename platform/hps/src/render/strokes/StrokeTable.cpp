@@ -1,5 +1,6 @@
 #include "StrokeTable.h"
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 
 namespace HPS::render
@@ -75,6 +76,8 @@ std::uint32_t StrokeTable::intern(LinePatternKit const* pattern, LinePatternOpti
                          ends.innerCap.value_or(LinePattern::Cap::Butt), join);
     heads_.push_back(head);
     known_.push_back({wanted, options});
+    static std::atomic<std::uint64_t> versions{0};
+    version_ = ++versions;
     return std::uint32_t(heads_.size() - 1);
 }
 

@@ -40,8 +40,8 @@ public:
     std::span<Row const> rows() const { return rows_; }
     std::span<Dash const> dashes() const { return dashes_; }
 
-    /// Grows when a pattern is added.
-    std::uint32_t version() const { return std::uint32_t(heads_.size()); }
+    /// Differs whenever the patterns do, from those of every other table too.
+    std::uint64_t version() const { return version_; }
 
     /// Caps at the start and the end of a line, caps of the dashes in between, and the join; four bits each.
     static std::uint32_t packEnds(LinePattern::Cap start, LinePattern::Cap end, LinePattern::Cap inner,
@@ -53,6 +53,7 @@ private:
         LinePatternOptionsKit options;
     };
     std::vector<Known> known_; ///< by row; few
+    std::uint64_t version_ = 0;
     std::vector<Head> heads_;
     std::vector<Row> rows_;
     std::vector<Dash> dashes_;

@@ -12,6 +12,9 @@ vec3 toView(vec3 p) {
     vec4 h = vec4(p, 1.0);
     return mat3(rotation) * (vec3(dot(row0, h), dot(row1, h), dot(row2, h)) - target.xyz);
 }
+// Pixels that a unit of the world takes where w is the fourth clip coordinate.
+float pixelsPerUnit(float w) { return projection[1][1] * viewport.y * 0.5 / max(w, 1e-9); }
 float pixels(float w) {
-    return (flags & 8u) != 0u ? size * projection[1][1] * viewport.y * 0.5 / max(w, 1e-9) : size;
+    if ((flags & 8u) != 0u) return size * pixelsPerUnit(w);
+    return (flags & 16u) != 0u ? size * viewport.y : size;
 }

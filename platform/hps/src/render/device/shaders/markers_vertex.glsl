@@ -1,4 +1,5 @@
 #include "instance.glsl"
+layout(location = 2) in vec4 ownColour;
 flat out vec4 tint;
 flat out uint glyph;
 flat out float radius;
@@ -9,6 +10,6 @@ void main() {
     // One pixel of margin for the soft rim.
     place = vec2((gl_VertexID & 2) - 1, (gl_VertexID & 1) * 2 - 1) * (radius + 1.0);
     gl_Position.xy += place * 2.0 / viewport.xy * gl_Position.w;
-    tint = colour;
+    tint = ownColour.a > 0.0 ? vec4(ownColour.rgb, ownColour.a * colour.a) : colour;
     glyph = flags >> 8;
 }
