@@ -1,4 +1,6 @@
 #include "VisibleExtent.h"
+#include "bounding.h"
+#include "drawn_shapes.h"
 #include "geometry_records.h"
 #include "walk.h"
 #include <hps/VisibilityKit.h>
@@ -36,6 +38,11 @@ template <class F> void forEachPoint(SegmentRecord const& segment, std::uint32_t
         auto all = [&](auto const* record) {
             for (Point const& p : record->data.points) use(p);
         };
+        // What is curved reaches to the corners of its box, which is enough to see it whole.
+        auto useBox = [&](SimpleCuboid const& box) {
+            if (!box.IsValid()) return;
+            for (Point const& corner : cornersOf(box)) use(corner);
+        };
         auto const* const geometry = store().at<GeometryRecord>(slot);
         if (geometry == nullptr) continue;
         if (geometry->type == Type::ShellKey && (kinds & Surfaces) != 0)
@@ -48,6 +55,10 @@ template <class F> void forEachPoint(SegmentRecord const& segment, std::uint32_t
             use(static_cast<MarkerRecord const*>(geometry)->data.point);
         else if (geometry->type == Type::TextKey && (kinds & Texts) != 0)
             use(static_cast<TextRecord const*>(geometry)->data.position);
+        else if (auto const as = drawnAs(geometry->type); (as.faces && (kinds & Surfaces) != 0) ||
+                                                          (as.chains && (kinds & Chains) != 0) ||
+                                                          geometry->type == Type::ReferenceKey)
+            useBox(boxOf(*geometry));
     }
 }
 
