@@ -18,6 +18,16 @@ void putLoop(ShellData& shell, std::vector<Point> points)
     shell.points = std::move(points);
 }
 
+/// The surface's own coordinates, for textures, unless the shell brings some itself.
+void putParameters(ShellData& shell, std::vector<float> parameters)
+{
+    if (parameters.empty() || (shell.extras && shell.extras->parameterWidth > 0)) return;
+    PolyhedronExtras extras = shell.extras ? *shell.extras : PolyhedronExtras();
+    extras.vertexParameters = std::move(parameters);
+    extras.parameterWidth = 2;
+    shell.extras = std::make_shared<PolyhedronExtras const>(std::move(extras));
+}
+
 void putFacets(ShellData& shell, Facets facets)
 {
     shell.facelist.reserve(facets.triangles.size() / 3 * 4);
@@ -27,12 +37,15 @@ void putFacets(ShellData& shell, Facets facets)
     }
     shell.points = std::move(facets.points);
     shell.vertexNormals.values = std::move(facets.normals);
+    putParameters(shell, std::move(facets.parameters));
 }
 
 void putMesh(ShellData& shell, MeshData const& mesh)
 {
     static_cast<PolyhedronData&>(shell) = mesh;
-    if (shell.vertexNormals.Empty()) shell.vertexNormals.values = tessellate(mesh).normals;
+    Facets facets = tessellate(mesh);
+    if (shell.vertexNormals.Empty()) shell.vertexNormals.values = std::move(facets.normals);
+    putParameters(shell, std::move(facets.parameters));
     for (std::size_t row = 0; row + 1 < mesh.rows; ++row)
         for (std::size_t column = 0; column + 1 < mesh.columns; ++column) {
             int const a = int(row * mesh.columns + column), d = a + int(mesh.columns);
