@@ -83,10 +83,11 @@ Facets tessellate(SphereData const& sphere, unsigned around)
     Facets facets;
     for (unsigned row = 0; row <= down; ++row) {
         double const polar = std::numbers::pi * row / down;
+        double const across = row == down ? 0 : std::sin(polar); // one point at either pole
         for (unsigned column = 0; column <= around; ++column) {
             double const turn = column == around ? 0 : fullTurn * column / around;
             Vector const flat = sum(scaled(first, std::cos(turn)), scaled(side, std::sin(turn)));
-            Vector const normal = sum(scaled(pole, std::cos(polar)), scaled(flat, std::sin(polar)));
+            Vector const normal = sum(scaled(pole, std::cos(polar)), scaled(flat, across));
             facets.normals.push_back(normal);
             facets.points.push_back(sphere.center + scaled(normal, sphere.radius));
             facets.parameters.insert(facets.parameters.end(),

@@ -129,7 +129,7 @@ void SceneCompiler::show(OccurrenceId id, SegmentRecord const& segment, NetAttri
     bool const isSubwindow = noteSubwindow(id, segment);
     if (isSubwindow || !subwindows_.empty())
         if (Subwindow* const around = subwindowAround(id)) into_ = &around->list;
-    if (content.faces || content.chains || content.markers) {
+    if (content.drawable()) {
         Held& held = heldFor(net.state);
         into_->open(id, held.placing);
         draw(segment, held, wide(net.matrix));
@@ -249,7 +249,7 @@ void SceneCompiler::draw(SegmentRecord const& segment, Held& held, Mat4 const& m
     if (content.faces && look.facesShown) addFaces(segment, held, matrix);
     // Where faces are not seen, their outlines stand for them.
     EdgeChoice edges = look.edges;
-    if (outlined_ && look.facesShown && !edges.any()) edges.kinds = PerimeterEdge | HardEdge;
+    if (outlined_ && look.facesShown && !edges.any()) edges.kinds = PerimeterEdge | HardEdge | SilhouetteEdge;
     if (content.faces && edges.any()) drawEdges(segment, edges, look, matrix);
     if (content.chains && look.linesShown) drawLines(segment, look, matrix);
     if (content.endless && look.linesShown)

@@ -233,8 +233,8 @@ void MeshBuilder::addAllEdges(ShellData const& shell)
     edges_.clear();
     scene::forEachLoop(shell.facelist, [&](scene::FaceLoop const& loop) {
         for (std::size_t i = 0; i < loop.indices.size(); ++i) {
-            auto const [low, high] = std::minmax(std::uint32_t(loop.indices[i]),
-                                                 std::uint32_t(loop.indices[(i + 1) % loop.indices.size()]));
+            auto const [low, high] = std::minmax({std::uint32_t(loop.indices[i]),
+                                                  std::uint32_t(loop.indices[(i + 1) % loop.indices.size()])});
             if (low != high) edges_.push_back(std::uint64_t(low) << 32 | high);
         }
     });

@@ -1,8 +1,8 @@
 #include "EdgeFinder.h"
 #include "geometry_records.h"
 #include <algorithm>
-#include <bit>
 #include <cmath>
+#include <hps/Cuboid.h>
 #include <numbers>
 #include <tuple>
 #include <unordered_map>
@@ -23,7 +23,8 @@ struct Side {
     bool quad;
 };
 
-/// For each point the first that has its coordinates.
+/// For each point the first that lies where it does, give or take a millionth of the whole: the poles of
+/// spheres and the seams of tubes come apart by rounding.
 std::vector<std::uint32_t> weld(std::vector<Point> const& points)
 {
     struct Hash {
@@ -37,10 +38,18 @@ std::vector<std::uint32_t> weld(std::vector<Point> const& points)
     known.reserve(points.size());
     std::vector<std::uint32_t> result;
     result.reserve(points.size());
-    auto bits = [](float f) { return std::bit_cast<std::uint32_t>(f + 0.0f); }; // -0 is 0
+    SimpleCuboid box;
+    for (Point const& p : points) box.Merge(p);
+    double const cell = std::max(box.Diagonal() * 1e-6, 1e-30);
+    // A quarter of a cell aside, so that the box's own corner and middle lie within cells and not between
+    // two.
+    auto place = [cell](float f, float from) { return std::uint32_t((double(f) - from) / cell + 0.25); };
     for (Point const& p : points)
         result.push_back(
-            known.try_emplace({bits(p.x), bits(p.y), bits(p.z)}, std::uint32_t(result.size())).first->second);
+            known
+                .try_emplace({place(p.x, box.min.x), place(p.y, box.min.y), place(p.z, box.min.z)},
+                             std::uint32_t(result.size()))
+                .first->second);
     return result;
 }
 
