@@ -4,7 +4,8 @@
 namespace HPS::render
 {
 
-/// Effects on the picture as a whole. What is drawn between the two calls is what they work on.
+/// The place of effects on the picture as a whole: they will work on what is drawn between the two calls.
+/// There are none yet.
 class EffectStep
 {
 public:

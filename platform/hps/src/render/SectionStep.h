@@ -4,7 +4,8 @@
 namespace HPS::render
 {
 
-/// Closes what sections have cut open, after what is opaque.
+/// The place, after what is opaque, where what sections have cut open will be closed. Nothing is drawn here
+/// yet.
 class SectionStep
 {
 public:

@@ -4,7 +4,7 @@
 namespace HPS::render
 {
 
-/// Makes what the model needs to be drawn with shadows. Runs before anything is drawn into the target.
+/// The place, before anything is drawn into the target, where shadow maps will be made. There are none yet.
 class ShadowStep
 {
 public:
