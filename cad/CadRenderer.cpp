@@ -132,6 +132,9 @@ void CadRenderer::insertBodies(HPS::SegmentKey& segment, ZELReference const& ref
         ZELSegmentTagger::Tag(bodySegment, body.id, Body);
         mapper.Add(body.id, bodySegment);
         if (body.hidden) Hide(bodySegment);
+        // Its faces stand in segments of their own: only together do they bound a volume.
+        bodySegment.GetCuttingSectionAttributeControl().SetCappingLevel(
+            HPS::CuttingSection::CappingLevel::SegmentTree);
         insertFaces(bodySegment, body, mapper);
         insertEdges(bodySegment, body, mapper);
         insertVertices(bodySegment, body, mapper);

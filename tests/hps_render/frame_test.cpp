@@ -31,8 +31,8 @@ TEST_F(FramePictures, RowsRunFromTheTopDown)
 
 TEST_F(FramePictures, TheBackgroundRunsFromTopToBottom)
 {
-    scene.background.top[2] = 1;
-    scene.background.bottom[0] = 1;
+    scene.background.from[2] = 1;
+    scene.background.to[0] = 1;
     Image const image = picture(10, 100);
     EXPECT_LE(image.at(5, 0).red, 2);
     EXPECT_GE(image.at(5, 0).blue, 253);

@@ -6,7 +6,9 @@
 namespace HPS
 {
 
+class AxisTriadControl;
 class CameraKit;
+class NavigationCubeControl;
 class SegmentKey;
 
 // One look at one model: a segment that carries camera, lights and attributes, and below it the model.
@@ -34,6 +36,9 @@ public:
 
     bool SetCamera(CameraKit const& camera);
     bool ShowCamera(CameraKit& camera) const;
+
+    AxisTriadControl GetAxisTriadControl() const;
+    NavigationCubeControl GetNavigationCubeControl() const;
 
     View& SetRenderingMode(Rendering::Mode mode);
     Rendering::Mode GetRenderingMode() const;

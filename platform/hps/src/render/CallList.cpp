@@ -32,6 +32,7 @@ ProgramName programFor(Primitive primitive)
 Features featuresFor(Pipeline const& pipeline, FrameContext const& context)
 {
     Features features;
+    features.set(Feature::Cut, pipeline.cut);
     if (pipeline.primitive != Primitive::Faces) return features;
     Scene const& scene = context.scene;
     features = context.list.materials.kind(pipeline.surface).features;
@@ -118,7 +119,7 @@ void CallList::submit(Batch const& batch, FrameContext const& context,
     enable(GL_SAMPLE_ALPHA_TO_COVERAGE, softRims && !pipeline.transparent);
     // What stands out of its box, or has no end, does not end where the depth range does.
     enable(GL_DEPTH_CLAMP, glyphs || strokes);
-    bool const cullBack = pipeline.cullBack || (pipeline.closed && context.eyeOutside);
+    bool const cullBack = pipeline.cullBack || (pipeline.closed && context.eyeOutside && !pipeline.cut);
     enable(GL_CULL_FACE, faces && (cullBack || pipeline.cullFront));
     // Not the front is redefined, for the shader lights by what winds counter-clockwise, mirrored or not.
     if (cullBack && pipeline.cullFront)

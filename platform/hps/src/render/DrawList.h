@@ -25,6 +25,7 @@ struct Pipeline {
     bool mirrored = false;         ///< the instance's matrix turns the winding round; matters to culling only
     std::int16_t displacement = 0; ///< of faces, in depth steps, away from the viewer
     std::uint16_t surface = 0;     ///< kind of the material table: features and textures beyond the plain
+    bool cut = false;              ///< sections run through it; chosen for each frame
 
     friend auto operator<=>(Pipeline const&, Pipeline const&) = default;
 };
@@ -50,12 +51,21 @@ struct Record {
     {
         return reach > 0 || from > 0 || to < std::numeric_limits<float>::infinity() || fine.indexCount > 0;
     }
+
+    /// The pipeline of a frame that sections run through.
+    Pipeline cutBy(bool sections) const
+    {
+        Pipeline result = pipeline;
+        result.cut = sections;
+        return result;
+    }
 };
 
 /// Records side by side that show one mesh range: one indirect command.
 struct RecordRun {
     std::uint32_t first, count;
     bool fine = false; ///< the records' fine range is shown
+    bool cut = false; ///< sections run through them; chosen for each frame
 };
 
 /// Records side by side of one pipeline that lie near each other.

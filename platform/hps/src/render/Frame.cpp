@@ -10,7 +10,9 @@ namespace HPS::render
 FrameCounts Frame::draw(Target const& target, DrawList const& list, Scene const& scene)
 {
     FrameCounts counts;
-    Viewing const viewing(scene.camera, target.width(), target.height(), list.bounds);
+    Box bounds = list.bounds;
+    if (scene.sections.caps != nullptr) bounds.add(scene.sections.caps->bounds);
+    Viewing const viewing(scene.camera, target.width(), target.height(), bounds);
     // Without perspective there is no eye that could stand within a body.
     bool const eyeOutside = !viewing.perspective || !list.bounds.contains(scene.camera.position);
     FrameContext context{target, list, scene, viewing, eyeOutside, 0, counts};
@@ -33,6 +35,7 @@ void Frame::upload(FrameContext& context)
 
 void Frame::drawSteps(FrameContext const& context)
 {
+    sections_.prepare(context);
     shadows_.draw(context);
     lights_.draw(context);
 

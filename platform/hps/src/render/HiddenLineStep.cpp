@@ -15,7 +15,7 @@ void HiddenLineStep::draw(FrameContext const& context, VisibleRecords const& vis
     for (RecordRun const& run : visible.opaque()) {
         Record const& record = context.list.records[run.first];
         if (record.pipeline.primitive == Primitive::Faces) continue;
-        Pipeline pipeline = record.pipeline;
+        Pipeline pipeline = record.cutBy(run.cut);
         pipeline.transparent = true;
         bool const line =
             pipeline.primitive == Primitive::Lines || pipeline.primitive == Primitive::ThinLines;

@@ -16,7 +16,7 @@ void HighlightStep::draw(FrameContext const& frame)
     calls_.clear();
     for (RecordRun const& run : visible_.opaque()) push(context, run);
     for (VisibleRecords::Entry const& entry : visible_.transparent())
-        push(context, {entry.record, 1, entry.fine});
+        push(context, {entry.record, 1, entry.fine, entry.cut});
     glEnable(GL_DEPTH_TEST);
     glDepthFunc(GL_LEQUAL);
     glBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
@@ -27,7 +27,7 @@ void HighlightStep::draw(FrameContext const& frame)
 void HighlightStep::push(FrameContext const& context, RecordRun const& run)
 {
     Record const& record = context.list.records[run.first];
-    calls_.push(record.pipeline, context.instanceBuffer, run.fine ? record.fine : record.range, run.first,
+    calls_.push(record.cutBy(run.cut), context.instanceBuffer, run.fine ? record.fine : record.range, run.first,
                 run.count);
 }
 

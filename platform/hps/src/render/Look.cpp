@@ -22,6 +22,7 @@ struct Defaults {
     LineAttributeData lines = LineAttributeKit::GetDefault().data();
     EdgeAttributeData edges = EdgeAttributeKit::GetDefault().data();
     MarkerAttributeData markers = MarkerAttributeKit::GetDefault().data();
+    CuttingSectionAttributeData cuts = CuttingSectionAttributeKit::GetDefault().data();
 };
 Defaults const& defaults()
 {
@@ -255,6 +256,32 @@ void readContours(Look& look, LookSources const& sources)
     look.contours = std::move(contours);
 }
 
+/// What is seen of a cut. Caps go with the faces that they close, unless they are asked for in any case.
+void readCut(Look& look, LookSources const& sources)
+{
+    using namespace CuttingSection;
+    using Kinds = VisibilityKinds;
+    CuttingSectionAttributeData const& fallback = defaults().cuts;
+    auto value = [&](auto slot) { return sources.cuts.*slot ? *(sources.cuts.*slot) : *(fallback.*slot); };
+    auto shows = [&](Kinds::Kind kind) {
+        return sources.visibility.shows(kind, defaults().visibility.shows(kind, true));
+    };
+    CappingUsage const usage = value(&CuttingSectionAttributeData::cappingUsage);
+    bool const wanted = usage == CappingUsage::On || (usage == CappingUsage::Visibility && look.facesShown);
+    look.cut.faces = wanted && shows(Kinds::CutFaces);
+    look.cut.edges = wanted && shows(Kinds::CutEdges);
+    if (!look.cut.faces && !look.cut.edges) return;
+    look.cut.level = value(&CuttingSectionAttributeData::cappingLevel);
+    auto const [tolerance, units] = value(&CuttingSectionAttributeData::tolerance);
+    look.cut.tolerance = tolerance;
+    look.cut.toleranceInPercent = units == ToleranceUnits::Percent;
+    bool const own = value(&CuttingSectionAttributeData::materialPreference) == MaterialPreference::Implicit;
+    paint(look.cut.face, own ? &MaterialMappingData::frontFace : &MaterialMappingData::cutFace, sources);
+    paint(look.cut.edge, &MaterialMappingData::cutEdge, sources);
+    if (!shows(Kinds::FaceLights)) look.cut.face.flags |= Unlit;
+    measure(look.cut.edge, sources.cuts.edgeWeight, fallback.edgeWeight, 1);
+}
+
 } // namespace
 
 Look lookOf(LookSources const& sources)
@@ -277,6 +304,7 @@ Look lookOf(LookSources const& sources)
                                      {Kinds::InteriorSilhouetteEdges, SilhouetteEdge},
                                      {Kinds::NonCulledEdges, NonCulledEdge}})
         if (shows(kind)) look.edges.kinds |= edge;
+    readCut(look, sources);
     bool const texts = shows(Kinds::Text), leaders = shows(Kinds::LeaderLines);
     look.text.shown = texts;
     if (!look.anything()) return look;

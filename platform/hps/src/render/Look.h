@@ -4,6 +4,7 @@
 #include "TextLook.h"
 #include "drawn_shapes.h"
 #include <hps/CullingKit.h>
+#include <hps/CuttingSectionAttributeKit.h>
 #include <hps/Definition.h>
 #include <hps/DrawingAttributeKit.h>
 #include <hps/EdgeAttributeKit.h>
@@ -31,6 +32,14 @@ struct Look {
     bool cullBack = false;
     std::int16_t displacement = 0;
     EdgeChoice edges;
+    struct Cut {
+        bool faces = false, edges = false;
+        CuttingSection::CappingLevel level = CuttingSection::CappingLevel::Segment;
+        float tolerance = 0; ///< in units of the segment, or in percent of the body's extent
+        bool toleranceInPercent = false;
+        Stroke face, edge;
+    };
+    Cut cut; ///< what is seen where sections cut
     Stroke face, edge, line, marker, vertex;
     /// Drawings at places of lines, and those that stand for markers that the marker shader does not know.
     std::vector<std::pair<ChainPlace, GlyphKit>> lineGlyphs;
@@ -48,7 +57,8 @@ struct Look {
 
     bool anything() const
     {
-        return facesShown || linesShown || markersShown || verticesShown || edges.any() || text.shown;
+        return facesShown || linesShown || markersShown || verticesShown || edges.any() || text.shown ||
+               cut.faces || cut.edges;
     }
 };
 
@@ -61,6 +71,7 @@ struct LookSources {
     MarkerAttributeData const& markers;
     DrawingAttributeData const& drawing;
     CullingData const& culling;
+    CuttingSectionAttributeData const& cuts;
     TextAttributeData const& texts;
     CurveAttributeData const& curves;
     NURBSSurfaceAttributeData const& surfaces;

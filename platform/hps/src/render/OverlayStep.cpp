@@ -12,7 +12,7 @@ void OverlayStep::draw(FrameContext const& context, VisibleRecords const& visibl
         calls_.clear();
         for (RecordRun const& run : visible.overlay(kind)) {
             Record const& record = context.list.records[run.first];
-            calls_.push(record.pipeline, context.instanceBuffer, run.fine ? record.fine : record.range,
+            calls_.push(record.cutBy(run.cut), context.instanceBuffer, run.fine ? record.fine : record.range,
                         run.first, run.count);
         }
         // One is last but hidden by what stands before it, one covers all in its own order, and one hides

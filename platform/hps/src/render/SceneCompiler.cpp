@@ -74,7 +74,7 @@ SceneCompiler::Result SceneCompiler::update(std::span<KeyIndex const> path, bool
         makeList(above, *segments.back());
     else
         tree_.follow(above, marks_);
-    if (startOver_) makeList(above, *segments.back());
+    if (startOver_ || sections_.stale()) makeList(above, *segments.back());
     list_.finish();
     for (auto& [id, subwindow] : subwindows_) subwindow.list.finish();
     // What stands above the view, and definitions in use, may matter to the picture as a whole.
@@ -85,6 +85,8 @@ SceneCompiler::Result SceneCompiler::update(std::span<KeyIndex const> path, bool
                                                  [&](KeyIndex key) { return key.slot == mark.slot; }));
         });
     if (sceneryStale_) readAllScenery();
+    sections_.finish(list_.bounds);
+    scene_.sections = sections_.sections();
     bool const rehighlight =
         fromScratch || (scene_.highlight != nullptr && shown_ > 0) ||
         std::any_of(marks_.begin(), marks_.end(), [&](ChangeMark const& mark) {
@@ -97,7 +99,7 @@ SceneCompiler::Result SceneCompiler::update(std::span<KeyIndex const> path, bool
     result.shownSegments = shown_;
     result.uploadedMeshes = meshes.uploads() - uploads;
     result.uploadMilliseconds = meshes.uploadMilliseconds() - time;
-    readScene({window != nullptr ? *window : *view, *view});
+    readScene({window != nullptr ? *window : *view, *view, segments.front(), segments.back()});
     return result;
 }
 
@@ -108,10 +110,13 @@ void SceneCompiler::makeList(NetAttributes const& above, SegmentRecord const& vi
     scenery_.clear();
     sceneryStale_ = true;
     subwindows_.clear();
+    sections_.begin();
+    scopes_.clear();
     startOver_ = false;
     making_ = true;
     tree_.make(above, view);
     TextureStore::instance().sweep();
+    sections_.settle();
     making_ = false;
     made_ = true;
 }
@@ -129,11 +134,18 @@ void SceneCompiler::show(OccurrenceId id, SegmentRecord const& segment, NetAttri
     bool const isSubwindow = noteSubwindow(id, segment);
     if (isSubwindow || !subwindows_.empty())
         if (Subwindow* const around = subwindowAround(id)) into_ = &around->list;
+    SectionCompiler::Scope const& scope = enterScope(id, segment, net, isSubwindow);
+    sectionSet_ = scope.own;
     if (content.drawable()) {
         Held& held = heldFor(net.state);
         into_->open(id, held.placing);
         draw(segment, held, wide(net.matrix));
         into_->close();
+        Look const& look = held.look;
+        if (into_ == &list_ && content.faces && scope.own != 0 && (look.cut.faces || look.cut.edges))
+            sections_.addBody(id, segment, look,
+                              MeshCache::instance().faces(segment, look.plainFaces, look.fineness).mesh.box(),
+                              wide(net.matrix), scope);
     } else {
         into_->remove(id);
     }
@@ -143,9 +155,22 @@ void SceneCompiler::show(OccurrenceId id, SegmentRecord const& segment, NetAttri
 void SceneCompiler::hide(OccurrenceId id)
 {
     list_.remove(id);
+    sections_.leave(id);
     subwindows_.erase(id);
     for (auto& [top, subwindow] : subwindows_) subwindow.list.remove(id);
     sceneryStale_ = scenery_.erase(id) != 0 || sceneryStale_;
+}
+
+// Sections cut what stands in the same window as they do.
+SectionCompiler::Scope const& SceneCompiler::enterScope(OccurrenceId id, SegmentRecord const& segment,
+                                                        NetAttributes const& net, bool isSubwindow)
+{
+    if (id >= scopes_.size()) scopes_.resize(std::size_t(id) + 1);
+    OccurrenceId const owner = tree_.parentOf(id);
+    bool const alone = isSubwindow || owner == noOccurrence;
+    SectionCompiler::Scope const above = alone ? SectionCompiler::Scope() : scopes_[owner];
+    MeshCache::Content const& content = MeshCache::instance().content(segment);
+    return scopes_[id] = sections_.enter(id, segment, content.scenery, net, above);
 }
 
 // True if the occurrence is a window of its own.
@@ -174,7 +199,8 @@ Subwindow* SceneCompiler::subwindowAround(OccurrenceId id)
 std::vector<Subwindow const*> SceneCompiler::subwindows() const
 {
     std::vector<Subwindow const*> all;
-    for (auto const& [id, subwindow] : subwindows_) all.push_back(&subwindow);
+    for (auto const& [id, subwindow] : subwindows_)
+        if (subwindow.shown) all.push_back(&subwindow);
     std::stable_sort(all.begin(), all.end(),
                      [](Subwindow const* a, Subwindow const* b) { return a->order < b->order; });
     return all;
@@ -198,10 +224,16 @@ void SceneCompiler::readSubwindows()
                               [](KitPointer const& kit) { return kit->kind == KitKind::Camera; });
             subwindow.scene.camera = readCamera({own, own});
         }
-        using HPS::Subwindow::Background;
-        subwindow.scene.background = readBackground({state, state});
-        if (auto const& background = subwindow.data.background)
-            subwindow.scene.background.shown = std::get<0>(*background) != Background::Transparent;
+        subwindow.scene.sections.caps = nullptr; // those are the view's
+        subwindow.scene.background = readBackground(state, &subwindow.data);
+        if (subwindow.scene.background.kind == Background::Kind::Nothing)
+            subwindow.scene.background.shown = false;
+        subwindow.shown = state.get<VisibilityData>().shows(VisibilityKinds::Windows, true);
+        if (std::get<HPS::Subwindow::Type>(*subwindow.data.subwindow) != HPS::Subwindow::Type::Lightweight)
+            continue;
+        subwindow.scene.faceStyle = FaceStyle::Smooth;
+        subwindow.scene.shadows = {};
+        subwindow.scene.effects = {};
     }
 }
 
@@ -216,7 +248,8 @@ SceneCompiler::Held& SceneCompiler::heldFor(NetStatePointer const& state)
         held.look = render::lookOf(
             {state->get<VisibilityData>(), state->get<MaterialMappingData>(), state->get<LineAttributeData>(),
              state->get<EdgeAttributeData>(), state->get<MarkerAttributeData>(),
-             state->get<DrawingAttributeData>(), state->get<CullingData>(), state->get<TextAttributeData>(),
+             state->get<DrawingAttributeData>(), state->get<CullingData>(),
+             state->get<CuttingSectionAttributeData>(), state->get<TextAttributeData>(),
              state->get<CurveAttributeData>(), state->get<NURBSSurfaceAttributeData>(),
              state->get<CylinderAttributeData>(), state->get<SphereAttributeData>(),
              state->get<ContourLineData>(), palette, state->portfolios, list_.strokes});
@@ -393,8 +426,9 @@ void SceneCompiler::add(MeshCache::Drawable const& drawable, Primitive primitive
 }
 
 void SceneCompiler::emit(MeshCache::Drawable const& drawable, Pipeline pipeline, MeshRange const& range,
-                         Mat4 const& matrix, Instance const& instance, float reach)
+                         Mat4 const& matrix, Instance instance, float reach)
 {
+    instance.material = packMaterial(instance.material, sectionSet_);
     // Over the same faces in the model's own look.
     if (into_ == &highlight_ && pipeline.primitive == Primitive::Faces) --pipeline.displacement;
     if (only_ == 0) return into_->add(pipeline, range, drawable.mesh.box(), matrix, instance, reach);
@@ -470,6 +504,7 @@ void SceneCompiler::highlight(OccurrenceId id, MatrixKit const& matrix,
     Highlights const& all = highlightsOf(path_.front());
     Held& held = heldFor(highlighted(fold_, tree_.stateOf(id), all, numbers));
     only_ = geometry;
+    sectionSet_ = id < scopes_.size() ? scopes_[id].own : 0;
     highlight_.placing = held.placing;
     if (auto const& overlay = all[numbers.back()].options.overlay) highlight_.placing.overlay = *overlay;
     if (geometry != 0) ++highlight_.placing.order; // over the rest of its segment

@@ -5,6 +5,7 @@
 #include "MeshCache.h"
 #include "OccurrenceTree.h"
 #include "TextCompiler.h"
+#include "SectionCompiler.h"
 #include "highlight_targets.h"
 #include "net_attributes.h"
 #include "read_scene.h"
@@ -21,6 +22,7 @@ namespace HPS::render
 struct Subwindow {
     OccurrenceId id, within; ///< `within` is the subwindow around it, or none
     SubwindowData data;
+    bool shown = true;
     std::int16_t order = 0; ///< drawn later the higher it is
     DrawList list;
     Scene scene;
@@ -80,11 +82,13 @@ private:
     void add(MeshCache::Drawable const& drawable, Primitive primitive, Look::Stroke const& stroke,
              Mat4 const& matrix, float reach = 0);
     void emit(MeshCache::Drawable const& drawable, Pipeline pipeline, MeshRange const& range,
-              Mat4 const& matrix, Instance const& instance, float reach = 0);
+              Mat4 const& matrix, Instance instance, float reach = 0);
     void makeHighlight();
     void highlightBelow(OccurrenceId top, HighlightTargets const& targets);
     void highlight(OccurrenceId id, MatrixKit const& matrix, std::span<std::uint32_t const> numbers,
                    scene::SlotIndex geometry);
+    SectionCompiler::Scope const& enterScope(OccurrenceId id, scene::SegmentRecord const& segment,
+                                             scene::NetAttributes const& net, bool isSubwindow);
     void readScene(SceneSources const& sources);
     void readAllScenery();
     void readScenery(scene::SlotIndex slot, scene::NetAttributes const& net);
@@ -109,6 +113,9 @@ private:
     DrawList* into_ = &list_;   ///< where records go
     scene::SlotIndex only_ = 0; ///< the one geometry that is drawn; 0 for all
     TextCompiler texts_;
+    SectionCompiler sections_;
+    std::vector<SectionCompiler::Scope> scopes_; ///< by occurrence
+    std::uint32_t sectionSet_ = 0;               ///< of what is drawn
     Scene scene_;
 };
 

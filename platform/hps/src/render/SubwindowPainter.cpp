@@ -25,7 +25,9 @@ FrameCounts SubwindowPainter::draw(Target const& target, std::vector<Subwindow c
         Scene scene = subwindow->scene;
         scene.quality = around.quality;
         scene.smallest = around.smallest;
-        if (!scene.background.shown) painter.target.copyFrom(target, area.left, area.bottom);
+        Background const& background = scene.background;
+        if (!background.shown || background.from[3] < 1)
+            painter.target.copyFrom(target, area.left, area.bottom);
         FrameCounts const counts = painter.frame.draw(painter.target, subwindow->list, scene);
         painter.target.copyTo(target, area.left, area.bottom);
         drawBorder(target, *subwindow, area);

@@ -13,8 +13,9 @@ void TransparentStep::draw(FrameContext const& context, VisibleRecords const& vi
         std::uint32_t const i = entry.record;
         Record const& record = context.list.records[i];
         MeshRange const& range = VisibleRecords::rangeOf(context.list, entry);
+        Pipeline const pipeline = record.cutBy(entry.cut);
         auto emit = [&](std::uint32_t side) {
-            calls_.push(record.pipeline, buffer_.name(), range, std::uint32_t(sorted_.size()));
+            calls_.push(pipeline, buffer_.name(), range, std::uint32_t(sorted_.size()));
             sorted_.push_back(context.list.instances[i]);
             sorted_.back().flags |= side;
         };

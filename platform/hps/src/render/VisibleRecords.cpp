@@ -82,13 +82,19 @@ void VisibleRecords::choose(FrameContext const& context, RecordGroup const& grou
     double const smallest = std::max(double(pipeline.placing.smallest), faces ? context.scene.smallest : 0);
     bool const someSmall =
         smallest > 0 && group.smallest * context.viewing.pixelsPerUnit(group.box) < smallest;
+    if (context.scene.sections.any()) {
+        chooseSingly(context, group, smallest, false);
+        return chooseSingly(context, group, smallest, true);
+    }
     if (sight != Viewing::Sight::Whole || someSmall || pipeline.transparent || group.single)
-        return chooseSingly(context, group, smallest);
+        return chooseSingly(context, group, smallest, false);
     double const depth = context.viewing.toView(group.box.centre()).z;
     parts_.push_back({group.pipeline, group.first, depth, &list.runs[group.first], group.runs});
 }
 
-void VisibleRecords::chooseSingly(FrameContext const& context, RecordGroup const& group, double smallest)
+// Of those that sections run through, or of the rest.
+void VisibleRecords::chooseSingly(FrameContext const& context, RecordGroup const& group, double smallest,
+                                  bool cut)
 {
     DrawList const& list = context.list;
     Viewing const& viewing = context.viewing;
@@ -99,7 +105,11 @@ void VisibleRecords::chooseSingly(FrameContext const& context, RecordGroup const
         RecordRun const& run = list.runs[group.first + r];
         for (std::uint32_t i = run.first; i < run.first + run.count; ++i) {
             Record const& record = list.records[i];
-            bool drawn = viewing.sees(record.world, record.reach) &&
+            CutReach const reach =
+                context.scene.sections.reach(list.instances[i].material >> materialBits, record.world);
+            if (reach != CutReach::Gone && (reach == CutReach::Cut) != cut) continue;
+            if (reach == CutReach::Gone && cut) continue; // counted before
+            bool drawn = reach != CutReach::Gone && viewing.sees(record.world, record.reach) &&
                          (smallest == 0 || record.reach > 0 ||
                           record.world.diagonal() * viewing.pixelsPerUnit(record.world) >= smallest);
             bool fine = false;
@@ -111,13 +121,13 @@ void VisibleRecords::chooseSingly(FrameContext const& context, RecordGroup const
             if (!drawn) {
                 ++context.counts.culledRecords;
             } else if (sorted) {
-                transparent_.push_back({viewing.toView(record.world.centre()).z, i, fine});
+                transparent_.push_back({viewing.toView(record.world.centre()).z, i, fine, cut});
                 count(record, 1, context.counts);
             } else if (i > run.first && single_.size() > firstSingle &&
                        single_.back().first + single_.back().count == i && single_.back().fine == fine) {
                 ++single_.back().count;
             } else {
-                single_.push_back({i, 1, fine});
+                single_.push_back({i, 1, fine, cut});
             }
         }
     }

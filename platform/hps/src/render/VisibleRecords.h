@@ -14,6 +14,7 @@ public:
         double depth; ///< of the box's middle, larger towards the viewer
         std::uint32_t record;
         bool fine = false; ///< the record's fine range is drawn
+        bool cut = false; ///< sections run through it
     };
 
     void choose(FrameContext const& context);
@@ -45,7 +46,7 @@ private:
         std::uint32_t count;
     };
     void choose(FrameContext const& context, RecordGroup const& group);
-    void chooseSingly(FrameContext const& context, RecordGroup const& group, double smallest);
+    void chooseSingly(FrameContext const& context, RecordGroup const& group, double smallest, bool cut);
     void distribute(DrawList const& list, FrameCounts& counts);
     std::vector<Part> parts_;
     std::vector<RecordRun> single_; ///< runs of groups of which a part is drawn

@@ -74,8 +74,9 @@ bool CanvasPicture::compile(CanvasRecord const& canvas, LayoutRecord const& layo
     bool changed = false;
     for (std::size_t i = 0; i < layers_.size(); ++i) {
         Layer& layer = layers_[i];
-        auto const* const view = Registry::instance().find(layer.view);
+        auto* const view = Registry::instance().find(layer.view);
         if (view == nullptr) continue;
+        followCamera(*view);
         LayoutRecord::Layer const& place = layout.layers[i];
         std::array const path{canvas.window.Index(), canvas.include.Index(), layout.segment.Index(),
                               place.segment.Index(), place.include.Index(),  view->segment.Index()};

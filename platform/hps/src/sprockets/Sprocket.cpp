@@ -29,6 +29,8 @@ void deleteParts(ModelRecord& model)
 void deleteParts(ViewRecord& view)
 {
     view.segment.Delete();
+    view.corners.triad.portfolio.Delete();
+    view.corners.cube.portfolio.Delete();
 }
 void deleteParts(LayoutRecord& layout)
 {

@@ -1,7 +1,8 @@
 #include "VisibleExtent.h"
 #include "fitting.h"
 #include "records.h"
-#include <hps/View.h>
+#include <hps/AxisTriadControl.h>
+#include <hps/NavigationCubeControl.h>
 
 namespace HPS
 {
@@ -101,6 +102,16 @@ bool View::ShowCamera(CameraKit& camera) const
 {
     auto const* const record = Registry::instance().find(*this);
     return record != nullptr && record->segment.ShowCamera(camera);
+}
+
+AxisTriadControl View::GetAxisTriadControl() const
+{
+    return AxisTriadControl(*this);
+}
+
+NavigationCubeControl View::GetNavigationCubeControl() const
+{
+    return NavigationCubeControl(*this);
 }
 
 View& View::SetRenderingMode(Rendering::Mode mode)

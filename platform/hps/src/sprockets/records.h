@@ -1,6 +1,7 @@
 // What stands behind the sprocket handles.
 #pragma once
 #include "SlotTable.h"
+#include "corner.h"
 #include <hps/ApplicationWindowOptionsKit.h>
 #include <hps/CameraKit.h>
 #include <hps/Canvas.h>
@@ -31,6 +32,7 @@ struct ViewRecord {
     Model model;
     Rendering::Mode mode = Rendering::Mode::Gouraud;
     CameraKit automatic; ///< the last camera set by the view itself; one that differs is the user's
+    CornerRecords corners;
 };
 
 struct LayoutRecord {

@@ -11,6 +11,9 @@ namespace HPS::render
 enum class Feature : std::uint64_t {
     Flat = 1u << 0,        ///< lit by the triangles' own normals
     Transparent = 1u << 1, ///< draws one side of a face alone where an instance asks for it
+    BackgroundImage = 1u << 18,
+    BackgroundCube = 1u << 19,
+    Cut = 1u << 20,        ///< leaves out what the instance's cutting sections take away
 
     // What lights and materials ask for.
     Gouraud = 1ull << 32,     ///< lit at the corners, and blended in between

@@ -48,6 +48,9 @@ constexpr std::array features{
     NamedFeature{Feature::EnvironmentCube, "ENVIRONMENT_CUBE"},
     NamedFeature{Feature::EnvironmentColour, "ENVIRONMENT_COLOUR"},
     NamedFeature{Feature::Indexed, "INDEXED"},
+    NamedFeature{Feature::Cut, "CUT"},
+    NamedFeature{Feature::BackgroundImage, "BACKGROUND_IMAGE"},
+    NamedFeature{Feature::BackgroundCube, "BACKGROUND_CUBE"},
 };
 
 /// Appends a module and, before the place where it asks for them, the modules that it takes in.

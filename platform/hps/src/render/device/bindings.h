@@ -28,6 +28,7 @@ enum StorageBinding : unsigned {
     MaterialBinding,
     LayerBinding,
     ParameterBinding,
+    SectionBinding = 7,
     StrokeHeadBinding = 8, ///< the three tables of a StrokeTable
     StrokeRowBinding,
     StrokeDashBinding,

@@ -85,6 +85,9 @@ public:
     /// True if every vertex has parameters.
     bool parametersComplete() const;
     bool hasViewEdges() const { return !viewEdges_.empty(); }
+    std::span<FaceVertex const> vertices() const { return vertices_; }
+    std::span<std::uint32_t const> indices() const { return indices_; }
+
     /// True if a face brings a colour that is not opaque.
     bool translucent() const { return translucent_; }
     /// True if the faces bound volumes and are turned outwards.

@@ -58,7 +58,8 @@ void MeshCache::refresh()
     }
     for (ChangeMark const& mark : marks_) {
         if (has(mark.changes, Change::Geometry))
-            if (auto const* const geometry = store().at<GeometryRecord>(mark.slot)) drop(geometry->owner);
+            if (auto const* const geometry = store().at<GeometryRecord>(mark.slot))
+                if (geometry->type != Type::CuttingSectionKey) drop(geometry->owner); // it makes no mesh
         if (has(mark.changes, Change::Structure | Change::Removed)) drop(mark.slot);
     }
     // What a reference shows may have been touched wherever it stands.
@@ -79,6 +80,7 @@ MeshCache::Entry& MeshCache::entry(SegmentRecord const& segment)
     if (slot == nullptr || slot->generation != generation) {
         slot = std::make_unique<Entry>();
         slot->generation = generation;
+        slot->version = ++versions_;
         slot->content = contentOf(segment);
         if (slot->content.references) referring_.push_back(segment.slot);
     }
@@ -186,6 +188,15 @@ MeshCache::Drawable const& MeshCache::withParameters(SegmentRecord const& segmen
     drawable.parametersComplete = drawable.mesh.parameters() && builder_.parametersComplete();
     drawable.parametersKnown = true;
     return drawable;
+}
+
+MeshCache::Triangles MeshCache::triangles(SegmentRecord const& segment, Fineness const& fineness)
+{
+    builder_.clear();
+    parts_.clear();
+    gatherFaces(segment, fineness,
+                [&](ShellData const& shell, bool) { builder_.addShellFaces(shell, true); });
+    return {builder_.vertices(), builder_.indices(), parts_};
 }
 
 MeshCache::Drawable const& MeshCache::edges(SegmentRecord const& segment, EdgeChoice const& choice,

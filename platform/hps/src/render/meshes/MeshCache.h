@@ -68,6 +68,17 @@ public:
     /// Drawings at ends or corners of lines.
     Drawable const& lineGlyphs(scene::SegmentRecord const& segment, GlyphKit const& glyph, ChainPlace where,
                                Fineness const& fineness);
+    /// The faces as triangles for the processor; valid until anything else is asked for.
+    struct Triangles {
+        std::span<FaceVertex const> vertices;
+        std::span<std::uint32_t const> indices;
+        std::span<Part const> parts;
+    };
+    Triangles triangles(scene::SegmentRecord const& segment, Fineness const& fineness);
+    /// Differs from that of every other state of every segment.
+    std::uint64_t version(scene::SegmentRecord const& segment) { return entry(segment).version; }
+    /// Of a fineness, as far as it matters to a segment.
+    std::uint32_t numberOf(scene::SegmentRecord const& segment, Fineness const& fineness);
     Drawable const& markers(scene::SegmentRecord const& segment);
     Drawable const& vertices(scene::SegmentRecord const& segment, bool plain, Fineness const& fineness);
     /// Markers, or vertices, as drawings. Degrees.
@@ -123,6 +134,7 @@ private:
     };
     struct Entry {
         std::uint32_t generation = 0;
+        std::uint64_t version = 0;
         Content content;
         std::vector<std::pair<MeshKey, std::unique_ptr<Drawable>>> drawables;
     };
@@ -138,7 +150,6 @@ private:
     template <class Add>
     void gatherChains(scene::SegmentRecord const& segment, Fineness const& fineness, Add const& add);
     template <class Add> void gatherMarkers(scene::SegmentRecord const& segment, Add const& add);
-    std::uint32_t numberOf(scene::SegmentRecord const& segment, Fineness const& fineness);
     Mesh uploadStrokes();
     void drop(scene::SlotIndex slot);
 
@@ -154,6 +165,7 @@ private:
     Numbers<ContourLineData> contours_;
     std::vector<scene::SlotIndex> referring_; ///< segments that hold references, some twice
     std::vector<Part> parts_;                 ///< of what is gathered in the builder
+    std::uint64_t versions_ = 0;
     std::uint32_t uploads_ = 0;
     double uploadMilliseconds_ = 0;
 };

@@ -7,6 +7,7 @@ namespace HPS
 {
 struct DistantLightData;
 struct SpotlightData;
+struct SubwindowData;
 } // namespace HPS
 
 namespace HPS::render
@@ -16,10 +17,18 @@ namespace HPS::render
 struct SceneSources {
     scene::NetState const& window; ///< at the canvas's window
     scene::NetState const& view;   ///< at the view's segment
+    scene::SegmentRecord const* windowSegment = nullptr;
+    scene::SegmentRecord const* viewSegment = nullptr;
 };
 
 Camera readCamera(SceneSources const& sources);
+/// As the view's segment says, or else the window's.
 Background readBackground(SceneSources const& sources);
+/// Of a window with a kit, or with none, and what holds there.
+Background readBackground(scene::NetState const& state, SubwindowData const* subwindow);
+/// A segment's own; null if it has none.
+SubwindowData const* subwindowOf(scene::SegmentRecord const& segment);
+
 Transparency readTransparency(SceneSources const& sources);
 Shadows readShadows(SceneSources const& sources);
 Effects readEffects(SceneSources const& sources);

@@ -1,7 +1,8 @@
 #include "background.glsl"
-out vec3 tint;
+out vec4 tint;
+out vec2 place;         // from -1 to 1 in the window
 void main() {
-    vec2 corner = vec2((gl_VertexID & 1) * 4 - 1, (gl_VertexID & 2) * 2 - 1);
-    tint = mix(backgroundBottom.rgb, backgroundTop.rgb, corner.y * 0.5 + 0.5);
-    gl_Position = vec4(corner, 0.0, 1.0);
+    place = vec2((gl_VertexID & 1) * 4 - 1, (gl_VertexID & 2) * 2 - 1);
+    tint = mix(fromColour, toColour, dot(ramp.xyz, vec3(place, 1.0)));
+    gl_Position = vec4(place, 0.0, 1.0);
 }

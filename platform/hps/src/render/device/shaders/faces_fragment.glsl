@@ -4,6 +4,7 @@
 #include "frame.glsl"
 #include "faces.glsl"
 #include "lights.glsl"
+#include "sections_fragment.glsl"
 in vec3 direction;
 TINT in vec4 tint;
 #ifdef PLACE
@@ -41,6 +42,7 @@ Lighting lightHere(vec3 n, vec3 ambient, float exponent) {
 #endif
 
 void main() {
+    cut();
 #ifdef TRANSPARENT
     if ((bits & (gl_FrontFacing ? 4u : 2u)) != 0u) discard;
 #endif

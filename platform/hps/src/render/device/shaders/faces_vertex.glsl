@@ -1,6 +1,7 @@
 // The normal goes by the cofactors of the matrix: right for any scale, and it keeps to the side from which
 // the corners run counter-clockwise, in a mirror too. A zero direction stands for a face without light.
 #include "instance.glsl"
+#include "sections_vertex.glsl"
 #include "faces.glsl"
 layout(location = 1) in vec4 normal;        // w: 1 for a colour of the vertex's own, -1 for an index
 layout(location = 2) in vec4 vertexColour;
@@ -37,6 +38,7 @@ out vec3 backGloss;
 #endif
 void main() {
     vec3 view = toView(position);
+    cutAt(position);
 #ifdef MATERIAL
     bool dark = (flags & 1u) != 0u;
 #else

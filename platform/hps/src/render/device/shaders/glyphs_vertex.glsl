@@ -1,6 +1,7 @@
 // Flat drawings that stand at a point. Those that are planted have axes and a place of their own: letters. The
 // others stand upright at places of a mesh, or along a line there: markers and ends of lines.
 #include "instance.glsl"
+#include "sections_vertex.glsl"
 layout(location = 1) in vec3 toward;
 layout(location = 2) in vec2 offset;
 flat out vec4 tint;
@@ -27,5 +28,9 @@ vec4 standing() {
 }
 void main() {
     tint = colour;
+    if ((flags & 32u) != 0u)
+        cutFrom(vec3(row0.w, row1.w, row2.w) - target.xyz, true);
+    else
+        cutAt(position);
     gl_Position = (flags & 32u) != 0u ? planted() : standing();
 }

@@ -1,4 +1,5 @@
 // Distances to the rim in pixels, negative inside. Bits as in GlyphPart.
+#include "sections_fragment.glsl"
 flat in vec4 tint;
 flat in uint glyph;
 flat in float radius;
@@ -6,6 +7,7 @@ in vec2 place;
 layout(location = 0) out vec4 result;
 float bar(vec2 p, float pen) { return max(abs(p.x) - radius, abs(p.y) - pen); }
 void main() {
+    cut();
     float pen = max(0.1 * radius, 0.6);
     vec2 p = (glyph & 8192u) != 0u ? vec2(place.x, -place.y) : place;
     vec2 a = abs(p);

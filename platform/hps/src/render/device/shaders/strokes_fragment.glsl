@@ -1,5 +1,6 @@
 // Distances to the rim in pixels, negative inside.
 #include "strokes.glsl"
+#include "sections_fragment.glsl"
 flat in vec4 tint;
 noperspective in vec2 place;
 flat in vec4 measures;
@@ -34,6 +35,7 @@ float join(uint kind, vec2 q, vec2 next, float h) {
     return rim;
 }
 void main() {
+    cut();
     float l = measures.x, width = measures.y, start = measures.z, unit = measures.w, h = 0.5 * width;
     StrokeHead head = strokeHeads[style.x];
     bool first = (style.y & 1u) != 0u, last = (style.y & 2u) != 0u;

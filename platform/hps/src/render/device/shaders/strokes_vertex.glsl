@@ -1,6 +1,7 @@
 // A piece of a chain as a strip that has room for its caps and joins; which of it is seen, the fragments find
 // out. `place` counts in pixels along the piece and across it.
 #include "instance.glsl"
+#include "sections_vertex.glsl"
 #include "strokes.glsl"
 layout(location = 1) in vec3 end;
 layout(location = 2) in vec3 before;
@@ -40,6 +41,10 @@ void main() {
     vec3 viewA = toView(position), viewB = toView(end);
     vec4 a = projection * vec4(viewA, 1.0), b = projection * vec4(viewB, 1.0);
     uint row = material & 0xFFFFFu;
+    if ((kind & 4u) != 0u)
+        cutFrom(vec3(0.0), false);  // without end
+    else
+        cutAt((gl_VertexID & 2) != 0 ? end : position);
     float skipped = 0.0;
     if ((kind & 4u) != 0u) {
         vec4 start = a, d = projection * vec4(normalize(viewB - viewA), 0.0);

@@ -1,5 +1,6 @@
 // Normals go by the cofactors of the matrix, as those of faces do.
 #include "wide_line.glsl"
+#include "sections_vertex.glsl"
 layout(location = 1) in vec3 end;
 layout(location = 2) in vec4 first;     // w: 1 shows wherever a face is turned to the viewer, -1 always
 layout(location = 10) in vec4 second;
@@ -11,6 +12,7 @@ float turned(vec3 normal, vec3 sight) {
     return dot(mat3(rotation) * n, sight);
 }
 void main() {
+    cutAt((gl_VertexID & 2) != 0 ? end : position);
     vec3 a = toView(position), b = toView(end);
     vec3 sight = eye.w > 0.5 ? eye.xyz - 0.5 * (a + b) : vec3(0.0, 0.0, 1.0);
     bool near = turned(first.xyz, sight) > 0.0, far = turned(second.xyz, sight) > 0.0;
