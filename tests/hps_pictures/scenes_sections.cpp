@@ -34,6 +34,23 @@ void bodies(SegmentKey root)
     tube.Consume(kit);
 }
 
+/// Slanting lines on the caps.
+void hatch(Stage& stage)
+{
+    constexpr unsigned side = 16;
+    ByteArray bytes;
+    for (unsigned y = 0; y < side; ++y)
+        for (unsigned x = 0; x < side; ++x)
+            for (int channel = 0; channel < 3; ++channel)
+                bytes.push_back((x + y) % side < 4 ? byte(40) : byte(230));
+    ImageKit image;
+    image.SetSize(side, side).SetFormat(Image::Format::RGB).SetData(bytes);
+    PortfolioKey portfolio = stage.model.GetPortfolioKey();
+    stage.viewSegment().GetPortfolioControl().Push(portfolio);
+    portfolio.DefineTexture("hatch", portfolio.DefineImage("hatch", image), TextureOptionsKit());
+    stage.viewSegment().GetMaterialMappingControl().SetCutFaceTexture("hatch");
+}
+
 /// As the case's words say: which planes, in one section or in several.
 void cutBodies(Stage& stage)
 {
@@ -54,6 +71,7 @@ void cutBodies(Stage& stage)
     if (stage.has("own"))
         stage.viewSegment().GetCuttingSectionAttributeControl().SetMaterialPreference(
             CuttingSection::MaterialPreference::Implicit);
+    if (stage.has("hatched")) hatch(stage);
     if (stage.has("lines")) stage.viewSegment().GetVisibilityControl().SetEdges(true);
 }
 

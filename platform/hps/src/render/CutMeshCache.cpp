@@ -56,7 +56,8 @@ CutMeshCache::Meshes const& CutMeshCache::ofSegment(scene::SegmentRecord const& 
                                                     double tolerance)
 {
     MeshCache& meshes = MeshCache::instance();
-    Key const key{meshes.version(segment), meshes.numberOf(segment, fineness), perGeometry, std::bit_cast<std::uint64_t>(tolerance)};
+    Key const key{meshes.version(segment), meshes.numberOf(segment, fineness), perGeometry,
+                  std::bit_cast<std::uint64_t>(tolerance)};
     return find(key, [&] {
         MeshCache::Triangles const triangles = meshes.triangles(segment, fineness);
         std::vector<CutMesh> result;

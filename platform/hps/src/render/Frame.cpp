@@ -52,6 +52,7 @@ void Frame::drawSteps(FrameContext const& context)
     opaque_.draw(context, visible_);
     hiddenLines_.draw(context, visible_);
     sections_.draw(context);
+    if (context.scene.sections.any()) buffers_.bindMaterials();
     transparent_.draw(context, visible_);
     effects_.finish(context);
     highlight_.draw(context);

@@ -143,7 +143,7 @@ void SceneCompiler::show(OccurrenceId id, SegmentRecord const& segment, NetAttri
         into_->close();
         Look const& look = held.look;
         if (into_ == &list_ && content.faces && scope.own != 0 && (look.cut.faces || look.cut.edges))
-            sections_.addBody(id, segment, look,
+            sections_.addBody(id, segment, look, held.cap,
                               MeshCache::instance().faces(segment, look.plainFaces, look.fineness).mesh.box(),
                               wide(net.matrix), scope);
     } else {
@@ -254,6 +254,7 @@ SceneCompiler::Held& SceneCompiler::heldFor(NetStatePointer const& state)
              state->get<CylinderAttributeData>(), state->get<SphereAttributeData>(),
              state->get<ContourLineData>(), palette, state->portfolios, list_.strokes});
         if (held.look.facesShown) held.faces = FaceLooks(state);
+        if (held.look.cut.faces) held.cap = capSide(*state);
     }
     return held;
 }

@@ -4,8 +4,8 @@
 #include "Look.h"
 #include "MeshCache.h"
 #include "OccurrenceTree.h"
-#include "TextCompiler.h"
 #include "SectionCompiler.h"
+#include "TextCompiler.h"
 #include "highlight_targets.h"
 #include "net_attributes.h"
 #include "read_scene.h"
@@ -62,6 +62,7 @@ private:
         scene::NetStatePointer state; ///< keeps the address in the key from being used again
         Look look;
         FaceLooks faces;
+        FaceSide cap; ///< where sections cut
         Placing placing;
     };
     void show(OccurrenceId id, scene::SegmentRecord const& segment, scene::NetAttributes const& net) override;

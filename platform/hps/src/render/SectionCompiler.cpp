@@ -57,11 +57,10 @@ FaceVertex vertex(Vec3 const& at, Vec3 const& normal)
     return v;
 }
 
-Mesh upload(std::vector<Cap> const& caps)
+Mesh upload(Cap const& cap)
 {
     std::vector<FaceVertex> vertices;
-    for (Cap const& cap : caps)
-        for (Vec3 const& corner : cap.triangles) vertices.push_back(vertex(corner, cap.normal));
+    for (Vec3 const& corner : cap.triangles) vertices.push_back(vertex(corner, cap.normal));
     std::vector<std::uint32_t> indices(vertices.size());
     for (std::uint32_t i = 0; i < indices.size(); ++i) indices[i] = i;
     return MeshStore::instance().addFaces(vertices, indices);
@@ -84,7 +83,41 @@ Mesh upload(std::vector<Vec3> const& ends)
     return MeshStore::instance().addLines(segments);
 }
 
+/// Textures lie on the plane of a cap as on a wall: upright and unbent, in the same place for all bodies.
+SurfaceMaterial onPlane(SurfaceMaterial material, Vec3 const& normal, double tile)
+{
+    if (material.layers.empty()) return material;
+    Vec3 const n = normalised(normal, {0, 0, 1});
+    Vec3 const some = std::abs(n.z) < 0.9 ? Vec3{0, 0, 1} : Vec3{0, 1, 0};
+    Vec3 const u = normalised(cross(some, n), {1, 0, 0}) * (1 / tile), v = cross(n, u);
+    for (LayerRow& layer : material.layers) {
+        if (layer.source != LayerSource::Parameters) continue;
+        layer.source = LayerSource::World;
+        for (float(*row)[4] : {&layer.u, &layer.v}) {
+            float(&c)[4] = *row;
+            Vec3 const along = u * double(c[0]) + v * double(c[1]);
+            c[0] = float(along.x);
+            c[1] = float(along.y);
+            c[2] = float(along.z);
+        }
+    }
+    material.kind.features.set(Feature::Projected);
+    return material;
+}
+
 } // namespace
+
+FaceSide capSide(NetState const& state)
+{
+    MaterialMappingData mapping = state.get<MaterialMappingData>();
+    auto const& cuts = state.get<CuttingSectionAttributeData>();
+    if (cuts.materialPreference != MaterialPreference::Implicit) {
+        static MaterialMappingData const fallback = MaterialMappingKit::GetDefault().data();
+        mapping.frontFace = mapping.cutFace ? mapping.cutFace : fallback.cutFace;
+    }
+    mapping.backFace = mapping.frontFace;
+    return FaceLook(mapping, state).front;
+}
 
 void SectionCompiler::begin()
 {
@@ -154,12 +187,12 @@ SectionCompiler::Scope SectionCompiler::enter(Place at, SegmentRecord const& seg
     return scope;
 }
 
-void SectionCompiler::addBody(Place at, SegmentRecord const& segment, Look const& look, Box const& local,
-                              Mat4 const& matrix, Scope const& scope)
+void SectionCompiler::addBody(Place at, SegmentRecord const& segment, Look const& look, FaceSide const& side,
+                              Box const& local, Mat4 const& matrix, Scope const& scope)
 {
     if (!look.cut.faces && !look.cut.edges) return;
-    parts_[at] = {segment.slot, matrix, transformed(local, matrix), scope, look.cut, look.fineness,
-                  look.displacement};
+    parts_[at] = {segment.slot,  matrix, transformed(local, matrix), scope, look.cut,
+                  look.fineness, side,   look.displacement};
     partsChanged_ = true;
 }
 
@@ -183,7 +216,8 @@ void SectionCompiler::gatherBodies()
         std::size_t body = bodies_.size();
         if (tree) body = trees.try_emplace({part.scope.tree, part.scope.own}, body).first->second;
         if (body == bodies_.size())
-            bodies_.push_back({{}, {}, whole, part.scope.own, part.look, part.fineness, part.displacement});
+            bodies_.push_back(
+                {{}, {}, whole, part.scope.own, part.look, part.fineness, part.side, part.displacement});
         bodies_[body].members.push_back({part.segment, tree ? part.matrix * inverse(whole) : identity});
         bodies_[body].world.add(part.world);
     }
@@ -209,6 +243,8 @@ void SectionCompiler::finish(Box const& bounds)
     caps_.clear();
     sections_.caps = nullptr;
     readPlanes();
+    // A dozen repeats across all that is cut.
+    tile_ = bounds.empty() ? 1 : std::max(bounds.diagonal() / 12, 1e-12);
     if (sections_.any()) {
         gatherBodies();
         for (Body const& body : bodies_)
@@ -237,8 +273,9 @@ void SectionCompiler::close(Body const& body)
     for (std::size_t i = 0; i < meshes.size(); ++i) {
         if (reachOf(local, meshes[i].box()) != CutReach::Cut) continue;
         CapMesh const& caps = capMesh(meshes[i], serial << 20 | i, local);
-        if (body.look.faces) add(caps.faces, Primitive::Faces, body.look.face, body);
-        if (body.look.edges) add(caps.edges, Primitive::Lines, body.look.edge, body);
+        if (body.look.faces)
+            for (CapMesh::Face const& face : caps.faces) addFace(face, body);
+        if (body.look.edges) addEdges(caps.edges, body);
     }
 }
 
@@ -256,22 +293,39 @@ SectionCompiler::CapMesh const& SectionCompiler::capMesh(CutMesh const& mesh, st
     result.used = true;
     if (isNew) {
         Caps const caps = makeCaps(mesh, local, filler_);
-        result.faces = upload(caps.faces);
+        for (Cap const& cap : caps.faces) result.faces.push_back({cap.normal, upload(cap)});
         result.edges = upload(caps.edges);
     }
     return result;
 }
 
-void SectionCompiler::add(Mesh const& mesh, Primitive primitive, Look::Stroke const& stroke, Body const& body)
+void SectionCompiler::addFace(CapMesh::Face const& face, Body const& body)
 {
+    FaceSide const& side = body.side;
+    if (face.mesh.empty() || side.unseen()) return;
+    // Behind the lines around it, as other faces are behind theirs.
+    constexpr std::int16_t usual = 4;
+    Pipeline pipeline;
+    pipeline.transparent = side.transparent();
+    pipeline.displacement = std::max(body.displacement, usual);
+    Vec3 const normal = pushedForward({face.normal, 0}, body.matrix).normal;
+    SurfaceId const surface = caps_.materials.intern(onPlane(side.material, normal, tile_));
+    pipeline.surface = surface.kind;
+    Instance instance{};
+    std::copy_n(side.colour, 4, instance.colour);
+    instance.flags = body.look.face.flags;
+    instance.material = packMaterial(surface.row, 0);
+    caps_.add(pipeline, face.mesh.range(), face.mesh.box(), body.matrix, instance);
+}
+
+void SectionCompiler::addEdges(Mesh const& mesh, Body const& body)
+{
+    Look::Stroke const& stroke = body.look.edge;
     if (mesh.empty() || stroke.colour[3] == 0) return;
     Pipeline pipeline;
     bool const thin = stroke.size <= 1 && (stroke.flags & SizeInWorld) == 0;
-    pipeline.primitive = primitive == Primitive::Lines && thin ? Primitive::ThinLines : primitive;
+    pipeline.primitive = thin ? Primitive::ThinLines : Primitive::Lines;
     pipeline.transparent = stroke.transparent();
-    // Behind the lines around it, as other faces are behind theirs.
-    constexpr std::int16_t usual = 4;
-    if (primitive == Primitive::Faces) pipeline.displacement = std::max(body.displacement, usual);
     Instance instance{};
     std::copy_n(stroke.colour, 4, instance.colour);
     instance.size = stroke.size;
@@ -296,7 +350,7 @@ void SectionCompiler::showPlanes(Box const& bounds)
             double const radius = 0.5 * section->data.scale * bounds.diagonal();
             Cap const shape{normalised(plane.normal, {0, 0, 1}),
                             planeShape(plane, bounds.centre(), radius, section->data.mode == Mode::Round)};
-            indicators_.push_back(upload(std::vector<Cap>{shape}));
+            indicators_.push_back(upload(shape));
             Mesh const& mesh = indicators_.back();
             caps_.add(pipeline, mesh.range(), mesh.box(), identity, instance);
         }

@@ -2,6 +2,7 @@
 #include "CapFiller.h"
 #include "CutMeshCache.h"
 #include "DrawList.h"
+#include "FaceLook.h"
 #include "Look.h"
 #include "Sections.h"
 #include "net_attributes.h"
@@ -10,6 +11,9 @@
 
 namespace HPS::render
 {
+
+/// How caps look where a net state holds. Needs the device's context to be current.
+FaceSide capSide(scene::NetState const& state);
 
 /// Finds the cutting sections of a scene while its list is made, and closes what they cut. When a section
 /// moves, no list is made anew: only the caps of what it meets are.
@@ -37,8 +41,8 @@ public:
                 scene::NetAttributes const& net, Scope const& owner);
 
     /// That the place has faces, which are in reach of sections. `local` is around them.
-    void addBody(Place place, scene::SegmentRecord const& segment, Look const& look, Box const& local,
-                 Mat4 const& matrix, Scope const& scope);
+    void addBody(Place place, scene::SegmentRecord const& segment, Look const& look, FaceSide const& side,
+                 Box const& local, Mat4 const& matrix, Scope const& scope);
 
     /// The place is no longer shown.
     void leave(Place place);
@@ -69,6 +73,7 @@ private:
         Scope scope;
         Look::Cut look;
         Fineness fineness;
+        FaceSide side;
         std::int16_t displacement;
     };
     /// What is closed by caps: one segment, or all of a tree.
@@ -79,10 +84,16 @@ private:
         std::uint32_t set;
         Look::Cut look;
         Fineness fineness;
+        FaceSide side;
         std::int16_t displacement;
     };
     struct CapMesh {
-        Mesh faces, edges;
+        struct Face {
+            Vec3 normal; ///< in the body's coordinates
+            Mesh mesh;
+        };
+        std::vector<Face> faces;
+        Mesh edges;
         bool used = true;
     };
     std::uint32_t intern(std::vector<std::uint32_t> const& set);
@@ -92,7 +103,8 @@ private:
     void gatherBodies();
     void close(Body const& body);
     CapMesh const& capMesh(CutMesh const& mesh, std::uint64_t serial, std::vector<CutSection> const& local);
-    void add(Mesh const& mesh, Primitive primitive, Look::Stroke const& stroke, Body const& body);
+    void addFace(CapMesh::Face const& face, Body const& body);
+    void addEdges(Mesh const& mesh, Body const& body);
     void showPlanes(Box const& bounds);
 
     std::vector<Placed> placed_;
@@ -104,6 +116,7 @@ private:
     std::map<std::vector<double>, CapMesh> capMeshes_;
     std::vector<Mesh> indicators_; ///< of the planes themselves
     CapFiller filler_;
+    double tile_ = 1; ///< size in the world of one repeat of a texture on caps
     Sections sections_;
     DrawList caps_;
 };

@@ -52,19 +52,16 @@ void SectionStep::draw(FrameContext const& context)
 {
     DrawList const* const caps = context.scene.sections.caps;
     if (caps == nullptr || caps->records.empty()) return;
-    instances_.create();
-    if (uploaded_ != caps->version) {
-        instances_.fill(std::span<Instance const>(caps->instances));
-        uploaded_ = caps->version;
-    }
+    buffers_.upload(*caps);
+    buffers_.bindMaterials();
     FrameContext const own{
-        context.target,    *caps,         context.scene, context.viewing, context.eyeOutside,
-        instances_.name(), context.counts};
+        context.target,       *caps,         context.scene, context.viewing, context.eyeOutside,
+        buffers_.instances(), context.counts};
     visible_.choose(own);
     calls_.clear();
     auto push = [&](std::uint32_t first, std::uint32_t count) {
         Record const& record = caps->records[first];
-        calls_.push(record.pipeline, instances_.name(), record.range, first, count);
+        calls_.push(record.pipeline, buffers_.instances(), record.range, first, count);
     };
     for (RecordRun const& run : visible_.opaque()) push(run.first, run.count);
     for (VisibleRecords::Entry const& entry : visible_.transparent()) push(entry.record, 1);

@@ -1,6 +1,7 @@
 #pragma once
 #include "Buffer.h"
 #include "CallList.h"
+#include "ListBuffers.h"
 #include "VisibleRecords.h"
 
 namespace HPS::render
@@ -12,13 +13,14 @@ class SectionStep
 public:
     /// Before anything that sections may cut.
     void prepare(FrameContext const& context);
+    /// Leaves the materials of the caps bound, if there are any.
     void draw(FrameContext const& context);
 
 private:
-    Buffer planes_, instances_;
+    Buffer planes_;
+    ListBuffers buffers_;
     CallList calls_;
     VisibleRecords visible_;
-    std::uint64_t uploaded_ = 0; ///< version of the caps in `instances_`
 };
 
 } // namespace HPS::render
