@@ -32,10 +32,11 @@ ProgramName programFor(Primitive primitive)
 Features featuresFor(Pipeline const& pipeline, FrameContext const& context)
 {
     Features features;
+    if (pipeline.primitive == Primitive::Faces)
+        features = context.list.materials.kind(pipeline.surface).features;
     features.set(Feature::Cut, pipeline.cut);
     if (pipeline.primitive != Primitive::Faces) return features;
     Scene const& scene = context.scene;
-    features = context.list.materials.kind(pipeline.surface).features;
     if (scene.faceStyle == FaceStyle::Flat) features.set(Feature::Flat).set(Feature::Gouraud, false);
     features.set(Feature::Transparent, pipeline.transparent);
     features.lights = std::uint8_t(std::min(scene.lights.distant.size(), maximumLights));

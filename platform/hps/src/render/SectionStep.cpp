@@ -65,7 +65,7 @@ void SectionStep::draw(FrameContext const& context)
     };
     for (RecordRun const& run : visible_.opaque()) push(run.first, run.count);
     for (VisibleRecords::Entry const& entry : visible_.transparent()) push(entry.record, 1);
-    calls_.submit(context);
+    calls_.submit(own);
 }
 
 } // namespace HPS::render
