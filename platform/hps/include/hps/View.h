@@ -43,6 +43,11 @@ public:
     View& SetRenderingMode(Rendering::Mode mode);
     Rendering::Mode GetRenderingMode() const;
 
+    // Switches the shadow on a plane for all that is below the view's segment. The plane is laid level under
+    // what is visible now, `offset` percent of its extent below it, and takes the light from straight above.
+    // The rest of the shadow's attributes stays. With nothing visible the plane stays where it is.
+    View& SetSimpleShadow(bool state, float offset = 5);
+
     // Updates every canvas that shows this view.
     void Update(Window::UpdateType type = Window::UpdateType::Default) const;
 };

@@ -29,16 +29,23 @@ ProgramName programFor(Primitive primitive)
     return ProgramName::Faces;
 }
 
-Features featuresFor(Pipeline const& pipeline, FrameContext const& context)
+Features featuresFor(Pipeline const& pipeline, FrameContext const& context, Pass const& pass)
 {
-    Features features;
-    if (pipeline.primitive == Primitive::Faces)
-        features = context.list.materials.kind(pipeline.surface).features;
-    features.set(Feature::Cut, pipeline.cut);
-    if (pipeline.primitive != Primitive::Faces) return features;
     Scene const& scene = context.scene;
+    Features features;
+    features.bits = pass.features.bits;
+    features.set(Feature::Cut, pipeline.cut);
+    if (pass.program) return features;
+    features.set(Feature::ScreenDoor, pipeline.screenDoor);
+    if (pipeline.primitive != Primitive::Faces) return features;
+    Features const& kind = context.list.materials.kind(pipeline.surface).features;
+    features.bits |= kind.bits;
+    features.layers = kind.layers;
     if (scene.faceStyle == FaceStyle::Flat) features.set(Feature::Flat).set(Feature::Gouraud, false);
-    features.set(Feature::Transparent, pipeline.transparent);
+    features.set(Feature::Transparent, pipeline.transparent && !pass.keepBlending);
+    features.set(Feature::Shadowed, context.shadowed && !pipeline.transparent && !pass.mirrored);
+    // What reaches a pixel is not known at the corners.
+    if (features.has(Feature::Shadowed)) features.set(Feature::Gouraud, false);
     features.lights = std::uint8_t(std::min(scene.lights.distant.size(), maximumLights));
     features.spots = std::uint8_t(std::min(scene.lights.spots.size(), maximumLights));
     return features;
@@ -94,12 +101,15 @@ void CallList::push(Pipeline const& pipeline, unsigned instances, MeshRange cons
     ++batch.commandCount;
 }
 
-void CallList::submit(FrameContext const& context, std::optional<ProgramName> program)
+void CallList::submit(FrameContext const& context, Pass const& pass)
 {
     if (empty()) return;
     buffer_.fill(std::span<Command const>(commands_));
     glBindBuffer(GL_DRAW_INDIRECT_BUFFER, buffer_.name());
-    for (Batch const& batch : batches_) submit(batch, context, program);
+    glFrontFace(pass.mirrored ? GL_CW : GL_CCW);
+    for (Batch const& batch : batches_) submit(batch, context, pass);
+    glFrontFace(GL_CCW);
+    glEnable(GL_MULTISAMPLE);
     glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
     glDisable(GL_CULL_FACE);
     glBindSamplers(0, materialUnits, nullptr); // who draws next samples as its textures say
@@ -107,17 +117,19 @@ void CallList::submit(FrameContext const& context, std::optional<ProgramName> pr
     context.counts.calls += std::uint32_t(batches_.size());
 }
 
-void CallList::submit(Batch const& batch, FrameContext const& context,
-                      std::optional<ProgramName> wanted) const
+void CallList::submit(Batch const& batch, FrameContext const& context, Pass const& pass) const
 {
     Pipeline const& pipeline = batch.pipeline;
     bool const faces = pipeline.primitive == Primitive::Faces;
     bool const glyphs = pipeline.primitive == Primitive::Glyphs;
     bool const strokes = pipeline.primitive == Primitive::Strokes;
     bool const softRims = pipeline.primitive == Primitive::Markers || strokes;
-    enable(GL_BLEND, pipeline.transparent);
-    glDepthMask(pipeline.transparent ? GL_FALSE : GL_TRUE);
-    enable(GL_SAMPLE_ALPHA_TO_COVERAGE, softRims && !pipeline.transparent);
+    if (!pass.keepBlending) {
+        enable(GL_BLEND, pipeline.transparent);
+        glDepthMask(pipeline.transparent && !pipeline.depthWriting ? GL_FALSE : GL_TRUE);
+    }
+    enable(GL_MULTISAMPLE, pipeline.smooth);
+    enable(GL_SAMPLE_ALPHA_TO_COVERAGE, softRims && !pipeline.transparent && !pass.keepBlending);
     // What stands out of its box, or has no end, does not end where the depth range does.
     enable(GL_DEPTH_CLAMP, glyphs || strokes);
     bool const cullBack = pipeline.cullBack || (pipeline.closed && context.eyeOutside && !pipeline.cut);
@@ -136,13 +148,19 @@ void CallList::submit(Batch const& batch, FrameContext const& context,
         away += float(context.scene.hiddenLines.displacement);
         if (away == 0) away = outlineDistance;
     }
-    enable(GL_POLYGON_OFFSET_FILL, away != 0);
-    glPolygonOffset(away > 0 ? 1.0f : -1.0f, away);
+    if (faces && pass.displacement) {
+        glEnable(GL_POLYGON_OFFSET_FILL);
+        glPolygonOffset((*pass.displacement)[0], (*pass.displacement)[1]);
+    } else {
+        enable(GL_POLYGON_OFFSET_FILL, away != 0);
+        glPolygonOffset(away > 0 ? 1.0f : -1.0f, away);
+    }
     glDepthRange(pipeline.placing.nearest / 65535.0, pipeline.placing.farthest / 65535.0);
-    glUseProgram(ShaderLibrary::instance().program(wanted.value_or(programFor(pipeline.primitive)),
-                                                   featuresFor(pipeline, context)));
-    if (faces) bindTextures(context.list.materials.kind(pipeline.surface));
-    MeshStore::instance().bind(pipeline.primitive, batch.instances);
+    ProgramName const name = pass.program.value_or(programFor(pipeline.primitive));
+    glUseProgram(ShaderLibrary::instance().program(name, featuresFor(pipeline, context, pass)));
+    if (pass.prepare) pass.prepare();
+    if (faces && !pass.program) bindTextures(context.list.materials.kind(pipeline.surface));
+    MeshStore::instance().bind(pipeline.primitive, batch.instances, pass.indices);
     auto const first = reinterpret_cast<void const*>(batch.firstCommand * sizeof(Command));
     GLenum const mode = pipeline.primitive == Primitive::ThinLines ? GL_LINES : GL_TRIANGLES;
     glMultiDrawElementsIndirect(mode, GL_UNSIGNED_INT, first, GLsizei(batch.commandCount), sizeof(Command));

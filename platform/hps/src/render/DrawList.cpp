@@ -33,9 +33,9 @@ bool same(MeshRange const& a, MeshRange const& b)
 
 bool same(Record const& a, Record const& b)
 {
-    return same(a.range, b.range) && a.pipeline == b.pipeline && a.world.low == b.world.low &&
-           a.world.high == b.world.high && a.reach == b.reach && a.from == b.from && a.to == b.to &&
-           same(a.fine, b.fine);
+    return same(a.range, b.range) && a.pipeline == b.pipeline && a.role == b.role &&
+           a.world.low == b.world.low && a.world.high == b.world.high && a.reach == b.reach &&
+           a.from == b.from && a.to == b.to && same(a.fine, b.fine);
 }
 
 /// The bits of a number below 2^16, two places apart.
@@ -68,6 +68,7 @@ void DrawList::clear()
 void DrawList::open(std::uint32_t owner, Placing const& with)
 {
     placing = with;
+    manner = {};
     assert(owner_ == none && "DrawList::open: another owner is open");
     owner_ = owner;
     openRecords_.clear();
@@ -97,6 +98,7 @@ void DrawList::add(Record record, Instance const& instance)
 {
     if (record.range.indexCount == 0 || !record.world.drawable()) return;
     record.pipeline.placing = placing;
+    manner.apply(record);
     // What has width is made of triangles, which alone can be moved away.
     if (record.pipeline.primitive == Primitive::ThinLines && placing.displacement != 0)
         record.pipeline.primitive = Primitive::Lines;
@@ -168,6 +170,7 @@ void DrawList::overwrite(std::uint32_t at, Record const& record, Instance const&
     records[at].from = record.from;
     records[at].to = record.to;
     records[at].fine = record.fine;
+    records[at].role = record.role;
     touch(at);
 }
 

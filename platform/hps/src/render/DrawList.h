@@ -4,6 +4,7 @@
 #include "MaterialTable.h"
 #include "Placing.h"
 #include "ScreenStrokes.h"
+#include "Shadows.h"
 #include "StrokeTable.h"
 #include "linear.h"
 #include <compare>
@@ -26,8 +27,27 @@ struct Pipeline {
     std::int16_t displacement = 0; ///< of faces, in depth steps, away from the viewer
     std::uint16_t surface = 0;     ///< kind of the material table: features and textures beyond the plain
     bool cut = false;              ///< sections run through it; chosen for each frame
+    bool screenDoor = false;       ///< pixels left out stand for what is seen through; not with `transparent`
+    bool depthWriting = false;     ///< of what is transparent, where it is drawn in some order
+    bool smooth = true;            ///< uses all samples of a pixel
 
     friend auto operator<=>(Pipeline const&, Pipeline const&) = default;
+};
+
+/// True if a showing stands among cutting sections.
+inline bool isCut(Instance const& instance)
+{
+    return instance.material >> materialBits != 0;
+}
+
+/// What a showing does beyond its own place.
+struct Role {
+    bool castsShadow = true;         ///< in shadow maps
+    std::uint8_t withoutEffects = 0; ///< `EffectBit`s
+    std::uint8_t planeShadow = 0;    ///< numbers, from 1, of what the list holds; 0 for none
+    std::uint8_t reflection = 0;
+
+    bool operator==(Role const&) const = default;
 };
 
 /// One showing of one mesh range.
@@ -35,6 +55,7 @@ struct Record {
     Pipeline pipeline;
     MeshRange range; ///< without indices for a record that is gone; its place is kept until the next sorting
     Box world;       ///< around what is drawn, in world coordinates
+    Role role{};
     std::uint32_t owner = ~0u;
     std::uint32_t next = ~0u; ///< of the same owner
 
@@ -61,11 +82,33 @@ struct Record {
     }
 };
 
+/// How what is added to a list is drawn, whatever it is.
+struct Manner {
+    bool opaque = false;       ///< what could be seen through is not
+    bool screenDoor = false;   ///< it is by pixels left out
+    bool depthWriting = false; ///< see `Pipeline`
+    bool smooth = true;
+    bool smoothText = true;
+    Role role;
+
+    /// `transparent` has to tell whether the record can be seen through at all.
+    void apply(Record& record) const
+    {
+        Pipeline& pipeline = record.pipeline;
+        bool const through = pipeline.transparent && !opaque;
+        pipeline.transparent = through && !screenDoor;
+        pipeline.screenDoor = through && screenDoor;
+        pipeline.depthWriting = pipeline.transparent && depthWriting;
+        pipeline.smooth = pipeline.primitive == Primitive::Glyphs ? smoothText : smooth;
+        record.role = role;
+    }
+};
+
 /// Records side by side that show one mesh range: one indirect command.
 struct RecordRun {
     std::uint32_t first, count;
     bool fine = false; ///< the records' fine range is shown
-    bool cut = false; ///< sections run through them; chosen for each frame
+    bool cut = false;  ///< sections run through them; chosen for each frame
 };
 
 /// Records side by side of one pipeline that lie near each other.
@@ -87,9 +130,11 @@ struct DrawList {
     std::vector<Instance> instances;
 
     std::vector<RecordGroup> groups;
-    std::vector<RecordRun> runs; ///< as long as `records`; a group uses the first ones of its part
-    MaterialTable materials;     ///< that `Instance::material` counts in
-    StrokeTable strokes;         ///< that instances of strokes count in
+    std::vector<RecordRun> runs;           ///< as long as `records`; a group uses the first ones of its part
+    MaterialTable materials;               ///< that `Instance::material` counts in
+    std::vector<PlaneShadow> planeShadows; ///< each one once, that `Role`s name
+    std::vector<PlaneReflection> reflections;
+    StrokeTable strokes; ///< that instances of strokes count in
     ScreenStrokes screenStrokes;
     bool hasStrokes = false;   ///< or had some
     Box bounds;                ///< around all records
@@ -99,8 +144,9 @@ struct DrawList {
     std::vector<std::pair<std::uint64_t, std::uint32_t>> patches;
 
     void clear();
-    /// Of what is added from now on.
+    // Of what is added from now on; `open` sets both.
     Placing placing;
+    Manner manner;
     /// What is added until `close` takes the place of what `owner` had.
     void open(std::uint32_t owner, Placing const& with = {});
     /// `local` is the range's box in its own coordinates, `matrix` leads from there to the world.

@@ -2,13 +2,16 @@
 #include "MeshStore.h"
 #include "bindings.h"
 #include "frame_block.h"
+#include "full_screen.h"
+#include "interactive_preset.h"
 #include <epoxy/gl.h>
 
 namespace HPS::render
 {
 
-FrameCounts Frame::draw(Target const& target, DrawList const& list, Scene const& scene)
+FrameCounts Frame::draw(Target const& target, DrawList const& list, Scene const& wanted)
 {
+    Scene const scene = atQuality(wanted);
     FrameCounts counts;
     Box bounds = list.bounds;
     if (scene.sections.caps != nullptr) bounds.add(scene.sections.caps->bounds);
@@ -16,6 +19,8 @@ FrameCounts Frame::draw(Target const& target, DrawList const& list, Scene const&
     // Without perspective there is no eye that could stand within a body.
     bool const eyeOutside = !viewing.perspective || !list.bounds.contains(scene.camera.position);
     FrameContext context{target, list, scene, viewing, eyeOutside, 0, counts};
+    frameBlock_.create();
+    context.frameBlock = frameBlock_.name();
     upload(context);
     context.instanceBuffer = buffers_.instances();
     strokes_.upload(context);
@@ -33,19 +38,18 @@ void Frame::upload(FrameContext& context)
     buffers_.bindMaterials();
 }
 
-void Frame::drawSteps(FrameContext const& context)
+void Frame::drawSteps(FrameContext& context)
 {
     sections_.prepare(context);
-    shadows_.draw(context);
+    context.shadowed = shadows_.draw(context, visible_);
+    planes_.prepare(context);
     lights_.draw(context);
 
     context.target.bind();
     glEnable(GL_MULTISAMPLE);
     glDepthMask(GL_TRUE);
     glClear(GL_DEPTH_BUFFER_BIT);
-    glEnable(GL_DEPTH_TEST);
-    glDepthFunc(GL_LEQUAL);
-    glBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
+    setSceneState();
 
     effects_.begin(context);
     background_.draw(context);
@@ -53,8 +57,9 @@ void Frame::drawSteps(FrameContext const& context)
     hiddenLines_.draw(context, visible_);
     sections_.draw(context);
     if (context.scene.sections.any()) buffers_.bindMaterials();
+    planes_.draw(context);
     transparent_.draw(context, visible_);
-    effects_.finish(context);
+    effects_.finish(context, visible_);
     highlight_.draw(context);
     overlay_.draw(context, visible_);
 }

@@ -7,6 +7,7 @@
 #include "ListBuffers.h"
 #include "OpaqueStep.h"
 #include "OverlayStep.h"
+#include "PlaneStep.h"
 #include "SectionStep.h"
 #include "ShadowStep.h"
 #include "StrokeBuffers.h"
@@ -26,7 +27,7 @@ public:
 
 private:
     void upload(FrameContext& context);
-    void drawSteps(FrameContext const& context);
+    void drawSteps(FrameContext& context);
 
     StrokeBuffers strokes_;
     Buffer frameBlock_;
@@ -34,6 +35,7 @@ private:
     VisibleRecords visible_; ///< in this frame
 
     ShadowStep shadows_;
+    PlaneStep planes_;
     LightStep lights_;
     BackgroundStep background_;
     OpaqueStep opaque_;

@@ -37,6 +37,8 @@ struct FrameContext {
     bool eyeOutside;         ///< the eye stands in no closed body
     unsigned instanceBuffer; ///< on the device, in the order of the list's records
     FrameCounts& counts;
+    unsigned frameBlock = 0; ///< the uniform buffer of the viewer's own view
+    bool shadowed = false;   ///< there is a shadow mask
 };
 
 } // namespace HPS::render

@@ -342,6 +342,7 @@ Look lookOf(LookSources const& sources)
     }
     look.fineness = finenessOf(sources.curves, sources.surfaces, sources.cylinders, sources.spheres);
     readContours(look, sources);
+    lookEffects(look, sources);
     return look;
 }
 

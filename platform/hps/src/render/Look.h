@@ -11,7 +11,9 @@
 #include <hps/LineAttributeKit.h>
 #include <hps/MarkerAttributeKit.h>
 #include <hps/MaterialMappingKit.h>
+#include <hps/TransparencyKit.h>
 #include <hps/VisibilityKit.h>
+#include <hps/VisualEffectsKit.h>
 
 namespace HPS::render
 {
@@ -55,6 +57,10 @@ struct Look {
     std::optional<Contours> contours;
     TextLook text;
 
+    Manner manner; ///< but for the numbers of the two below
+    std::optional<PlaneShadow> planeShadow;
+    std::optional<PlaneReflection> reflection;
+
     bool anything() const
     {
         return facesShown || linesShown || markersShown || verticesShown || edges.any() || text.shown ||
@@ -72,6 +78,8 @@ struct LookSources {
     DrawingAttributeData const& drawing;
     CullingData const& culling;
     CuttingSectionAttributeData const& cuts;
+    TransparencyData const& transparency;
+    VisualEffectsData const& effects;
     TextAttributeData const& texts;
     CurveAttributeData const& curves;
     NURBSSurfaceAttributeData const& surfaces;
@@ -84,5 +92,8 @@ struct LookSources {
 };
 
 Look lookOf(LookSources const& sources);
+
+/// Fills in what concerns transparency, shadows and effects.
+void lookEffects(Look& look, LookSources const& sources);
 
 } // namespace HPS::render

@@ -24,6 +24,17 @@ bool matters(ChangeMark const& mark)
     return has(mark.changes, Change(~std::uint32_t(withoutEffect)));
 }
 
+/// The number, from 1, of a value in a list that holds each one once; 0 for none, or where the list is full.
+template <class T> std::uint8_t number(std::vector<T>& list, std::optional<T> const& value)
+{
+    if (!value) return 0;
+    auto const found = std::find(list.begin(), list.end(), *value);
+    if (found != list.end()) return std::uint8_t(found - list.begin() + 1);
+    if (list.size() == 255) return 0;
+    list.push_back(*value);
+    return std::uint8_t(list.size());
+}
+
 } // namespace
 
 SceneCompiler::Result SceneCompiler::update(std::span<KeyIndex const> path, bool fromScratch, FaceStyle style)
@@ -249,10 +260,13 @@ SceneCompiler::Held& SceneCompiler::heldFor(NetStatePointer const& state)
             {state->get<VisibilityData>(), state->get<MaterialMappingData>(), state->get<LineAttributeData>(),
              state->get<EdgeAttributeData>(), state->get<MarkerAttributeData>(),
              state->get<DrawingAttributeData>(), state->get<CullingData>(),
-             state->get<CuttingSectionAttributeData>(), state->get<TextAttributeData>(),
+             state->get<CuttingSectionAttributeData>(), state->get<TransparencyData>(),
+             state->get<VisualEffectsData>(), state->get<TextAttributeData>(),
              state->get<CurveAttributeData>(), state->get<NURBSSurfaceAttributeData>(),
              state->get<CylinderAttributeData>(), state->get<SphereAttributeData>(),
              state->get<ContourLineData>(), palette, state->portfolios, list_.strokes});
+        held.look.manner.role.planeShadow = number(list_.planeShadows, held.look.planeShadow);
+        held.look.manner.role.reflection = number(list_.reflections, held.look.reflection);
         if (held.look.facesShown) held.faces = FaceLooks(state);
         if (held.look.cut.faces) held.cap = capSide(*state);
     }
@@ -279,6 +293,7 @@ void SceneCompiler::draw(SegmentRecord const& segment, Held& held, Mat4 const& m
     Look const& look = held.look;
     MeshCache& meshes = MeshCache::instance();
     MeshCache::Content const& content = meshes.content(segment);
+    into_->manner = look.manner;
     Fineness const& fine = look.fineness;
     if (content.faces && look.facesShown) addFaces(segment, held, matrix);
     // Where faces are not seen, their outlines stand for them.

@@ -1,8 +1,10 @@
 #include "VisibleExtent.h"
 #include "fitting.h"
 #include "records.h"
+#include <algorithm>
 #include <hps/AxisTriadControl.h>
 #include <hps/NavigationCubeControl.h>
+#include <hps/VisualEffectsKit.h>
 
 namespace HPS
 {
@@ -124,6 +126,29 @@ Rendering::Mode View::GetRenderingMode() const
 {
     auto const* const record = Registry::instance().find(*this);
     return record != nullptr ? record->mode : Rendering::Mode::Gouraud;
+}
+
+View& View::SetSimpleShadow(bool state, float offset)
+{
+    auto* const record = Registry::instance().find(*this);
+    if (record == nullptr) return *this;
+    VisualEffectsKit effects = VisualEffectsKit::GetDefault();
+    bool was = false, ignore = false;
+    unsigned resolution = 0, blurring = 0;
+    effects.ShowSimpleShadow(was, resolution, blurring, ignore);
+    auto control = record->segment.GetVisualEffectsControl();
+    control.ShowSimpleShadow(was, resolution, blurring, ignore);
+    control.SetSimpleShadow(state, resolution, blurring, ignore);
+    render::VisibleExtent const extent(*scene::store().resolve<scene::SegmentRecord>(record->segment));
+    if (!state || extent.empty()) return *this;
+    Vector up(0, 0, 1), front(1, 0, 0);
+    record->model.ShowOrientation(up, front);
+    render::Vec3 const way = render::normalised({up.x, up.y, up.z}, {0, 0, 1});
+    double const low = -extent.support(way * -1), high = extent.support(way);
+    double const level = low - 0.01 * offset * std::max(high - low, 0.0);
+    control.SetSimpleShadowPlane(Plane(float(way.x), float(way.y), float(way.z), float(-level)));
+    control.SetSimpleShadowLightDirection(Vector(float(way.x), float(way.y), float(way.z)));
+    return *this;
 }
 
 void View::Update(Window::UpdateType type) const

@@ -13,7 +13,7 @@ enum class Feature : std::uint64_t {
     Transparent = 1u << 1, ///< draws one side of a face alone where an instance asks for it
     BackgroundImage = 1u << 18,
     BackgroundCube = 1u << 19,
-    Cut = 1u << 20,        ///< leaves out what the instance's cutting sections take away
+    Cut = 1u << 20, ///< leaves out what the instance's cutting sections take away
 
     // What lights and materials ask for.
     Gouraud = 1ull << 32,     ///< lit at the corners, and blended in between
@@ -31,6 +31,25 @@ enum class Feature : std::uint64_t {
     EnvironmentCube = 1ull << 44,   ///< a cube map
     EnvironmentColour = 1ull << 45, ///< one colour all around
     Indexed = 1ull << 46,           ///< vertices name materials of a palette
+
+    // What is seen through, see output.glsl.
+    Peel = 1ull << 48,        ///< only what lies behind the layer that was peeled off last
+    EverySample = 1ull << 49, ///< for each sample of a pixel
+    Weighted = 1ull << 50,    ///< adds to weighted sums
+    ScreenDoor = 1ull << 51,  ///< leaves pixels out in place of blending
+
+    Shadowed = 1ull << 52,   ///< lights reach no further than the shadow mask says
+    CoverDepth = 1ull << 53, ///< a depth map: cover becomes a share of its pixels
+    CoverPlane = 1ull << 54, ///< what lies below a plane is left out
+
+    // Effects that are on, and whether some of the scene goes without them.
+    Occlusion = 1ull << 55,
+    EyeDome = 1ull << 56,
+    Silhouettes = 1ull << 57,
+    Bloom = 1ull << 58,
+    DepthOfField = 1ull << 59,
+    Smoothing = 1ull << 60,
+    EffectMask = 1ull << 61,
 };
 
 /// Which features a program is compiled with. A program of each combination that is drawn with stays.

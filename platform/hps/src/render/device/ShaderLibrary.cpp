@@ -24,6 +24,20 @@ constexpr std::array stages{
     Stages{"glyphs_vertex.glsl", "lines_fragment.glsl"},
     Stages{"strokes_vertex.glsl", "strokes_fragment.glsl"},
     Stages{"view_edges_vertex.glsl", "lines_fragment.glsl"},
+    Stages{"cover_vertex.glsl", "cover_fragment.glsl"},
+    Stages{"full_screen_vertex.glsl", "shadow_mask_fragment.glsl"},
+    Stages{"plane_vertex.glsl", "plane_shadow_fragment.glsl"},
+    Stages{"plane_vertex.glsl", "plane_reflection_fragment.glsl"},
+    Stages{"full_screen_vertex.glsl", "reflection_fade_fragment.glsl"},
+    Stages{"full_screen_vertex.glsl", "layer_fragment.glsl"},
+    Stages{"full_screen_vertex.glsl", "weighted_fragment.glsl"},
+    Stages{"full_screen_vertex.glsl", "blur_fragment.glsl"},
+    Stages{"full_screen_vertex.glsl", "occlusion_fragment.glsl"},
+    Stages{"full_screen_vertex.glsl", "occlusion_blur_fragment.glsl"},
+    Stages{"full_screen_vertex.glsl", "bright_fragment.glsl"},
+    Stages{"full_screen_vertex.glsl", "out_of_focus_fragment.glsl"},
+    Stages{"full_screen_vertex.glsl", "grade_fragment.glsl"},
+    Stages{"full_screen_vertex.glsl", "finish_fragment.glsl"},
 };
 
 struct NamedFeature {
@@ -51,6 +65,20 @@ constexpr std::array features{
     NamedFeature{Feature::Cut, "CUT"},
     NamedFeature{Feature::BackgroundImage, "BACKGROUND_IMAGE"},
     NamedFeature{Feature::BackgroundCube, "BACKGROUND_CUBE"},
+    NamedFeature{Feature::Peel, "PEEL"},
+    NamedFeature{Feature::EverySample, "EVERY_SAMPLE"},
+    NamedFeature{Feature::Weighted, "WEIGHTED"},
+    NamedFeature{Feature::ScreenDoor, "SCREEN_DOOR"},
+    NamedFeature{Feature::Shadowed, "SHADOWED"},
+    NamedFeature{Feature::CoverDepth, "COVER_DEPTH"},
+    NamedFeature{Feature::CoverPlane, "COVER_PLANE"},
+    NamedFeature{Feature::Occlusion, "OCCLUSION"},
+    NamedFeature{Feature::EyeDome, "EYE_DOME"},
+    NamedFeature{Feature::Silhouettes, "SILHOUETTES"},
+    NamedFeature{Feature::Bloom, "BLOOM"},
+    NamedFeature{Feature::DepthOfField, "DEPTH_OF_FIELD"},
+    NamedFeature{Feature::Smoothing, "SMOOTHING"},
+    NamedFeature{Feature::EffectMask, "EFFECT_MASK"},
 };
 
 /// Appends a module and, before the place where it asks for them, the modules that it takes in.

@@ -17,7 +17,21 @@ enum class ProgramName : std::uint8_t {
     Markers,
     Glyphs,
     Strokes,
-    ViewEdges
+    ViewEdges,
+    Cover,
+    ShadowMask,
+    PlaneShadow,
+    PlaneReflection,
+    ReflectionFade,
+    Layer,
+    Weighted,
+    Blur,
+    Occlusion,
+    OcclusionBlur,
+    Bright,
+    OutOfFocus,
+    Grade,
+    Finish
 };
 
 /// Compiles programs from the modules in shaders/*.glsl, which lie in this library as text. A module takes in

@@ -68,6 +68,12 @@ void Target::copyTo(Target const& other, int left, int bottom) const
                            bottom + height_, GL_COLOR_BUFFER_BIT, GL_NEAREST);
 }
 
+void Target::blitTo(unsigned framebuffer, unsigned what) const
+{
+    glBlitNamedFramebuffer(drawn_, framebuffer, 0, 0, width_, height_, 0, 0, width_, height_, what,
+                           GL_NEAREST);
+}
+
 void Target::resolve() const
 {
     if (resolved_ != 0)

@@ -20,7 +20,11 @@ public:
 
     int width() const { return width_; }
     int height() const { return height_; }
-    int samples() const { return samples_; }
+    int samples() const { return samples_; } ///< of what is drawn into
+    unsigned framebuffer() const { return drawn_; }
+    /// Copies colours or depths, as OpenGL names them, into a framebuffer of the same size, of as many
+    /// samples or, for one, resolved.
+    void blitTo(unsigned framebuffer, unsigned what) const;
 
     void bind() const;
 

@@ -21,7 +21,7 @@ enum Attribute : unsigned {
 };
 
 /// Uniform blocks, std140.
-enum UniformBinding : unsigned { FrameBinding, LightBinding, BackgroundBinding };
+enum UniformBinding : unsigned { FrameBinding, LightBinding, BackgroundBinding, ShadowBinding };
 
 /// Shader storage blocks, std430.
 enum StorageBinding : unsigned {

@@ -49,6 +49,7 @@ enum InstanceFlag : std::uint32_t {
                   ///< origin mean in the world, in multiples of `size`, and then the place that it stands at
     FacesViewer = 64,     ///< planted glyphs: the first three columns count along the axes of the view
     DistancesGiven = 128, ///< strokes: lengths along chains come from the frame's buffer, in pixels
+    Unshadowed = 256,     ///< faces: shadows do not fall on it
 };
 inline constexpr std::uint32_t glyphShift = 8;
 

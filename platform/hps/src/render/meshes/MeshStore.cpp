@@ -1,6 +1,7 @@
 #include "MeshStore.h"
 #include "Device.h"
 #include "bindings.h"
+#include <algorithm>
 #include <cassert>
 #include <cmath>
 #include <cstddef>
@@ -312,7 +313,20 @@ void MeshStore::bindNothing()
     glBindVertexArray(arrays_[primitiveCount]);
 }
 
-void MeshStore::bind(Primitive primitive, unsigned instanceBuffer)
+void MeshStore::readFaces(MeshRange const& range, std::vector<FaceVertex>& vertices,
+                          std::vector<std::uint32_t>& indices) const
+{
+    indices.resize(range.indexCount);
+    vertices.clear();
+    if (indices.empty()) return;
+    glGetNamedBufferSubData(faceIndices_.buffer(), GLintptr(range.firstIndex * sizeof(std::uint32_t)),
+                            GLsizeiptr(indices.size() * sizeof(std::uint32_t)), indices.data());
+    vertices.resize(*std::max_element(indices.begin(), indices.end()) + std::size_t(1));
+    glGetNamedBufferSubData(faceVertices_.buffer(), GLintptr(range.baseVertex * sizeof(FaceVertex)),
+                            GLsizeiptr(vertices.size() * sizeof(FaceVertex)), vertices.data());
+}
+
+void MeshStore::bind(Primitive primitive, unsigned instanceBuffer, unsigned indexBuffer)
 {
     auto const i = std::size_t(primitive);
     glBindVertexArray(arrays_[i]);
@@ -321,7 +335,7 @@ void MeshStore::bind(Primitive primitive, unsigned instanceBuffer)
     unsigned const indices = hasIndices(primitive)               ? indexArena(primitive).buffer()
                              : primitive == Primitive::ThinLines ? axisIndices_
                                                                  : quadIndices_;
-    glVertexArrayElementBuffer(arrays_[i], indices);
+    glVertexArrayElementBuffer(arrays_[i], indexBuffer != 0 ? indexBuffer : indices);
 }
 
 } // namespace HPS::render

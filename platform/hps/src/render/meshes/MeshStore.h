@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <vector>
 
 namespace HPS::render
 {
@@ -60,8 +61,8 @@ struct ViewEdge {
 
     float from[3];
     float to[3];
-    std::int16_t first[4]; ///< normal of one face, length 32767, and the rule: seen where one face is turned
-                           ///< to the viewer and the other away, or where any of them is, or anyhow
+    std::int16_t first[4];  ///< normal of one face, length 32767, and the rule: seen where one face is turned
+                            ///< to the viewer and the other away, or where any of them is, or anyhow
     std::int16_t second[4]; ///< normal of the other face, in the same sense of orientation
     std::uint8_t colour[4]; ///< as a marker's
 };
@@ -117,8 +118,13 @@ public:
     /// Bytes that each buffer may have from now on; what is there stays.
     void limit(std::uint64_t bytes);
 
-    /// Makes the vertex array of a primitive current, with the instances read from `instanceBuffer`.
-    void bind(Primitive primitive, unsigned instanceBuffer);
+    /// Makes the vertex array of a primitive current, with the instances read from `instanceBuffer` and the
+    /// indices from `indexBuffer`, or the meshes' own for 0.
+    void bind(Primitive primitive, unsigned instanceBuffer, unsigned indexBuffer = 0);
+
+    /// Reads back what `addFaces` took, indices counted from the first vertex.
+    void readFaces(MeshRange const& range, std::vector<FaceVertex>& vertices,
+                   std::vector<std::uint32_t>& indices) const;
 
     /// The buffer of all parameters, 0 if there are none.
     unsigned parameterBuffer() const { return parameters_.buffer(); }

@@ -10,6 +10,8 @@ struct Camera {
     Vec3 up{0, 1, 0};
     double fieldWidth = 2, fieldHeight = 2; ///< at the target, in world units; the window shows at least this
     bool perspective = false;
+
+    bool operator==(Camera const&) const = default;
 };
 
 } // namespace HPS::render

@@ -11,6 +11,7 @@ struct DistantLight {
     Vec3 direction{0, 0, -1}; ///< the way that the light travels; need not have length 1
     float colour[3] = {1, 1, 1};
     bool cameraRelative = false; ///< direction in x right, y up, z to the viewer
+    bool throwsShadows = false;  ///< where the scene has shadow maps
 };
 
 /// A light from a place, within a cone.

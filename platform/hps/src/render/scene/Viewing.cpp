@@ -93,6 +93,19 @@ Vec3 Viewing::toView(Vec3 const& world) const
     return {dot(p, right), dot(p, up), dot(p, back)};
 }
 
+Viewing Viewing::mirrored(Vec3 const& normal, double offset) const
+{
+    Viewing image = *this;
+    auto turn = [&](Vec3 const& way) { return way - normal * (2 * dot(way, normal)); };
+    image.right = turn(right);
+    image.up = turn(up);
+    image.back = turn(back);
+    image.target = target - normal * (2 * (dot(target, normal) + offset));
+    for (Plane& side : image.sides_)
+        side = {turn(side.normal), side.offset - 2 * offset * dot(side.normal, normal)};
+    return image;
+}
+
 Viewing::Sight Viewing::sight(Box const& world, double margin) const
 {
     bool whole = true;

@@ -23,6 +23,10 @@ struct Viewing {
 
     Vec3 toView(Vec3 const& world) const;
 
+    /// What a plane, normal · p + offset = 0 with a normal of length 1, shows of the scene as in a mirror.
+    /// Its axes are left-handed.
+    Viewing mirrored(Vec3 const& normal, double offset) const;
+
     enum class Sight { None, Part, Whole };
     /// None only for a box that certainly lies outside what the window shows, Whole only for one inside.
     /// `margin` in units of the world stands around it.

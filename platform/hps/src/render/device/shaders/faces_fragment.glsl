@@ -5,12 +5,13 @@
 #include "faces.glsl"
 #include "lights.glsl"
 #include "sections_fragment.glsl"
+#include "output.glsl"
 in vec3 direction;
 TINT in vec4 tint;
 #ifdef PLACE
 in vec3 place;
 #endif
-#ifdef TRANSPARENT
+#if defined(TRANSPARENT) || defined(SHADOWED)
 flat in uint bits;
 #endif
 #if defined(MATERIAL) || defined(INDEXED)
@@ -26,7 +27,6 @@ in vec3 frontGloss;
 in vec3 backDiffuse;
 in vec3 backGloss;
 #endif
-layout(location = 0) out vec4 result;
 
 Lighting lightHere(vec3 n, vec3 ambient, float exponent) {
 #ifdef LIT_AT_CORNERS
@@ -43,6 +43,10 @@ Lighting lightHere(vec3 n, vec3 ambient, float exponent) {
 
 void main() {
     cut();
+    beginOutput();
+#ifdef SHADOWED
+    findReach((bits & 256u) == 0u);
+#endif
 #ifdef TRANSPARENT
     if ((bits & (gl_FrontFacing ? 4u : 2u)) != 0u) discard;
 #endif
@@ -58,9 +62,9 @@ void main() {
     if (paletteIndex > -0.5) colour = paletteColour(materials[surfaceRow], paletteIndex) * vec4(1.0, 1.0, 1.0, tint.a);
 #endif
 #ifdef MATERIAL
-    result = surface(n, colour, square > 1e-20);
+    putColour(surface(n, colour, square > 1e-20));
 #else
     Lighting light = lightHere(n, skyAndGround(n), 32.0);
-    result = vec4(square > 1e-20 ? min(colour.rgb * light.diffuse + light.gloss, vec3(1.0)) : colour.rgb, colour.a);
+    putColour(vec4(square > 1e-20 ? min(colour.rgb * light.diffuse + light.gloss, vec3(1.0)) : colour.rgb, colour.a));
 #endif
 }

@@ -10,7 +10,7 @@ TINT out vec4 tint;
 #ifdef PLACE
 out vec3 place;
 #endif
-#ifdef TRANSPARENT
+#if defined(TRANSPARENT) || defined(SHADOWED)
 flat out uint bits;
 #endif
 #if defined(MATERIAL) || defined(INDEXED)
@@ -52,7 +52,7 @@ void main() {
 #ifdef PLACE
     place = view;
 #endif
-#ifdef TRANSPARENT
+#if defined(TRANSPARENT) || defined(SHADOWED)
     bits = flags;
 #endif
 #if defined(MATERIAL) || defined(INDEXED)

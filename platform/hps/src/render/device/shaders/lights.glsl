@@ -10,6 +10,7 @@ layout(std140, binding = 1) uniform LightBlock {
     Light lights[16];
     Spot spots[16];
 };
+#include "light_reach.glsl"
 struct Lighting { vec3 diffuse; vec3 gloss; };
 
 // Sky, ground and a weak lamp at the viewer give every side a shade of its own before any light falls.
@@ -30,8 +31,9 @@ float highlight(float h, float exponent) {
 Lighting lighting(vec3 n, vec3 at, vec3 ambient, float exponent) {
     Lighting light = Lighting(ambient, vec3(0.0));
     for (int i = 0; i < LIGHTS; ++i) {
-        light.diffuse += lights[i].colour.rgb * max(dot(n, lights[i].direction.xyz), 0.0);
-        light.gloss += lights[i].colour.rgb * highlight(max(dot(n, lights[i].halfway.xyz), 0.0), exponent);
+        vec3 colour = lights[i].colour.rgb * lightReach(i);
+        light.diffuse += colour * max(dot(n, lights[i].direction.xyz), 0.0);
+        light.gloss += colour * highlight(max(dot(n, lights[i].halfway.xyz), 0.0), exponent);
     }
     for (int i = 0; i < SPOTS; ++i) {
         vec3 way = spots[i].place.xyz - at;

@@ -1,7 +1,8 @@
+#include "output.glsl"
 #include "sections_fragment.glsl"
 flat in vec4 tint;
-layout(location = 0) out vec4 result;
 void main() {
+    beginOutput();
     cut();
-    result = tint;
+    putColour(tint);
 }

@@ -1,13 +1,14 @@
 // Distances to the rim in pixels, negative inside. Bits as in GlyphPart.
 #include "sections_fragment.glsl"
+#include "output.glsl"
 flat in vec4 tint;
 flat in uint glyph;
 flat in float radius;
 in vec2 place;
-layout(location = 0) out vec4 result;
 float bar(vec2 p, float pen) { return max(abs(p.x) - radius, abs(p.y) - pen); }
 void main() {
     cut();
+    beginOutput();
     float pen = max(0.1 * radius, 0.6);
     vec2 p = (glyph & 8192u) != 0u ? vec2(place.x, -place.y) : place;
     vec2 a = abs(p);
@@ -32,5 +33,5 @@ void main() {
     if ((glyph & 4096u) != 0u) rim = min(rim, bar(turned.yx, pen));
     float cover = clamp(0.5 - rim, 0.0, 1.0);
     if (cover <= 0.0) discard;
-    result = vec4(tint.rgb, tint.a * cover);
+    putColour(vec4(tint.rgb, tint.a * cover));
 }

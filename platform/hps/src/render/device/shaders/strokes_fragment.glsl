@@ -1,4 +1,5 @@
 // Distances to the rim in pixels, negative inside.
+#include "output.glsl"
 #include "strokes.glsl"
 #include "sections_fragment.glsl"
 flat in vec4 tint;
@@ -6,7 +7,6 @@ noperspective in vec2 place;
 flat in vec4 measures;
 flat in vec4 joins;
 flat in uvec2 style;
-layout(location = 0) out vec4 result;
 // Beyond the end of a stretch by `out`, beside its axis by `beside`, both in pixels; `h` is half the width. Caps:
 // butt, disc, inverted triangle, mitre (a point), square.
 float cap(uint kind, float beyond, float beside, float h) {
@@ -35,6 +35,7 @@ float join(uint kind, vec2 q, vec2 next, float h) {
     return rim;
 }
 void main() {
+    beginOutput();
     cut();
     float l = measures.x, width = measures.y, start = measures.z, unit = measures.w, h = 0.5 * width;
     StrokeHead head = strokeHeads[style.x];
@@ -83,5 +84,5 @@ void main() {
     }
     float cover = clamp(0.5 - max(rim, shape), 0.0, 1.0);
     if (cover <= 0.0) discard;
-    result = vec4(tint.rgb, tint.a * cover);
+    putColour(vec4(tint.rgb, tint.a * cover));
 }
