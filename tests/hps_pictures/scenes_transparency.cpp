@@ -178,6 +178,10 @@ TEST(TransparencyOrder, weighsNearThingsMoreAndCoversJustAsMuch)
     // Of a single sheet the mean is the sheet.
     QColor const single = pictureOf(sheets, {"algorithm=weighted"}).pixelColor(200 / 2 - 62, 150 / 2 + 45);
     expectColour(single, over(behind, sheetColours[0]), 2);
+    // Nothing shows just outside of what the sheets cover.
+    QImage const picture = pictureOf(sheets, {"algorithm=weighted"});
+    for (int x = 28; x < 34; ++x) EXPECT_EQ(picture.pixelColor(x, 60), QColor(31, 31, 41)) << x;
+    for (int y = 126; y < 132; ++y) EXPECT_EQ(picture.pixelColor(60, y), QColor(31, 31, 41)) << y;
 }
 
 TEST(TransparencyOrder, splitsSheetsThatPassThroughEachOther)

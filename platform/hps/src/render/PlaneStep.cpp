@@ -7,11 +7,14 @@ namespace HPS::render
 namespace
 {
 
-/// For ProgramName::Cover, see cover_vertex.glsl.
-void setCover(MirrorPlane const& plane, Viewing const& view, float least)
+constexpr double inPlane = 1e-5; ///< of the casters' extent: no height at all
+
+/// For ProgramName::Cover, see cover_vertex.glsl. What is no higher over the plane than `lowest` lies in it
+/// and casts nothing.
+void setCover(MirrorPlane const& plane, Viewing const& view, double lowest, float least)
 {
     glUniform4f(0, float(plane.normal.x), float(plane.normal.y), float(plane.normal.z),
-                float(plane.height(view.target)));
+                float(plane.height(view.target) - lowest));
     glUniform4f(1, 1, 1, 1, least);
 }
 
@@ -63,7 +66,10 @@ void PlaneStep::drawShadow(FrameContext const& context, std::size_t number)
         calls_.submit(context, {.program = ProgramName::Cover,
                                 .features = {Feature::CoverPlane},
                                 .keepBlending = true,
-                                .prepare = [&] { setCover(plane, light, how.ignoreTransparency ? 1 : 0); }});
+                                .prepare = [&] {
+                                    setCover(plane, light, inPlane * casters.diagonal(),
+                                             how.ignoreTransparency ? 1 : 0);
+                                }});
     }
     map.finish();
 }

@@ -47,7 +47,7 @@ void readDistantLight(Lights& lights, DistantLightData const& data, scene::NetAt
     paint(light.colour, data.color, net);
     light.direction = vec(data.cameraRelative ? data.direction : net.matrix.Transform(data.direction));
     light.cameraRelative = data.cameraRelative;
-    light.throwsShadows = visibility.shows(VisibilityKinds::ShadowEmitting, true);
+    light.throwsShadows = net.state->get<VisibilityData>().shows(VisibilityKinds::ShadowEmitting, true);
     lights.distant.push_back(light);
 }
 

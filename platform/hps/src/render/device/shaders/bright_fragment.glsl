@@ -1,9 +1,7 @@
 // What is bright enough to shine beyond its rim. The empty background does not.
 layout(binding = 0) uniform sampler2D picture;
 layout(binding = 1) uniform sampler2D sceneDepth;
-#ifdef EFFECT_MASK
-layout(binding = 7) uniform sampler2D effectMask;
-#endif
+#include "effect_mask.glsl"
 layout(location = 0) uniform vec2 limits;       // where brightness starts to count, and 1 / what is above it
 in vec2 at;
 layout(location = 0) out vec4 result;
@@ -16,9 +14,7 @@ void main() {
             vec3 colour = texture(picture, other).rgb;
             float peak = max(colour.r, max(colour.g, colour.b));
             float counts = texture(sceneDepth, other).r < 1.0 ? 1.0 : 0.0;
-#ifdef EFFECT_MASK
-            if ((uint(texture(effectMask, other).r * 255.0 + 0.5) & 2u) != 0u) counts = 0.0;
-#endif
+            if ((leftOut(other) & 2u) != 0u) counts = 0.0;
             sum += colour * clamp((peak - limits.x) * limits.y, 0.0, 1.0) * counts;
         }
     result = vec4(sum * 0.0625, 1.0);

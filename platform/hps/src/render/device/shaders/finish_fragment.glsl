@@ -8,9 +8,7 @@ layout(binding = 0) uniform sampler2D picture;
 layout(binding = 4) uniform sampler2D glow;
 layout(location = 0) uniform float strength;
 #endif
-#ifdef EFFECT_MASK
-layout(binding = 7) uniform sampler2D effectMask;
-#endif
+#include "effect_mask.glsl"
 in vec2 at;
 layout(location = 0) out vec4 result;
 #ifdef SMOOTHING
@@ -36,10 +34,7 @@ vec3 smoothed(vec2 at, vec3 colour) {
 void main() {
     ivec2 pixel = ivec2(at * vec2(textureSize(picture, 0)));
     vec4 colour = texelFetch(picture, pixel, 0);
-    uint without = 0u;
-#ifdef EFFECT_MASK
-    without = uint(texelFetch(effectMask, pixel, 0).r * 255.0 + 0.5);
-#endif
+    uint without = leftOut(pixel);
 #ifdef SMOOTHING
     colour.rgb = smoothed(at, colour.rgb);
 #endif

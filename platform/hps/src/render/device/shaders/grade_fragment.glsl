@@ -4,9 +4,7 @@ layout(binding = 0) uniform sampler2D picture;
 #ifdef OCCLUSION
 layout(binding = 2) uniform sampler2D openSky;
 #endif
-#ifdef EFFECT_MASK
-layout(binding = 7) uniform sampler2D effectMask;
-#endif
+#include "effect_mask.glsl"
 layout(location = 0) uniform vec4 eyeDome;      // exponent, tolerance, strength
 layout(location = 1) uniform vec4 shade;        // colour of what lies deep
 layout(location = 2) uniform vec4 outline;      // tolerance, 1 for a heavy exterior
@@ -20,10 +18,7 @@ float depthBeside(ivec2 pixel, ivec2 offset) {
 void main() {
     ivec2 pixel = ivec2(at * vec2(textureSize(picture, 0)));
     vec4 colour = texelFetch(picture, pixel, 0);
-    uint without = 0u;
-#ifdef EFFECT_MASK
-    without = uint(texelFetch(effectMask, pixel, 0).r * 255.0 + 0.5);
-#endif
+    uint without = leftOut(pixel);
     float depth = texelFetch(sceneDepth, pixel, 0).r;
     vec3 place = viewPlace(at, depth);
     float size = pixelSize(place);
@@ -33,13 +28,14 @@ void main() {
 #ifdef EYE_DOME
     if (depth < 1.0 && (without & 16u) == 0u) {
         float deep = 0.0;
-        for (int i = 0; i < 8; ++i) {
-            float other = depthBeside(pixel, around[i] * 2);
-            float rise = (viewPlace(at, other).z - place.z) / size;
-            // As much as a slope of 45 degrees rises is no step yet.
+        for (int i = 0; i < 8; i += 2) {
+            // Across a plane, however steep, one side rises as much as the other falls.
+            float a = viewPlace(at, depthBeside(pixel, around[i] * 2)).z;
+            float b = viewPlace(at, depthBeside(pixel, around[i + 1] * 2)).z;
+            float rise = (a + b - 2.0 * place.z) / size;
             deep += clamp((rise - 2.0 * eyeDome.y * (i < 4 ? 1.0 : 1.4142)) / 32.0, 0.0, 1.0);
         }
-        float stays = exp(-4.0 * eyeDome.z * pow(deep * 0.125, eyeDome.x));
+        float stays = exp(-4.0 * eyeDome.z * pow(deep * 0.25, eyeDome.x));
         colour.rgb = mix(shade.rgb, colour.rgb, stays);
     }
 #endif

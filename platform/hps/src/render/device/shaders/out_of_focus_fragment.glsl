@@ -2,9 +2,7 @@
 #include "focus.glsl"
 layout(binding = 0) uniform sampler2D picture;
 layout(location = 3) uniform vec2 taps[16];
-#ifdef EFFECT_MASK
-layout(binding = 7) uniform sampler2D effectMask;
-#endif
+#include "effect_mask.glsl"
 in vec2 at;
 layout(location = 0) out vec4 result;
 void main() {
@@ -13,9 +11,7 @@ void main() {
     for (int i = 0; i < 16; ++i) {
         vec2 other = at + taps[i] * focus.w / viewport.xy;
         float theirs = confusion(texture(sceneDepth, other).r);
-#ifdef EFFECT_MASK
-        if ((uint(texture(effectMask, other).r * 255.0 + 0.5) & 4u) != 0u) theirs = 0.0;
-#endif
+        if ((leftOut(other) & 4u) != 0u) theirs = 0.0;
         // A place reaches here if its disc is as large as its distance; mine takes in no more than itself.
         float reach = length(taps[i]) * focus.w;
         float weight = clamp(min(theirs, max(mine, theirs * 0.5)) - reach + 1.0, 0.0, 1.0);

@@ -31,7 +31,7 @@ void putColour(vec4 colour) {
 #if defined(WEIGHTED)
     if (colour.a <= 0.0) discard;
     float near = 1.0 - gl_FragCoord.z;
-    float weight = colour.a * clamp(3e3 * near * near * near, 1e-2, 3e3);
+    float weight = colour.a * (0.1 + 2.0 * near * near);
     gathered = vec4(colour.rgb, 1.0) * weight;
     seenThrough = colour.a;
 #elif defined(PEEL) || defined(LAYERED)
