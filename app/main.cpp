@@ -1,13 +1,18 @@
 #include "Console.h"
 #include "InputFile.h"
 #include "Isolation.h"
-#include "Job.h"
 #include "Options.h"
 #include "OutputFile.h"
+#include "SharedLibrary.h"
+#include "chosen_settings.h"
+#include "headless/entry.h"
+#include "option_texts.h"
+#include "window/run_window.h"
 
 #include <cerrno>
 #include <clocale>
 #include <csignal>
+#include <cstdlib>
 #include <cstring>
 
 namespace zelview
@@ -27,14 +32,25 @@ ExitCode printText(Console const& console, std::string const& text)
     return ExitCode::CannotWrite;
 }
 
-ExitCode show(Options const& options, Console console)
+/// Runs the one file through the library that does everything without a window.
+ExitCode runJob(Options const& options, OutputFile const* output, Console const& console)
+{
+    SharedLibrary const library("libzelview_headless.so");
+    auto const job = library.find<RunHeadless>(RunHeadlessName);
+    if (job) return job(options, output, console);
+    console.fail(library.cause());
+    return ExitCode::NoGraphics;
+}
+
+ExitCode runHeadless(Options const& options, Console console)
 {
     auto const refuse = [&](std::string const& name, ExitCode code, std::string const& cause) {
         console.fail(name + ": " + cause);
         return code;
     };
-    if (std::optional<Refusal> const refusal = checkInput(options.file))
-        return refuse(options.file, refusal->code, refusal->cause);
+    std::string const& file = options.files.front();
+    if (std::optional<Refusal> const refusal = checkInput(file))
+        return refuse(file, refusal->code, refusal->cause);
     std::optional<OutputFile> output;
     if (options.output && *options.output != "-") {
         output.emplace(*options.output);
@@ -54,7 +70,35 @@ ExitCode show(Options const& options, Console console)
     Ending const ending = runIsolated(work, options.timeLimit);
     if (ending.cause.empty()) return ending.code;
     if (output) output->clearAway();
-    return refuse(options.file, ending.code, ending.cause);
+    return refuse(file, ending.code, ending.cause);
+}
+
+bool isSet(char const* variable)
+{
+    char const* const value = std::getenv(variable);
+    return value && *value;
+}
+
+bool hasDisplay()
+{
+    return isSet("DISPLAY") || isSet("WAYLAND_DISPLAY") || isSet("QT_QPA_PLATFORM");
+}
+
+/// The settings of this run without a window: those that the program ships, unless a file is named, so that a
+/// picture depends on nothing but the command line.
+ExitCode prepareSettings(Options const& options, Console const& console)
+{
+    if (!options.settingsFile) {
+        applySettings(options);
+        return ExitCode::Good;
+    }
+    if (std::optional<Refusal> const refusal = checkInput(*options.settingsFile)) {
+        console.fail(*options.settingsFile + ": " + refusal->cause);
+        return refusal->code;
+    }
+    for (std::wstring const& warning : loadSettings(options, fromUtf8(*options.settingsFile)))
+        console.warn(toUtf8(warning));
+    return ExitCode::Good;
 }
 
 int run(std::span<char const* const> words)
@@ -73,7 +117,14 @@ int run(std::span<char const* const> words)
     Options const& options = std::get<Options>(parsed);
     if (options.help) return codeOf(printText(console, helpText()));
     if (options.version) return codeOf(printText(console, "zelview " ZEL_VERSION "\n"));
-    return codeOf(show(options, console));
+    if (!options.wantsResult() && hasDisplay()) return codeOf(runWindow(options, console));
+    if (options.files.size() != 1) {
+        console.fail(options.files.empty() ? "no file given; see zelview --help"
+                                           : "more than one file given; see zelview --help");
+        return codeOf(ExitCode::WrongArguments);
+    }
+    ExitCode const ready = prepareSettings(options, console);
+    return codeOf(ready == ExitCode::Good ? runHeadless(options, console) : ready);
 }
 
 } // namespace

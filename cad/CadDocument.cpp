@@ -44,6 +44,8 @@ CadDocument::CadDocument(MoraCore::AViewTree* treeView)
     Tree = OwnTree.get();
     ImportExtensions = extensionsOf(ZelIO::ImportFormats());
     ExportExtensions = extensionsOf(ZelIO::ExportFormats());
+    IO->SetUseOccurrenceData(ZELVizCore::Settings::Current().UseOccurrenceData);
+    configureReader();
 }
 
 CadDocument::~CadDocument() = default;
@@ -66,6 +68,7 @@ bool CadDocument::MakePartModelFromReference(unsigned long long id)
 void CadDocument::Reset()
 {
     Modified = false;
+    if (!AheadPath.empty()) return; // nothing is shown yet, and what was read is to be
     ZELDocument::Reset();
 }
 
@@ -99,8 +102,16 @@ CadDocument::Seconds CadDocument::GetTreeTime() const
     return OwnTree->GetRenderTime();
 }
 
+bool CadDocument::ReadAhead(wchar_t const* path, Progress progress)
+{
+    AheadPath = path;
+    AheadResult = IO->Read(path, ProductStructure, progress);
+    return AheadResult;
+}
+
 bool CadDocument::doImport(wchar_t const* path, Progress progress)
 {
+    if (std::exchange(AheadPath, {}) == path) return AheadResult;
     return IO->Read(path, ProductStructure, progress);
 }
 

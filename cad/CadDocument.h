@@ -21,6 +21,10 @@ public:
     explicit CadDocument(MoraCore::AViewTree* treeView = nullptr);
     ~CadDocument() override;
 
+    /// Reads into a document that was not opened yet, by the settings of the time when it was made; see
+    /// ReadDocumentAhead.
+    bool ReadAhead(wchar_t const* path, Progress progress);
+
     /// Also takes the body out of the scene and the tree.
     bool RemoveBodyFromPart(RenderId const& id) override;
     bool MakePartModelFromReference(unsigned long long id) override;
@@ -61,6 +65,8 @@ private:
     std::unique_ptr<CadTree> OwnTree;
     mutable bool Modified = false; ///< saving is const and ends it
     Seconds SceneTime{};
+    std::wstring AheadPath; ///< read, but not opened yet; empty: none
+    bool AheadResult = false;
 };
 
 } // namespace ZelCad

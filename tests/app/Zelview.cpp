@@ -2,10 +2,20 @@
 
 #include <QFileInfo>
 #include <QProcess>
+#include <QProcessEnvironment>
+
+QProcessEnvironment withoutDisplay()
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (char const* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        environment.remove(variable);
+    return environment;
+}
 
 Outcome runZelview(QStringList const& arguments)
 {
     QProcess process;
+    process.setProcessEnvironment(withoutDisplay());
     process.start(QStringLiteral(ZEL_BINARY_DIR "/bin/zelview"), arguments);
     bool const ended = process.waitForFinished(120'000) && process.exitStatus() == QProcess::NormalExit;
     if (!ended) process.kill();

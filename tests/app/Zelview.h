@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QProcessEnvironment>
 #include <QString>
 #include <QStringList>
 
@@ -14,6 +15,9 @@ struct Outcome {
     QByteArray out;
     QByteArray err;
 };
+
+/// Ours, but with no screen to open a window on.
+QProcessEnvironment withoutDisplay();
 
 /// Runs zelview as a user would and waits for its end.
 Outcome runZelview(QStringList const& arguments);

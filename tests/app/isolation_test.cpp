@@ -31,6 +31,7 @@ qint64 childOf(qint64 process)
 Outcome disturbed(QStringList const& options, std::function<void(qint64 parent, qint64 child)> const& disturb)
 {
     QProcess process;
+    process.setProcessEnvironment(withoutDisplay());
     process.start(QStringLiteral(ZEL_BINARY_DIR "/bin/zelview"), options + QStringList{slowModel()});
     qint64 child = 0;
     for (int i = 0; i < 500 && child == 0 && process.state() != QProcess::NotRunning; ++i) {

@@ -136,6 +136,9 @@ protected:
     virtual bool initialize();
     virtual void initializeImportExportExtensions();
 
+    /// Hands the current settings to the reader.
+    void configureReader();
+
     virtual bool doImport(wchar_t const* path, Progress progress) = 0;
     virtual bool doExportAs(wchar_t const* path, wchar_t const* other, Progress progress) = 0;
     virtual bool doExport(wchar_t const* path, Progress progress) = 0;

@@ -55,15 +55,19 @@ bool ZELDocument::Open2(wchar_t const* path, Progress progress)
     return Import(path, progress);
 }
 
-bool ZELDocument::Import(wchar_t const* path, Progress progress)
+void ZELDocument::configureReader()
 {
     ZELVizCore::Settings const& settings = ZELVizCore::Settings::Current();
-    bool const multiProcessing = settings.UseMultiProcessing;
-    int const processors = allowedProcessors(settings);
     GraphicalMode = settings.GraphicalMode;
     IO->RequestGraphicalMode(GraphicalMode);
     IO->SetReadPersistentNames(settings.ReadPersistentNames);
-    IO->SetNumProcessors(processors);
+    IO->SetNumProcessors(allowedProcessors(settings));
+}
+
+bool ZELDocument::Import(wchar_t const* path, Progress progress)
+{
+    ZELVizCore::Settings const& settings = ZELVizCore::Settings::Current();
+    configureReader();
 
     bool ok = doImport(path, progress);
     if (ok) GraphicalMode = IO->IsGraphicalMode(); // the reader may refuse what was requested
@@ -78,7 +82,7 @@ bool ZELDocument::Import(wchar_t const* path, Progress progress)
         watch.Stop();
         report += watch.Text(L"\tRendering                  %f [s].\n");
     }
-    report += processorsReport(multiProcessing, processors);
+    report += processorsReport(settings.UseMultiProcessing, allowedProcessors(settings));
     Session().PrintMessage(report, MoraCore::MessageType::Information);
     return ok;
 }

@@ -21,8 +21,9 @@ struct Picture {
     double fitSeconds = 0; ///< for canvas and view, and the camera that shows all
 };
 
-/// Draws the whole model on a canvas without a window, from the front, right and top.
-std::variant<Picture, Refusal> drawPicture(HPS::Model const& model, PixelSize size);
+/// Draws the model on a canvas without a window: as chosen, and where nothing is said about the camera all of
+/// it from the front, right and top. Colours are those of the current settings.
+std::variant<Picture, Refusal> drawPicture(HPS::Model const& model, PixelSize size, ViewChoice const& choice);
 
 /// The bytes of a PNG file; empty if the image cannot be encoded.
 QByteArray encodePng(QImage const& image);

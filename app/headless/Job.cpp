@@ -1,9 +1,8 @@
-#include "Job.h"
-
 #include "CadDocument.h"
 #include "InfoText.h"
 #include "Picture.h"
 #include "TreeText.h"
+#include "entry.h"
 
 #include <cerrno>
 #include <chrono>
@@ -105,7 +104,7 @@ public:
         if (Asked.tree || nothingElse)
             if (!print(treeText(TreeView.GetTreeBuilder()))) return ExitCode::CannotWrite;
         if (Asked.exportHsf && !Document.ExportHSF())
-            return fail(ExitCode::CannotWrite, Asked.file + ".hsf", "the stream file cannot be written");
+            return fail(ExitCode::CannotWrite, File + ".hsf", "the stream file cannot be written");
         if (drawing())
             if (ExitCode const code = makePicture(); code != ExitCode::Good) return code;
         if (Asked.info && !print(info())) return ExitCode::CannotWrite;
@@ -128,9 +127,8 @@ private:
 
     ExitCode open()
     {
-        ZELVizCore::Settings::Current().GraphicalMode = Asked.graphical;
         // A reader looks for the files beside this one by its folder.
-        std::filesystem::path const path = std::filesystem::absolute(Asked.file);
+        std::filesystem::path const path = std::filesystem::absolute(File);
         Document.Open(fromUtf8(path.native()).c_str());
 
         std::wstring error;
@@ -139,10 +137,10 @@ private:
         NarMetaInfra::IoOutcome const outcome = Document.GetIO().GetOutcome();
         ExitCode const code = codeOf(outcome);
         if (code != ExitCode::Good)
-            fail(code, Asked.file,
-                 error.empty() ? "the file cannot be read" : causeWithoutName(toUtf8(error), Asked.file));
+            fail(code, File,
+                 error.empty() ? "the file cannot be read" : causeWithoutName(toUtf8(error), File));
         else if (Document.IsEmpty())
-            return fail(ExitCode::NothingToShow, Asked.file, "there is nothing in it to show");
+            return fail(ExitCode::NothingToShow, File, "there is nothing in it to show");
         for (std::wstring const& warning : warnings) Warnings.add(warning);
         return code;
     }
@@ -152,10 +150,10 @@ private:
         auto const beforeGraphics = Clock::now();
         Graphics.wait();
         double const waited = secondsSince(beforeGraphics);
-        auto drawn = drawPicture(Document.GetModel(), Asked.resolution);
+        auto drawn = drawPicture(Document.GetModel(), Asked.resolution, Asked.view);
         if (Refusal const* refusal = std::get_if<Refusal>(&drawn)) {
             if (!Asked.output) return ExitCode::Good; // the figures stand without it
-            return fail(refusal->code, Asked.file, refusal->cause);
+            return fail(refusal->code, File, refusal->cause);
         }
         Drawn = std::move(std::get<Picture>(drawn));
         Drawn->report.startMilliseconds += 1000 * waited; // what the start took beyond the reading beside it
@@ -175,13 +173,14 @@ private:
     {
         Picture const* const picture = Drawn ? &*Drawn : nullptr;
         std::vector<Stage> stages = stagesOf(Document, picture, EncodeSeconds);
-        return infoText(Document, {Asked.file, secondsSince(Start), picture, std::move(stages)});
+        return infoText(Document, {File, secondsSince(Start), picture, std::move(stages)});
     }
 
     bool drawing() const { return Asked.output || Asked.info; }
 
     Clock::time_point const Start = Clock::now();
     Options const& Asked;
+    std::string const& File = Asked.files.front();
     OutputFile const* Output; ///< not owned; null: standard output
     Console const& Target;
     WarningLines Warnings{Target};
@@ -194,18 +193,20 @@ private:
 };
 
 } // namespace
+} // namespace zelview
 
-ExitCode runJob(Options const& options, OutputFile const* output, Console const& console)
+zelview::ExitCode zelviewRunHeadless(zelview::Options const& options, zelview::OutputFile const* output,
+                                     zelview::Console const& console)
 {
+    using zelview::ExitCode;
+    std::string const& file = options.files.front();
     try {
-        return Job(options, output, console).run();
+        return zelview::Job(options, output, console).run();
     } catch (std::bad_alloc const&) {
-        console.fail(options.file + ": out of memory");
+        console.fail(file + ": out of memory");
         return ExitCode::Stopped;
     } catch (std::exception const& fault) {
-        console.fail(options.file + ": " + fault.what());
+        console.fail(file + ": " + fault.what());
         return ExitCode::DamagedFile;
     }
 }
-
-} // namespace zelview

@@ -1,0 +1,148 @@
+#include "TreePanel.h"
+
+#include "HostTree.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScopedValueRollback>
+#include <QTreeView>
+#include <QVBoxLayout>
+
+namespace zelview
+{
+
+TreePanel::TreePanel(HostTree& tree, QWidget* parent)
+    : QWidget(parent),
+      Model(tree.GetTreeBuilder()),
+      Field(new QLineEdit),
+      Count(new QLabel),
+      View(new QTreeView)
+{
+    Field->setPlaceholderText(tr("Search"));
+    Field->setAccessibleName(tr("Search in the model tree"));
+    Field->setClearButtonEnabled(true);
+    Field->installEventFilter(this);
+    Count->setAccessibleName(tr("Number of matches"));
+
+    View->setModel(&Model);
+    View->setAccessibleName(tr("Model tree"));
+    View->setUniformRowHeights(true); // otherwise every row is measured
+    View->setContextMenuPolicy(Qt::CustomContextMenu);
+    View->setExpandsOnDoubleClick(false);
+    View->header()->setStretchLastSection(false);
+    View->header()->setSectionResizeMode(TreeModel::NameColumn, QHeaderView::Stretch);
+    View->header()->setSectionResizeMode(TreeModel::VisibleColumn, QHeaderView::Fixed);
+    View->header()->setMinimumSectionSize(28);
+    View->header()->resizeSection(TreeModel::VisibleColumn, 28);
+    View->header()->hide();
+
+    auto* const row = new QHBoxLayout;
+    row->addWidget(Field);
+    row->addWidget(Count);
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(4, 4, 4, 4);
+    column->addLayout(row);
+    column->addWidget(View);
+    setTabOrder(Field, View);
+    setFocusProxy(View);
+
+    connect(Field, &QLineEdit::textChanged, this, &TreePanel::search);
+    connect(View->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](QModelIndex const& index) {
+                if (!Silent) emit chosen(index.isValid() ? Model.pathOf(index) : RenderId());
+            });
+    connect(View, &QTreeView::activated, this, [this](QModelIndex const& index) {
+        if (index.isValid()) emit opened(Model.pathOf(index));
+    });
+    connect(View, &QTreeView::customContextMenuRequested, this, [this](QPoint const& position) {
+        QModelIndex const index = View->indexAt(position);
+        if (index.isValid()) emit menuWanted(Model.pathOf(index), View->viewport()->mapToGlobal(position));
+    });
+    connect(&tree, &HostTree::rewritten, this, &TreePanel::refresh);
+    connect(&tree, &HostTree::highlighted, this, &TreePanel::reveal);
+    connect(&tree, &HostTree::highlightCleared, this, [this] {
+        QScopedValueRollback const quiet(Silent, true);
+        View->selectionModel()->clear();
+    });
+}
+
+void TreePanel::refresh()
+{
+    QScopedValueRollback const quiet(Silent, true);
+    Search.clear();
+    Model.refresh();
+    View->expandToDepth(0);
+    search(Field->text());
+}
+
+void TreePanel::focusSearch()
+{
+    Field->setFocus(Qt::ShortcutFocusReason);
+    Field->selectAll();
+}
+
+void TreePanel::reveal(RenderId const& id)
+{
+    QModelIndex const index = Model.indexOf(id);
+    if (!index.isValid()) return;
+    QScopedValueRollback const quiet(Silent, true);
+    View->setCurrentIndex(index); // which also opens the way to it
+    View->scrollTo(index);
+}
+
+void TreePanel::search(QString const& text)
+{
+    Matches = Search.find(Model, text);
+    Model.setMarked(Matches);
+    Match = -1;
+    goToMatch(1);
+}
+
+void TreePanel::goToMatch(int step)
+{
+    int const count = static_cast<int>(Matches.size());
+    if (count > 0) {
+        Match = Match < 0 && step < 0 ? count - 1 : (Match + step + count) % count;
+        QModelIndex const index = Model.indexOf(Matches[static_cast<std::size_t>(Match)]);
+        QScopedValueRollback const quiet(Silent, true); // a search must not light up what it passes
+        View->setCurrentIndex(index);
+        View->scrollTo(index);
+    }
+    showCount();
+}
+
+void TreePanel::showCount()
+{
+    QString const text = Field->text().isEmpty() ? QString()
+                         : Matches.empty()       ? tr("none")
+                                                 : tr("%1 of %2").arg(Match + 1).arg(Matches.size());
+    Count->setText(text);
+}
+
+bool TreePanel::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == Field && event->type() == QEvent::KeyPress) {
+        auto const* const key = static_cast<QKeyEvent*>(event);
+        switch (key->key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            goToMatch(key->modifiers() & Qt::ShiftModifier ? -1 : 1);
+            if (QModelIndex const index = View->currentIndex(); index.isValid() && !Matches.empty())
+                emit chosen(Model.pathOf(index));
+            return true;
+        case Qt::Key_Down:
+            View->setFocus(Qt::TabFocusReason);
+            return true;
+        case Qt::Key_Escape:
+            Field->clear();
+            return true;
+        default:
+            break;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+} // namespace zelview

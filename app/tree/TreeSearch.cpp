@@ -1,0 +1,42 @@
+#include "TreeSearch.h"
+
+#include <algorithm>
+
+namespace zelview
+{
+
+void TreeSearch::clear()
+{
+    Folded.clear();
+    Ends.clear();
+}
+
+void TreeSearch::collect(TreeModel const& model)
+{
+    constexpr qsizetype UsualName = 24;
+    auto const count = static_cast<TreeModel::Position>(model.nodeCount());
+    Folded.reserve(count * UsualName);
+    Ends.reserve(model.nodeCount());
+    for (TreeModel::Position position = 0; position < count; ++position) {
+        Folded += u'\n';
+        Folded += model.nameOf(position).toCaseFolded();
+        Ends.push_back(Folded.size());
+    }
+}
+
+std::vector<TreeModel::Position> TreeSearch::find(TreeModel const& model, QString const& text)
+{
+    std::vector<TreeModel::Position> found;
+    if (text.isEmpty()) return found;
+    if (Ends.empty()) collect(model);
+    QString const sought = text.toCaseFolded();
+    for (qsizetype at = Folded.indexOf(sought); at >= 0;) {
+        auto const end = std::ranges::upper_bound(Ends, at);
+        auto const position = static_cast<TreeModel::Position>(end - Ends.begin());
+        if (position > 0) found.push_back(position); // the root is not in sight
+        at = Folded.indexOf(sought, *end);
+    }
+    return found;
+}
+
+} // namespace zelview

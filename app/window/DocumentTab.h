@@ -1,0 +1,80 @@
+#pragma once
+
+#include "OpenDocument.h"
+#include "ViewChoice.h"
+
+#include <QFileSystemWatcher>
+#include <QTimer>
+#include <QWidget>
+
+class QFrame;
+
+namespace MoraCore
+{
+class ACamera;
+} // namespace MoraCore
+
+namespace zelview
+{
+
+class TreePanel;
+
+/// One view with the document in it: the page of a tab. The view is reached by the host's interface alone.
+class DocumentTab final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// @param plugin must outlive the tab
+    explicit DocumentTab(Plugin& plugin, QWidget* parent = nullptr);
+    ~DocumentTab() override;
+
+    /// Builds and shows what was read in place of what is here. False, with this as it was, if it cannot be
+    /// built; the cause stands in the document's messages.
+    bool show(std::shared_ptr<OpenDocument> const& document, bool keepCamera);
+    bool hasDocument() const { return Current != nullptr; }
+    QString path() const { return Current ? Current->path : QString(); }
+    MoraCore::IDocumentEvo& document() const { return *Current->document; }
+    MoraCore::IView3DEvo& view() const { return *View; }
+    MoraCore::ACamera* camera() const;
+    /// The tree beside the view; null without a document. Owned by this tab unless a parent took it.
+    TreePanel* treePanel() const { return Panel; }
+
+    /// Camera, mode and edges as chosen.
+    void apply(ViewChoice const& choice);
+    /// The view takes the settings that are in force.
+    void applySettings();
+    void lookFrom(StandardView view);
+    void fit();
+    void selectNothing();
+    void setParallel(bool parallel);
+    /// Calls a slot of the view by its name; false if it has none of that name.
+    bool callView(char const* slot);
+    bool viewHas(char const* slot) const;
+    QImage picture() const;
+
+    /// A line above the view that offers to read the file again.
+    void offerReload();
+
+signals:
+    void fileChanged();
+    void reloadWanted();
+    void treeMenuWanted(ZELVizCore::RenderId const& id, QPoint const& globalPosition);
+    void nodeChosen(ZELVizCore::RenderId const& id);
+
+private:
+    void makeTreePanel();
+    void choose(ZELVizCore::RenderId const& id);
+    void open(ZELVizCore::RenderId const& id);
+    void watch();
+
+    Plugin& Source;
+    std::unique_ptr<MoraCore::IView3DEvo> View;
+    std::shared_ptr<OpenDocument> Current;
+    TreePanel* Panel = nullptr;
+    QFrame* Offer; ///< hidden unless the file has changed
+    QFileSystemWatcher Watcher;
+    QTimer Settling; ///< a file that is being written changes many times
+};
+
+} // namespace zelview

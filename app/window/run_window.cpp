@@ -1,0 +1,63 @@
+#include "run_window.h"
+
+#include "MainWindow.h"
+#include "chosen_settings.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QMessageBox>
+
+#include <unistd.h>
+
+namespace zelview
+{
+namespace
+{
+
+/// A refusal for whoever started the program: on its standard error, and in a box where nobody would see
+/// that.
+ExitCode refuse(Console const& console, ExitCode code, std::string const& cause)
+{
+    console.fail(cause);
+    bool const onScreen = QGuiApplication::platformName() != QLatin1String("offscreen");
+    if (onScreen && !::isatty(STDERR_FILENO))
+        QMessageBox::critical(nullptr, QStringLiteral("zelview"), QString::fromStdString(oneLine(cause)));
+    return code;
+}
+
+} // namespace
+
+ExitCode runWindow(Options const& options, Console const& console)
+{
+    // The view's window is native; its neighbours need not be.
+    QCoreApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
+    int count = 1;
+    std::string name = "zelview";
+    char* words[] = {name.data(), nullptr};
+    QApplication application(count, words);
+    QApplication::setApplicationName(QStringLiteral("zelview"));
+    QApplication::setApplicationVersion(QStringLiteral(ZEL_VERSION));
+    QGuiApplication::setDesktopFileName(QStringLiteral("zelview"));
+
+    if (options.settingsFile && !QFileInfo::exists(QString::fromStdString(*options.settingsFile)))
+        return refuse(console, ExitCode::UnreadableFile, *options.settingsFile + ": no such file");
+    std::vector<std::wstring> const warnings =
+        loadSettings(options, options.settingsFile ? fromUtf8(*options.settingsFile) : std::wstring());
+
+    auto opened = Plugin::open();
+    if (std::string const* const cause = std::get_if<std::string>(&opened))
+        return refuse(console, ExitCode::NoGraphics, *cause);
+    std::unique_ptr<Plugin> const plugin = std::get<std::unique_ptr<Plugin>>(std::move(opened));
+
+    MainWindow window(*plugin, {options.view, !options.settingsFile});
+    for (std::wstring const& warning : warnings)
+        MoraCore::SessionMgr::Instance().CurrentSession().PrintMessage(warning,
+                                                                       MoraCore::MessageType::Warning);
+    window.show();
+    QStringList files;
+    for (std::string const& file : options.files) files << QString::fromStdString(file);
+    window.open(files, Placement::NewTab);
+    return QApplication::exec() == 0 ? ExitCode::Good : ExitCode::Stopped;
+}
+
+} // namespace zelview

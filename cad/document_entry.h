@@ -1,0 +1,28 @@
+#pragma once
+
+namespace MoraCore
+{
+class AViewTree;
+class IDocumentEvo;
+class IView3DEvo;
+} // namespace MoraCore
+
+// What a host looks up in this library at run time, so that it needs neither it nor the plug-in at its link.
+extern "C" {
+
+/// A new document, owned by the caller.
+/// @param tree where it writes its tree; not owned, must outlive the document; null: no tree
+MoraCore::IDocumentEvo* CreateDocument(MoraCore::AViewTree* tree);
+
+/// Reads a file into an empty document of ours, by the current settings. It touches neither scene nor tree,
+/// so that it may run beside the thread that does. The next `Open` of the same path takes what was read, or
+/// fails with what is told in `GetErrorAndWarnings`.
+bool ReadDocumentAhead(MoraCore::IDocumentEvo& document, wchar_t const* path,
+                       void (*progress)(double done, bool& cancel));
+
+/// Calls `take` with the picture of the last update of a view of the plug-in: four bytes a pixel, rows from
+/// the top down without gaps, valid during the call. False if there is none.
+bool ReadViewPicture(MoraCore::IView3DEvo& view,
+                     void (*take)(void* target, int width, int height, unsigned char const* pixels),
+                     void* target);
+}
