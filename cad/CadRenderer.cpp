@@ -104,7 +104,19 @@ bool CadRenderer::buildProductSceneGraph(NarMetaInfra::ZELProductStructure const
     HPS::SegmentKey segment = RootKey.Subsegment("", true);
     segment.GetStyleControl().PushNamed(ZelVizBase::SceneDefaults::PmiStyle);
     segment.GetStyleControl().PushNamed("hidden_pmi", HPS::ConditionalExpression("hide_pmi"));
-    return renderVisuData(structure, segment, visualisation);
+    bool const rendered = renderVisuData(structure, segment, visualisation);
+    if (structure->GetPMI()) hideAnnotations(*structure->GetPMI());
+    return rendered;
+}
+
+void CadRenderer::hideAnnotations(NarMetaPmi::PMIContainer const& container)
+{
+    for (NarMetaInfra::Id const id : container.GetHiddenAnnotations()) {
+        HPS::Key key;
+        if (!ObjectMapper->Get(id, key)) continue;
+        HPS::SegmentKey picture(key);
+        Hide(picture);
+    }
 }
 
 void CadRenderer::insertVisuData(HPS::SegmentKey& segment, std::shared_ptr<ZELReference> const& reference)
@@ -116,6 +128,7 @@ void CadRenderer::insertVisuData(HPS::SegmentKey& segment, std::shared_ptr<ZELRe
     if (!renderVisuData(segment, reference, visualisation))
         warn(L"Part of the visualisation data of \"" + reference->GetReferenceName() +
              L"\" cannot be shown.");
+    if (reference->GetPmi()) hideAnnotations(*reference->GetPmi());
 }
 
 void CadRenderer::insertBodies(HPS::SegmentKey& segment, ZELReference const& reference,

@@ -42,6 +42,8 @@ protected:
 private:
     void insertVisuData(HPS::SegmentKey& segment,
                         std::shared_ptr<NarMetaInfra::ZELReference> const& reference);
+    /// Hides the pictures of annotations that are switched off in the model.
+    void hideAnnotations(NarMetaPmi::PMIContainer const& container);
     void insertBodies(HPS::SegmentKey& segment, NarMetaInfra::ZELReference const& reference,
                       ZelVizBase::ZELObjectMapper& mapper);
     void insertFaces(HPS::SegmentKey& bodySegment, NarMetaInfra::BrepBody const& body,

@@ -181,10 +181,15 @@ std::shared_ptr<PMIContainer> Annotations(std::wstring const& pid)
     content.tolerances = {tolerance};
     auto dimension = Linked<PMIDimension>(5'000'006, L"Durchmesser");
     dimension->SetType(PMIDimensionType::Size, PMIDimensionSubType::Diameter);
+    dimension->SetValue(PMIDimensionValue{12.5, 0.1, -0.2});
+    dimension->SetUserProperties({{L"Prüfmaß", L"ja"}, {L"Los", L"7 & 8"}});
     content.dimensions = {dimension};
     content.roughnesses = {Linked<PMIRoughness>(5'000'007, L"Ra 1,6")};
     auto capture = std::make_shared<PMICapture>(5'000'008, L"Aufnahme");
     capture->SetActive(true);
+    capture->SetAnnotationIds({5'000'005, 5'000'006});
+    capture->SetVisibleReferences({L"part", L"other part"});
+    capture->SetClippingPlanes({{{1, 2, 3}, {0, 0.6, 0.8}}});
     auto set = std::make_shared<PMIAnnotationSet>(5'000'009, L"Satz");
     set->SetStandard(L"ISO");
     set->SetHidden(true);

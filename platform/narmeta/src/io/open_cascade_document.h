@@ -2,11 +2,14 @@
 
 // Only for sources of this folder that see Open CASCADE.
 
+#include "StepEntities.h"
+
 #include <narmeta/io/ZelIO.h>
 
 #include <array>
 #include <filesystem>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -71,6 +74,10 @@ struct KernelDocument {
     std::wstring nameOf(TDF_Label const& label) const;
     /// Shapes on a layer that is switched off become hidden themselves.
     void hideInvisibleLayers();
+
+    /// A STEP file's own entities, for what the kernel does not hand over; empty for other formats.
+    std::string stepText;
+    std::unique_ptr<StepEntities> stepEntities;
 
     /// The file's shapes are triangles by nature.
     bool isMesh = false;

@@ -83,6 +83,7 @@ void ModelBuilder::buildRoots(std::vector<TDF_Label> const& roots)
         auto const pid = unique(pidOf(top, name));
         Model.SetProductName(name);
         Model.SetPID(pid);
+        if (mark) Products.emplace(mark->number, nullptr);
         for (auto const& component : componentsOf(top))
             Model.AddRootInstance(makeInstance(component, pid, name));
         return;
@@ -164,7 +165,10 @@ ModelBuilder::ReferencePointer ModelBuilder::referenceOf(TDF_Label const& label,
     if (mark && mark->isMissing) kind = ZELReference::Kind::Missing;
     auto const reference = Model.AddReference(kind, pid, name);
     References.Bind(label, reference);
-    if (mark) reference->SetStorageName(wideFromBytes(mark->storageFile));
+    if (mark) {
+        reference->SetStorageName(wideFromBytes(mark->storageFile));
+        Products.emplace(mark->number, reference.get());
+    }
     switch (kind) {
     case ZELReference::Kind::Part:
         addPart({label}, reference);
@@ -236,9 +240,12 @@ void ModelBuilder::buildPart(Part const& part, BuildTimes& times, Message_Progre
 
     StageClock const clock(times.convert);
     PartConverter converter(Document, part.reference->GetUniqueID(), tolerance);
-    if (Options.entityNames) {
-        converter.setNamer(
-            [&](int number, Id id) { part.reference->NameEntity(L"#" + std::to_wstring(number), id); });
+    auto const* const linked = linkedEntities(*part.reference);
+    if (Options.entityNames || linked) {
+        converter.setNamer([&, linked](int number, Id id) {
+            if (Options.entityNames || linked->contains(number))
+                part.reference->NameEntity(L"#" + std::to_wstring(number), id);
+        });
     }
     auto const failure = guarded([&] {
         PartStyles styles;

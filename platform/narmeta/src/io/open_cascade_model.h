@@ -2,6 +2,7 @@
 
 // Only for sources of this folder that see Open CASCADE.
 
+#include "StepAnnotations.h"
 #include "open_cascade_style.h"
 
 #include <narmeta/infra/ZELProductStructure.h>
@@ -29,6 +30,11 @@ public:
     ModelBuilder(KernelDocument& document, BuildOptions const& options, ZELProductStructure& model);
 
     void buildStructure();
+    /// Reads the file's annotations. They are told apart from the parts since a part has to name what they
+    /// are linked to.
+    void readAnnotations();
+    /// Once the parts are built.
+    void attachAnnotations();
     /// Meshes and converts the parts one after the other; a part that fails stays without what it could not
     /// give, with a warning.
     void buildParts(BuildTimes& times, Message_ProgressRange const& range);
@@ -61,6 +67,7 @@ private:
     std::wstring unique(std::wstring pid);
     void buildPart(Part const& part, BuildTimes& times, Message_ProgressRange const& range);
     void settleOccurrenceColours();
+    std::set<int> const* linkedEntities(ZELReference const& reference) const;
     OwnColours ownColours(ZELReference const& reference) const;
 
     KernelDocument& Document;
@@ -69,6 +76,8 @@ private:
     Handle(XCAFDoc_ShapeTool) Shapes;
     LabelMap<ReferencePointer> References;
     std::vector<Part> Parts;
+    std::map<int, ZELReference*> Products; // by entity number of the definition; null for the product itself
+    std::vector<StepAnnotationSet> Annotations;
     std::vector<OccurrenceColour> OccurrenceColours;
     std::unordered_map<ZELReference const*, OwnColours> PartColours;
     std::unordered_set<std::wstring> Pids;

@@ -113,9 +113,11 @@ ReadResult OpenCascadeReader::readInSession(ReadRequest const& request, ZELProdu
     {
         StageClock const clock(buildTimes.convert);
         builder.buildStructure();
+        builder.readAnnotations();
     }
     builder.buildParts(buildTimes, stages.Next(50));
     if (progress->isCancelled()) return cancelled();
+    builder.attachAnnotations();
     if (!builder.hasContents())
         return ReadResult::Failure(IoOutcome::NothingToShow, L"the file holds nothing to show");
     progress->report(1.0);

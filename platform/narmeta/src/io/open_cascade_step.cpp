@@ -28,7 +28,7 @@ char const* kernelCodePage(TextEncoding encoding)
 
 LoadOutcome parse(std::filesystem::path const& file, STEPCAFControl_Reader& reader, KernelDocument& document)
 {
-    auto const report = checkStepFile(file);
+    auto const report = checkStepFile(file, document.stepText);
     if (report.refusal) return LoadFailure{IoOutcome::Damaged, *report.refusal};
     if (report.danglingCount > 0) {
         document.warnings.push_back("the STEP file refers to entities that it does not define (" +
@@ -80,6 +80,7 @@ LoadOutcome loadStep(std::filesystem::path const& file, KernelDocument& document
     }
     if (failure)
         document.warnings.push_back("part of the STEP file could not be translated (" + *failure + ")");
+    document.stepEntities = std::make_unique<StepEntities>(document.stepText);
     failure = guarded([&] { identifyStep(reader, document); });
     if (failure)
         document.warnings.push_back("entities of the STEP file could not be identified (" + *failure + ")");

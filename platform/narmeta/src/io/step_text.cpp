@@ -139,7 +139,7 @@ StepTextReport checkStepText(std::string_view text)
     return StepScanner(text).scan();
 }
 
-StepTextReport checkStepFile(std::filesystem::path const& file)
+StepTextReport checkStepFile(std::filesystem::path const& file, std::string& text)
 {
     StepTextReport unreadable;
     unreadable.refusal = "the file can't be read";
@@ -147,7 +147,7 @@ StepTextReport checkStepFile(std::filesystem::path const& file)
     auto const size = std::filesystem::file_size(file, error);
     std::ifstream stream(file, std::ios::binary);
     if (error || !stream) return unreadable;
-    std::string text(size, '\0');
+    text.assign(size, '\0');
     if (!stream.read(text.data(), static_cast<std::streamsize>(size))) return unreadable;
     return checkStepText(text);
 }

@@ -28,6 +28,6 @@ struct StepTextReport {
 /// parser does not survive.
 StepTextReport checkStepText(std::string_view text);
 
-/// Reads and checks a file; a file that can't be read is refused too.
-StepTextReport checkStepFile(std::filesystem::path const& file);
+/// Reads a file into @p text and checks it; a file that can't be read is refused too.
+StepTextReport checkStepFile(std::filesystem::path const& file, std::string& text);
 } // namespace NarMetaInfra

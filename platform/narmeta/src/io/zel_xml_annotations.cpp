@@ -46,6 +46,11 @@ void WriteOwn(XmlSink& sink, PMIDimension const& dimension)
     dimension.GetType(type, subType);
     sink.Attribute("type", static_cast<int>(type));
     sink.Attribute("subtype", static_cast<int>(subType));
+    if (auto const& value = dimension.GetValue()) {
+        sink.Attribute("nominal", value->nominal);
+        if (value->upper) sink.Attribute("upper", *value->upper);
+        if (value->lower) sink.Attribute("lower", *value->lower);
+    }
 }
 
 void ReadOwn(XmlSource&, PMIAnnotation&) {}
@@ -60,6 +65,9 @@ void ReadOwn(XmlSource& source, PMIDimension& dimension)
 {
     dimension.SetType(source.Choice("type", 0, 2, PMIDimensionType::Unknown),
                       source.Choice("subtype", 0, 22, PMIDimensionSubType::Unknown));
+    if (auto const nominal = source.NumberOf<double>("nominal"))
+        dimension.SetValue(PMIDimensionValue{*nominal, source.NumberOf<double>("upper"),
+                                             source.NumberOf<double>("lower")});
 }
 
 template <class Annotation>
@@ -74,6 +82,11 @@ void WriteList(XmlSink& sink, char const* name, std::vector<std::shared_ptr<Anno
             auto const link = sink.Open("link");
             sink.Attribute("entity", entity);
             for (auto const& pid : path) sink.Text("instance", pid);
+        }
+        for (auto const& [label, value] : annotation->GetUserProperties()) {
+            auto const property = sink.Open("property");
+            sink.Attribute("name", label);
+            sink.Attribute("value", value);
         }
     }
 }
@@ -103,12 +116,16 @@ template <class Annotation> void ReadInto(XmlSource& source, std::vector<std::sh
     auto annotation = ReadBase<Annotation>(source);
     ReadOwn(source, *annotation);
     annotation->SetText(source.Text("text"));
+    NarMeta::Properties properties;
     source.Children(
-        {{"link", [&] {
+        {{"link",
+          [&] {
               LinkedEntity link{{}, source.Text("entity")};
               source.Children({{"instance", [&] { link.first.push_back(source.TextContent()); }}});
               annotation->AddLinkedEntity(std::move(link));
-          }}});
+          }},
+         {"property", [&] { properties.push_back({source.Text("name"), source.Text("value")}); }}});
+    annotation->SetUserProperties(std::move(properties));
     list.push_back(std::move(annotation));
 }
 
@@ -131,7 +148,20 @@ std::shared_ptr<PMICapture> ReadCapture(XmlSource& source)
 {
     auto capture = ReadBase<PMICapture>(source);
     capture->SetActive(source.Flag("active"));
-    source.Children({{"camera", [&] { capture->SetCamera(ReadCamera(source)); }}});
+    std::vector<NarMeta::Id> ids;
+    std::vector<std::wstring> visible;
+    std::vector<PMIClippingPlane> planes;
+    source.Children({{"camera", [&] { capture->SetCamera(ReadCamera(source)); }},
+                     {"shows", [&] { ids.push_back(source.NumberOf<Id>("id").value_or(0)); }},
+                     {"part", [&] { visible.push_back(source.Text("pid")); }},
+                     {"clipping", [&] {
+                          PMIClippingPlane const none;
+                          planes.push_back({source.Tuple<3, double>("point").value_or(none.point),
+                                            source.Tuple<3, double>("normal").value_or(none.normal)});
+                      }}});
+    capture->SetAnnotationIds(std::move(ids));
+    capture->SetVisibleReferences(std::move(visible));
+    capture->SetClippingPlanes(std::move(planes));
     return capture;
 }
 
@@ -158,6 +188,19 @@ void WriteSet(XmlSink& sink, PMIAnnotationSet const& set)
         WriteBase(sink, *capture);
         sink.Flag("active", capture->GetActive());
         WriteCamera(sink, capture->GetCamera());
+        for (auto const id : capture->GetAnnotationIds()) {
+            auto const shown = sink.Open("shows");
+            sink.Attribute("id", id);
+        }
+        for (auto const& pid : capture->GetVisibleReferences()) {
+            auto const part = sink.Open("part");
+            sink.Attribute("pid", pid);
+        }
+        for (auto const& plane : capture->GetClippingPlanes()) {
+            auto const clipping = sink.Open("clipping");
+            sink.Attribute("point", plane.point);
+            sink.Attribute("normal", plane.normal);
+        }
     }
 }
 

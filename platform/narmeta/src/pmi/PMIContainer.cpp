@@ -1,5 +1,6 @@
 #include <narmeta/pmi/PMIContainer.h>
 
+#include <set>
 #include <type_traits>
 
 namespace NarMetaPmi
@@ -105,6 +106,25 @@ bool PMIContainer::GetAnnotation(NarMeta::Id id, PMIAnnotationType type,
         }
         return false;
     });
+}
+
+std::vector<NarMeta::Id> PMIContainer::GetHiddenAnnotations() const
+{
+    std::set<NarMeta::Id> hidden;
+    auto const collect = [&](auto const& list) {
+        for (auto const& annotation : list)
+            if (annotation->IsHidden()) hidden.insert(annotation->GetHashedID());
+    };
+    for (auto const& [owner, sets] : sets_) {
+        for (auto const& set : sets) {
+            for (auto const& view : set->GetViews()) {
+                auto const& content = view->Content();
+                collect(content.notes), collect(content.datums), collect(content.datumTargets);
+                collect(content.tolerances), collect(content.dimensions), collect(content.roughnesses);
+            }
+        }
+    }
+    return {hidden.begin(), hidden.end()};
 }
 
 bool PMIContainer::GetActiveView(std::shared_ptr<PMIAnnotationView>& view) const

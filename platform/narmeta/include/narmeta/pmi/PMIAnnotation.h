@@ -1,7 +1,9 @@
 #pragma once
 
+#include <narmeta/Property.h>
 #include <narmeta/pmi/PMIBase.h>
 
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -35,9 +37,14 @@ public:
     void SetText(std::wstring text) { text_ = std::move(text); }
     std::wstring const& GetText() const { return text_; }
 
+    /// What the author noted about the annotation beside its own values.
+    void SetUserProperties(NarMeta::Properties properties) { properties_ = std::move(properties); }
+    NarMeta::Properties const& GetUserProperties() const { return properties_; }
+
 private:
     std::vector<LinkedEntity> linked_;
     std::wstring text_;
+    NarMeta::Properties properties_;
 };
 
 /// An annotation of a kind that has no properties of its own.
@@ -117,6 +124,16 @@ enum class PMIDimensionSubType {
     OrientedAngle = 22
 };
 
+/// Size of a dimension: millimetres, or degrees for an angle. The deviations are signed; a dimension without
+/// tolerance has none.
+struct PMIDimensionValue {
+    double nominal = 0;
+    std::optional<double> upper;
+    std::optional<double> lower;
+
+    bool operator==(PMIDimensionValue const&) const = default;
+};
+
 class PMIDimension : public PMISimpleAnnotation<PMIAnnotationType::Dimension>
 {
 public:
@@ -128,10 +145,14 @@ public:
         type = type_;
         subType = subType_;
     }
+    /// Empty if only the picture says how large it is.
+    void SetValue(std::optional<PMIDimensionValue> value) { value_ = value; }
+    std::optional<PMIDimensionValue> const& GetValue() const { return value_; }
 
 private:
     PMIDimensionType type_ = PMIDimensionType::Unknown;
     PMIDimensionSubType subType_ = PMIDimensionSubType::Unknown;
+    std::optional<PMIDimensionValue> value_;
 };
 
 } // namespace NarMetaPmi

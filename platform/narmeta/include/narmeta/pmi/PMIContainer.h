@@ -27,6 +27,8 @@ public:
     /// @p type Any takes whatever has the id.
     bool GetAnnotation(NarMeta::Id id, PMIAnnotationType type,
                        std::shared_ptr<PMIAnnotation>& annotation) const;
+    /// Ids of all annotations that are switched off, each once.
+    std::vector<NarMeta::Id> GetHiddenAnnotations() const;
     bool GetActiveView(std::shared_ptr<PMIAnnotationView>& view) const;
     bool GetActiveCapture(std::shared_ptr<PMICapture>& capture) const;
 

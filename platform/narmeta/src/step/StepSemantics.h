@@ -1,0 +1,56 @@
+#pragma once
+
+#include "StepShapeAspects.h"
+
+#include <narmeta/pmi/PMIAnnotation.h>
+
+#include <map>
+
+namespace NarMetaInfra
+{
+/// What an annotation means, whatever it looks like.
+struct StepMeaning {
+    enum class Kind { Datum, DatumTarget, Tolerance, Dimension, Roughness };
+
+    int entity = 0;
+    Kind kind = Kind::Datum;
+    NarMetaPmi::PMIToleranceType tolerance = NarMetaPmi::PMIToleranceType::Unknown;
+    double zone = 0; ///< width of a tolerance zone, millimetres
+    NarMetaPmi::PMIDimensionType dimension = NarMetaPmi::PMIDimensionType::Unknown;
+    NarMetaPmi::PMIDimensionSubType measured = NarMetaPmi::PMIDimensionSubType::Unknown;
+    std::optional<NarMetaPmi::PMIDimensionValue> value;
+    std::wstring name; ///< given in the file, may be empty
+    std::wstring text; ///< in one line
+    std::vector<int> aspects;
+    int product = 0; ///< product definition; 0 if the file does not say
+};
+
+/// Dimensions, tolerances, datums, their targets, and surface textures of a file.
+class StepSemantics
+{
+public:
+    StepSemantics(StepEntities const& entities, StepShapeAspects const& aspects);
+
+    std::map<int, StepMeaning> const& all() const { return Meanings; }
+    /// The meaning behind a definition that an annotation is tied to: itself, or the datum of a feature. Null
+    /// for a plain feature.
+    StepMeaning const* behind(int definition) const;
+
+private:
+    void readDatums();
+    void readTargets();
+    void readTolerances();
+    void readDimensions();
+    void readTextures();
+    StepMeaning& add(int entity, StepMeaning::Kind kind);
+    std::wstring datumLetters(int reference, int depth = 0) const;
+    std::wstring toleranceText(int tolerance, double zone) const;
+    void readSize(int representation, StepMeaning& meaning) const;
+    void readDeviations(std::map<int, int> const& ranges, StepMeaning& meaning) const;
+
+    StepEntities const& Entities;
+    StepShapeAspects const& Aspects;
+    std::map<int, StepMeaning> Meanings;
+    std::map<int, std::wstring> ZoneForms; // by tolerance
+};
+} // namespace NarMetaInfra

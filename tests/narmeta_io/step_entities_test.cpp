@@ -1,0 +1,141 @@
+#include "StepEntities.h"
+#include "StepGeometry.h"
+#include "StepPictures.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+using namespace NarMetaInfra;
+
+namespace
+{
+std::string file(std::string const& data)
+{
+    return "ISO-10303-21;\nHEADER;\nFILE_NAME('DATA; #1=A();');\nENDSEC;\nDATA;\n" + data +
+           "\nENDSEC;\nEND-ISO-10303-21;\n";
+}
+
+double length(StepPolyline const& line)
+{
+    double sum = 0;
+    for (std::size_t i = 1; i < line.size(); ++i) {
+        auto const step = line[i] - line[i - 1];
+        sum += std::sqrt(dot(step, step));
+    }
+    return sum;
+}
+} // namespace
+
+TEST(StepEntities, FindsEntitiesOfOneAndOfSeveralTypes)
+{
+    auto const text =
+        file("#1=POINT('a;b''c',(1.,2.5E1,-.5));/* #2=POINT(); */\n"
+             "#3 = ( LENGTH_UNIT() NAMED_UNIT(*) SI_UNIT(.MILLI.,.METRE.) );#4=POINT($,#1,LIST((#3,#9)));");
+    StepEntities const entities(text);
+    EXPECT_EQ(entities.count(), 3u);
+    EXPECT_EQ(entities.ofKind("POINT").size(), 2u);
+    EXPECT_EQ(entities.argument(1, 0).words(), L"a;b'c");
+    EXPECT_EQ(entities.argument(1, 1).items.at(1).value(), 25.0);
+    EXPECT_EQ(entities.argument(1, 1).items.at(2).value(), -0.5);
+    EXPECT_TRUE(entities.isKind(3, "LENGTH_UNIT"));
+    EXPECT_EQ(entities.argument(3, 99, "SI_UNIT", 1).text, "METRE");
+    EXPECT_EQ(entities.argument(4, 1).entity(), 1);
+    EXPECT_EQ(entities.argument(4, 2).entities(), (std::vector{3, 9}));
+    EXPECT_EQ(entities.argument(4, 7).kind, StepValue::Kind::Absent);
+    EXPECT_EQ(entities.argument(77, 0).kind, StepValue::Kind::Absent);
+}
+
+TEST(StepEntities, SurviveTextThatCantBeFollowed)
+{
+    for (auto const* const data :
+         {"#1=A(", "#1=A(((((((", "#1=A('never", "#1=A(#);", "#1=A(1..2);", "#99999999999999=A();", "#1=;",
+          "#=A();", "#1=(A(B(C(", "#1=A(.T);", "#1=A(+);", "/* never"}) {
+        auto const text = file(data);
+        StepEntities const entities(text);
+        EXPECT_LE(entities.arguments(1).size(), 2u) << data;
+    }
+    auto const deep = file("#1=A(" + std::string(200'000, '(') + ");");
+    EXPECT_EQ(StepEntities(deep).argument(1, 0).kind, StepValue::Kind::List);
+}
+
+TEST(StepWords, AreDecoded)
+{
+    struct Case {
+        char const* characters;
+        wchar_t const* words;
+    };
+    for (auto const& [characters, words] :
+         {Case{"it''s", L"it's"}, Case{"\\X2\\00D8\\X0\\12", L"\u00D812"},
+          Case{"\\X2\\D83DDE00\\X0\\", L"\U0001F600"}, Case{"\\X\\C4x", L"\u00C4x"},
+          Case{"\\S\\D", L"\u00C4"}, Case{"\\X4\\0001F600\\X0\\!", L"\U0001F600!"}, Case{"\\X2\\00", L"00"},
+          Case{"C:\\\\a", L"C:\\a"}, Case{"\xC3\xA4\xE4", L"\u00E4\u00E4"}})
+        EXPECT_EQ(decodeStepText(characters), words) << characters;
+}
+
+TEST(StepGeometry, DrawsCurvesInMillimetres)
+{
+    auto const text =
+        file("#1=(GEOMETRIC_REPRESENTATION_CONTEXT(3) GLOBAL_UNIT_ASSIGNED_CONTEXT((#2,#3)) "
+             "REPRESENTATION_CONTEXT('',''));"
+             "#2=(CONVERSION_BASED_UNIT('INCH',#4) LENGTH_UNIT() NAMED_UNIT(#9));"
+             "#3=(NAMED_UNIT(*) PLANE_ANGLE_UNIT() SI_UNIT($,.RADIAN.));"
+             "#4=LENGTH_MEASURE_WITH_UNIT(LENGTH_MEASURE(25.4),#5);"
+             "#5=(LENGTH_UNIT() NAMED_UNIT(*) SI_UNIT(.MILLI.,.METRE.));"
+             "#10=CARTESIAN_POINT('',(0.,0.,1.));#11=DIRECTION('',(0.,1.,0.));#12=AXIS2_PLACEMENT_3D('',#10,#"
+             "11,$);"
+             "#13=CIRCLE('',#12,2.);#14=TRIMMED_CURVE('',#13,(PARAMETER_VALUE(0.)),(PARAMETER_VALUE(1."
+             "5707963267948966)),.T.,"
+             ".PARAMETER.);#15=TRIMMED_CURVE('',#13,(PARAMETER_VALUE(0.)),(PARAMETER_VALUE(1."
+             "5707963267948966)),.F.,.PARAMETER."
+             ");#20=CARTESIAN_POINT('',(1.,0.,0.));#21=CARTESIAN_POINT('',(1.,1.,0.));#22=CARTESIAN_POINT('',"
+             "(0.,1.,0.));"
+             "#23=POLYLINE('',(#20,#21,#22));"
+             "#24=(BOUNDED_CURVE() B_SPLINE_CURVE(2,(#20,#21,#22),.UNSPECIFIED.,.F.,.F.) "
+             "B_SPLINE_CURVE_WITH_KNOTS((3,3),(0.,1."
+             "),.UNSPECIFIED.) CURVE() GEOMETRIC_REPRESENTATION_ITEM() "
+             "RATIONAL_B_SPLINE_CURVE((1.,0.70710678118,1.)) "
+             "REPRESENTATION_ITEM(''));"
+             "#25=COMPOSITE_CURVE('',(#26,#27),.F.);#26=COMPOSITE_CURVE_SEGMENT(.CONTINUOUS.,.T.,#23);"
+             "#27=COMPOSITE_CURVE_SEGMENT(.CONTINUOUS.,.T.,#25);");
+    StepEntities const entities(text);
+    StepGeometry const geometry(entities, 1);
+    auto const quarter = 3.14159265 / 2 * 25.4;
+    EXPECT_NEAR(length(geometry.curve(13)), 8 * quarter, 0.5);
+    EXPECT_NEAR(length(geometry.curve(14)), 2 * quarter, 0.1);
+    EXPECT_NEAR(length(geometry.curve(15)), 6 * quarter, 0.4);
+    EXPECT_NEAR(geometry.curve(14).front()[2], 25.4, 1e-9);
+    EXPECT_NEAR(length(geometry.curve(23)), 2 * 25.4, 1e-9);
+    EXPECT_NEAR(length(geometry.curve(24)), quarter, 0.1);           // rational: a quarter of a circle
+    EXPECT_NEAR(length(geometry.curve(25)), 9 * 2 * 25.4, 9 * 50.8); // contains itself, and ends all the same
+}
+
+TEST(StepPictures, KeepColoursPatternsAndHoles)
+{
+    auto const text = file(
+        "#1=DRAUGHTING_CALLOUT('c',(#2,#3));"
+        "#2=ANNOTATION_CURVE_OCCURRENCE('',(#10),#20);#3=ANNOTATION_FILL_AREA_OCCURRENCE('',(#12),#30,#40);"
+        "#10=PRESENTATION_STYLE_ASSIGNMENT((#11));#11=CURVE_STYLE('',#14,POSITIVE_LENGTH_MEASURE(0.7),#15);"
+        "#12=PRESENTATION_STYLE_ASSIGNMENT((#13));#13=FILL_AREA_STYLE('',(#16));#16=FILL_AREA_STYLE_COLOUR(''"
+        ",#17);"
+        "#14=DRAUGHTING_PRE_DEFINED_CURVE_FONT('dashed');#15=COLOUR_RGB('',1.,0.,0.2);"
+        "#17=DRAUGHTING_PRE_DEFINED_COLOUR('green');"
+        "#20=GEOMETRIC_CURVE_SET('',(#21,#22));#21=POLYLINE('',(#40,#41));#22=POLYLINE('',(#41,#42));"
+        "#30=ANNOTATION_FILL_AREA('',(#31,#32));#31=POLYLINE('',(#40,#41,#42,#40));#32=POLYLINE('',(#40,#41,#"
+        "43,#40));"
+        "#40=CARTESIAN_POINT('',(0.,0.,0.));#41=CARTESIAN_POINT('',(9.,0.,0.));#42=CARTESIAN_POINT('',(0.,9.,"
+        "0.));"
+        "#43=CARTESIAN_POINT('',(1.,1.,0.));");
+    StepEntities const entities(text);
+    StepStyles const styles(entities);
+    auto const picture = StepPictures(entities, styles).of(1, StepGeometry(entities, 0));
+    ASSERT_EQ(picture.lines.size(), 1u); // two pieces that follow each other
+    EXPECT_EQ(picture.lines[0].points.size(), 3u);
+    EXPECT_EQ(picture.lines[0].look.line, (NarMeta::Colour{255, 0, 51}));
+    EXPECT_EQ(picture.lines[0].look.pattern, NarMetaVisu::LineAttribute::Dashed);
+    EXPECT_EQ(picture.lines[0].look.width, 0.7);
+    ASSERT_EQ(picture.areas.size(), 1u);
+    EXPECT_EQ(picture.areas[0].outlines.size(), 2u);
+    EXPECT_EQ(picture.areas[0].outlines[0].size(), 3u);
+    EXPECT_EQ(picture.areas[0].look.fill, (NarMeta::Colour{0, 255, 0}));
+}
