@@ -35,7 +35,30 @@ public:
     float WheelDelta = 0; // eighths of a degree, the negative ones away from the user
 };
 
-using KeyboardCode = std::uint32_t; // as the platform numbers its keys
+// One finger on the screen or the pad.
+struct Touch {
+    std::uint64_t id = 0; // the same from its coming to its going
+    WindowPoint location;
+    friend bool operator==(Touch const&, Touch const&) = default;
+};
+
+class TouchEvent final : public InputEvent
+{
+public:
+    enum class Action : std::uint32_t { TouchUp = 0, TouchDown = 1, Move = 2, Cancel = 3 };
+
+    TouchEvent() = default;
+    explicit TouchEvent(Action action, std::vector<Touch> touches = {}, unsigned int tapCount = 0)
+        : CurrentAction(action), Touches(std::move(touches)), TapCount(tapCount)
+    {
+    }
+
+    Action CurrentAction = Action::Move;
+    std::vector<Touch> Touches; // those that came, went or moved
+    unsigned int TapCount = 0;
+};
+
+using KeyboardCode = std::uint32_t; // virtual-key codes
 using KeyboardCodeArray = std::vector<KeyboardCode>;
 
 class KeyboardEvent final : public InputEvent

@@ -22,6 +22,11 @@ public:
     constexpr bool Empty() const { return bits_ == 0; }
     constexpr bool Contains(MouseButtons other) const { return (bits_ & other.bits_) == other.bits_; }
 
+    constexpr MouseButtons Without(MouseButtons other) const
+    {
+        return MouseButtons(static_cast<std::uint8_t>(bits_ & ~other.bits_));
+    }
+
     constexpr MouseButtons& operator|=(MouseButtons other)
     {
         bits_ |= other.bits_;

@@ -9,6 +9,7 @@ namespace HPS
 class AxisTriadControl;
 class CameraKit;
 class NavigationCubeControl;
+class OperatorControl;
 class SegmentKey;
 
 // One look at one model: a segment that carries camera, lights and attributes, and below it the model.
@@ -39,6 +40,14 @@ public:
 
     AxisTriadControl GetAxisTriadControl() const;
     NavigationCubeControl GetNavigationCubeControl() const;
+
+    // Goes over to a camera on a way that starts and ends gently, picture by picture as the event loop of the
+    // window runs. Without a window the camera is there at once. Whoever sets another camera meanwhile ends
+    // it, and a second call goes on from where the first one is.
+    bool SmoothTransition(CameraKit const& camera, float seconds = 0.5f);
+
+    // What the user's input does to the view; see Operator.h.
+    OperatorControl GetOperatorControl() const;
 
     View& SetRenderingMode(Rendering::Mode mode);
     Rendering::Mode GetRenderingMode() const;

@@ -3,8 +3,10 @@
 #include <QBackingStore>
 #include <QPainter>
 #include <QScreen>
+#include <QTimer>
 #include <QWidget>
 #include <QWindow>
+#include <chrono>
 #include <cmath>
 
 namespace HPS
@@ -73,6 +75,15 @@ void WidgetPresenter::present(Picture const& picture)
     painter.end();
     store_->endPaint();
     store_->flush(all);
+}
+
+bool WidgetPresenter::requestFrame(std::function<void()> next)
+{
+    using namespace std::chrono_literals;
+    if (widget_.isNull()) return false;
+    // The screen's own rhythm is not known; what lies in the queue, the user's input too, comes first.
+    QTimer::singleShot(16ms, Qt::PreciseTimer, widget_.data(), std::move(next));
+    return true;
 }
 
 } // namespace HPS

@@ -25,6 +25,8 @@ public:
     bool showScreen(Screen& screen) const override;
     /// Nothing happens while the window is not exposed; it asks to be painted once it is.
     void present(Picture const& picture) override;
+    /// By the application's event loop.
+    bool requestFrame(std::function<void()> next) override;
 
 private:
     QPointer<QWidget> widget_; ///< not owned

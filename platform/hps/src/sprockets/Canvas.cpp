@@ -1,11 +1,13 @@
+#include "CameraTransition.h"
 #include "CanvasPicture.h"
-#include "InteractionWatch.h"
 #include "FontLibrary.h"
+#include "InteractionWatch.h"
 #include "Presenter.h"
 #include "Stopwatch.h"
 #include "records.h"
 #include "store.h"
 #include "subscriptions.h"
+#include <algorithm>
 #include <hps/Canvas.h>
 #include <hps/Database.h>
 #include <hps/Factory.h>
@@ -13,6 +15,20 @@
 
 namespace HPS
 {
+namespace
+{
+
+bool inTransition(Layout const& layout)
+{
+    auto const& registry = Registry::instance();
+    auto const* const record = registry.find(layout);
+    return record != nullptr && std::ranges::any_of(record->layers, [&](LayoutRecord::Layer const& layer) {
+               auto const* const view = registry.find(layer.view);
+               return view != nullptr && view->transition != nullptr;
+           });
+}
+
+} // namespace
 
 WindowKey Canvas::GetWindowKey() const
 {
@@ -96,7 +112,8 @@ bool Canvas::Update(Window::UpdateType type, double timeLimit) const
     int width = 0, height = 0;
     if (record->presenter != nullptr && record->presenter->showSize(width, height))
         Canvas(*this).SetSize(width, height);
-    UpdateRequest const request{type, timeLimit, record->watch->interacting()};
+    UpdateRequest const request{type, timeLimit,
+                                record->watch->interacting() || inTransition(record->layout)};
     std::string const before = record->failure.Str();
     record->failure = record->picture->update(*record, request, record->report);
     // The same fault at every picture is told once.

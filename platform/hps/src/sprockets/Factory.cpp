@@ -1,5 +1,7 @@
 #include "CanvasPicture.h"
+#include "InputRouter.h"
 #include "InteractionWatch.h"
+#include "OperatorStack.h"
 #include "Presenter.h"
 #include "merge.h"
 #include "records.h"
@@ -43,7 +45,9 @@ View CreateView(UTF8 const& name)
     record->name = name;
     record->segment = Database::CreateRootSegment();
     record->modelInclude = record->segment.Subsegment("model");
-    return View(registry().views.add(std::move(record)));
+    View const view(registry().views.add(std::move(record)));
+    registry().find(view)->operators = std::make_unique<OperatorStack>(view);
+    return view;
 }
 
 Layout CreateLayout(UTF8 const& name)
@@ -72,6 +76,7 @@ Canvas CreateCanvas(WindowHandle window, UTF8 const& name, ApplicationWindowOpti
     Canvas const canvas(registry().canvases.add(std::move(record)));
     made.watch =
         std::make_unique<InteractionWatch>(canvas.Index(), canvas.GetWindowKey().GetEventDispatcher());
+    made.input = std::make_unique<InputRouter>(canvas);
     return canvas;
 }
 

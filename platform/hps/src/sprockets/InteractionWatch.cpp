@@ -20,7 +20,8 @@ InteractionWatch::~InteractionWatch()
 // Whoever works with an event redraws before the watch asks whether a redraw is due.
 void InteractionWatch::beLast()
 {
-    for (auto const type : {std::type_index(typeid(MouseEvent)), std::type_index(typeid(FocusLostEvent))}) {
+    for (auto const type :
+         {Event::ClassID<MouseEvent>(), Event::ClassID<TouchEvent>(), Event::ClassID<FocusLostEvent>()}) {
         dispatcher_.UnSubscribe(*this, type);
         dispatcher_.Subscribe(*this, type);
     }
@@ -28,26 +29,44 @@ void InteractionWatch::beLast()
 
 EventHandler::HandleResult InteractionWatch::Handle(Event const* event)
 {
-    if (dynamic_cast<FocusLostEvent const*>(event) != nullptr && interacting()) {
+    bool const before = interacting();
+    if (auto const* const mouse = dynamic_cast<MouseEvent const*>(event)) {
+        take(*mouse);
+    } else if (auto const* const touch = dynamic_cast<TouchEvent const*>(event)) {
+        take(*touch);
+    } else {
         pressed_.clear();
-        end();
+        fingers_.clear();
     }
-    auto const* const mouse = dynamic_cast<MouseEvent const*>(event);
-    if (mouse == nullptr) return HandleResult::NotHandled;
-    switch (mouse->CurrentAction) {
+    if (interacting() && !before) beLast();
+    if (before && !interacting()) end();
+    return HandleResult::NotHandled;
+}
+
+void InteractionWatch::take(MouseEvent const& event)
+{
+    switch (event.CurrentAction) {
     case MouseEvent::Action::ButtonDown:
-        if (std::find(pressed_.begin(), pressed_.end(), mouse->CurrentButton) == pressed_.end())
-            pressed_.push_back(mouse->CurrentButton);
-        beLast();
+        if (std::ranges::find(pressed_, event.CurrentButton) == pressed_.end())
+            pressed_.push_back(event.CurrentButton);
         break;
     case MouseEvent::Action::ButtonUp:
-        if (std::erase(pressed_, mouse->CurrentButton) != 0 && !interacting()) end();
+        std::erase(pressed_, event.CurrentButton);
         break;
     case MouseEvent::Action::Move:
     case MouseEvent::Action::Scroll:
         break;
     }
-    return HandleResult::NotHandled;
+}
+
+void InteractionWatch::take(TouchEvent const& event)
+{
+    if (event.CurrentAction == TouchEvent::Action::Move) return;
+    for (Touch const& touch : event.Touches) {
+        std::erase(fingers_, touch.id);
+        if (event.CurrentAction == TouchEvent::Action::TouchDown) fingers_.push_back(touch.id);
+    }
+    if (event.CurrentAction == TouchEvent::Action::Cancel) fingers_.clear();
 }
 
 void InteractionWatch::end()

@@ -1,4 +1,5 @@
 #pragma once
+#include <functional>
 #include <hps/Canvas.h>
 #include <memory>
 
@@ -24,6 +25,10 @@ public:
 
     /// Brings the picture to the screen. Nothing is kept of it after the call.
     virtual void present(Picture const& picture) = 0;
+
+    /// Has `next` called once, when it is time for the picture after this one, and never if the window goes
+    /// before. False if nobody is there to call it.
+    virtual bool requestFrame(std::function<void()> /*next*/) { return false; }
 
 protected:
     Presenter() = default;

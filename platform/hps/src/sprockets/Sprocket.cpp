@@ -1,4 +1,6 @@
 #include "CanvasPicture.h"
+#include "InputRouter.h"
+#include "OperatorStack.h"
 #include "Presenter.h"
 #include "records.h"
 #include <hps/Sprocket.h>
@@ -28,6 +30,7 @@ void deleteParts(ModelRecord& model)
 }
 void deleteParts(ViewRecord& view)
 {
+    view.operators->clear(); // while there still is a view for them to leave
     view.segment.Delete();
     view.corners.triad.portfolio.Delete();
     view.corners.cube.portfolio.Delete();

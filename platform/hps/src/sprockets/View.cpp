@@ -153,16 +153,7 @@ View& View::SetSimpleShadow(bool state, float offset)
 
 void View::Update(Window::UpdateType type) const
 {
-    auto const& registry = Registry::instance();
-    for (KeyIndex index : registry.canvases.indices()) {
-        auto const* const layout = registry.find(registry.canvases.find(index)->layout);
-        if (layout == nullptr) continue;
-        for (auto const& layer : layout->layers)
-            if (layer.view == *this) {
-                Canvas(index).Update(type);
-                break;
-            }
-    }
+    for (Canvas const& canvas : Registry::instance().canvasesOf(*this)) canvas.Update(type);
 }
 
 } // namespace HPS

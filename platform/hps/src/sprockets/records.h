@@ -13,8 +13,11 @@
 namespace HPS
 {
 
+class CameraTransition;
 class CanvasPicture;
+class InputRouter;
 class InteractionWatch;
+class OperatorStack;
 class Presenter;
 
 struct ModelRecord {
@@ -25,6 +28,9 @@ struct ModelRecord {
 };
 
 struct ViewRecord {
+    ViewRecord();
+    ~ViewRecord();
+
     UTF8 name;
     SegmentKey segment;      ///< ours
     SegmentKey modelInclude; ///< below `segment`
@@ -33,6 +39,8 @@ struct ViewRecord {
     Rendering::Mode mode = Rendering::Mode::Gouraud;
     CameraKit automatic; ///< the last camera set by the view itself; one that differs is the user's
     CornerRecords corners;
+    std::unique_ptr<CameraTransition> transition; ///< under way
+    std::unique_ptr<OperatorStack> operators;
 };
 
 struct LayoutRecord {
@@ -61,6 +69,7 @@ struct CanvasRecord {
     std::unique_ptr<CanvasPicture> picture;
     std::unique_ptr<InteractionWatch> watch;
     std::unique_ptr<Presenter> presenter; ///< null where no window shows the canvas
+    std::unique_ptr<InputRouter> input;
     UpdateReport report;
     UTF8 failure; ///< of the last update
 };
@@ -80,6 +89,8 @@ struct Registry {
     CanvasRecord* find(Canvas const& canvas) const { return canvases.find(canvas.Index()); }
     /// Null if no canvas has this window.
     CanvasRecord* findWindow(KeyIndex window) const;
+    /// Those that show the view.
+    std::vector<Canvas> canvasesOf(View const& view) const;
 };
 
 } // namespace HPS
