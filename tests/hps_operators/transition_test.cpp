@@ -162,12 +162,12 @@ TEST_F(TransitionTest, AClickOnTheNavigationCubeTurnsTheCamera)
         if (action != MouseEvent::Action::Move) event.CurrentButton = MouseButtons::ButtonLeft();
         return input.InjectEvent(event);
     };
-    // Where the middle of the cube's front is, as seen from the front.
+    // Where the edge between front and right is, as seen from the front.
     Point at;
     CubeRegion region;
     bool found = false;
-    for (int i = 0; i < 40 * 40 && !found; ++i) {
-        at = Point(-0.975f + 0.05f * float(i % 40), -0.975f + 0.05f * float(i / 40), 0);
+    for (int i = 0; i < 200 * 200 && !found; ++i) {
+        at = Point(-0.995f + 0.01f * float(i % 200), -0.995f + 0.01f * float(i / 200), 0);
         found = cube.FindRegion(window.GetWindowKey(), at, region) && region == CubeRegion{1, 0, 1};
     }
     ASSERT_TRUE(found);
