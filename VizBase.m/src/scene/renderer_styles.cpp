@@ -2,10 +2,45 @@
 
 #include "ZELRenderer.h"
 
+#include <algorithm>
+#include <array>
+
 namespace ZelVizBase
 {
 
 using NarMetaVisu::LineAttribute;
+
+namespace
+{
+
+/// A glyph serves several styles; zeros fill up.
+struct GlyphOfStyles {
+    char const* glyph;
+    std::array<int, 12> styles;
+};
+
+constexpr std::array glyphsOfStyles{
+    GlyphOfStyles{"times", {1, 31}},
+    GlyphOfStyles{"plus", {2}},
+    GlyphOfStyles{"circle with circle", {3}},
+    GlyphOfStyles{"circle with dot", {4}},
+    GlyphOfStyles{"circle", {5, 12, 18, 19, 28, 36}},
+    GlyphOfStyles{"box", {6, 13, 26, 2008}},
+    GlyphOfStyles{"splat", {7}},
+    GlyphOfStyles{"triangle up", {14, 15, 16, 24, 29, 30, 32, 33, 2001, 2002, 2009, 2013}},
+    GlyphOfStyles{"solid triangle up", {17, 25, 2011}},
+    GlyphOfStyles{"solid circle", {20}},
+    GlyphOfStyles{"circle with times", {21}},
+    GlyphOfStyles{"Box", {22}},
+    GlyphOfStyles{"solid box", {23, 34}},
+    GlyphOfStyles{"diamond", {27, 35}},
+    GlyphOfStyles{"slant right", {2003}},
+    GlyphOfStyles{"slant left", {2004}},
+    GlyphOfStyles{"triangle down", {2010}},
+    GlyphOfStyles{"solid triangle down", {2012}},
+};
+
+} // namespace
 
 void ZELRenderer::initializeLineStyles()
 {
@@ -19,70 +54,10 @@ void ZELRenderer::initializeLineStyles()
 
 std::string ZELRenderer::mapMarkerStyleToGlyphName(NarMetaVisu::VisuMarkerStyle style) const
 {
-    switch (static_cast<int>(style)) {
-    case 1:
-    case 31:
-        return "times";
-    case 2:
-        return "plus";
-    case 3:
-        return "circle with circle";
-    case 4:
-        return "circle with dot";
-    case 5:
-    case 12:
-    case 18:
-    case 19:
-    case 28:
-    case 36:
-        return "circle";
-    case 6:
-    case 13:
-    case 26:
-    case 2008:
-        return "box";
-    case 22:
-        return "Box";
-    case 7:
-        return "splat";
-    case 14:
-    case 15:
-    case 16:
-    case 24:
-    case 29:
-    case 30:
-    case 32:
-    case 33:
-    case 2001:
-    case 2002:
-    case 2009:
-    case 2013:
-        return "triangle up";
-    case 17:
-    case 25:
-    case 2011:
-        return "solid triangle up";
-    case 2010:
-        return "triangle down";
-    case 2012:
-        return "solid triangle down";
-    case 20:
-        return "solid circle";
-    case 21:
-        return "circle with times";
-    case 23:
-    case 34:
-        return "solid box";
-    case 27:
-    case 35:
-        return "diamond";
-    case 2003:
-        return "slant right";
-    case 2004:
-        return "slant left";
-    default:
-        return "dot"; // 8 to 11, 2005 to 2007, and numbers that are no style
-    }
+    int const number = static_cast<int>(style);
+    for (GlyphOfStyles const& row : glyphsOfStyles)
+        if (number != 0 && std::ranges::find(row.styles, number) != row.styles.end()) return row.glyph;
+    return "dot"; // also for numbers that are no style
 }
 
 } // namespace ZelVizBase
