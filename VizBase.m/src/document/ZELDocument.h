@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ViewDocument.h"
 #include "host_api.h"
 #include "hps_api.h"
 #include "model_api.h"
@@ -25,7 +26,7 @@ class ZELView3D;
 /// Open; it owns all four. During construction virtual calls end here, so it fills its extension lists by
 /// itself. States: empty; read, after doImport; shown, when HasScenegraph(). Reset() goes back to empty and
 /// leaves the scene model in place, without contents.
-class ZELDocument : public MoraCore::IDocumentEvo
+class ZELDocument : public MoraCore::IDocumentEvo, public ViewDocument
 {
 public:
     /// Called by the reader with a part from 0 to 1; setting the flag cancels.
@@ -115,22 +116,22 @@ public:
     void SetClassicalOrientation(); ///< Y up, Z to the front
 
     static MoraCore::ASession& Session();
-    HPS::Model GetModel() const { return Model; }
+    HPS::Model GetModel() const override { return Model; }
     NarMetaInfra::ZELProductStructure* GetProductStructure() const { return ProductStructure; }
     ZELRenderer* GetRenderer() const { return Renderer; }
     ZELRenderTree* GetTreeRenderer() const { return Tree; }
     HPS::Canvas GetCanvas() const { return Canvas; }
-    void SetCanvas(HPS::Canvas const& canvas) { Canvas = canvas; }
+    void SetCanvas(HPS::Canvas const& canvas) override { Canvas = canvas; }
     HPS::View GetView() const { return View; }
-    void SetView(HPS::View const& view) { View = view; }
+    void SetView(HPS::View const& view) override { View = view; }
     HPS::HighlightOptionsKit GetHighlightOptionsKit() const { return HighlightOptions; }
-    void SetHighlightOptionsKit(HPS::HighlightOptionsKit const& kit) { HighlightOptions = kit; }
+    void SetHighlightOptionsKit(HPS::HighlightOptionsKit const& kit) override { HighlightOptions = kit; }
     bool HasScenegraph() const { return HasScene; }
 
     /// The ids of the tagged segments on the path of a pick, for the tree to mark its node.
-    void DefineRenderIds(std::vector<unsigned long long>& ids);
+    void DefineRenderIds(std::vector<unsigned long long>& ids) override;
     /// Takes the mark off the tree.
-    void UnHighlight();
+    void UnHighlight() override;
 
 protected:
     virtual bool initialize();

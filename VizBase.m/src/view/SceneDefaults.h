@@ -40,10 +40,17 @@ HPS::VisibilityKit Visibility(ZELVizCore::RenderingOptions const& options);
 /// Faces, lines and markers can be picked, edges and vertices cannot.
 HPS::SelectabilityKit Selectability();
 
+/// Axis triad, shown, and navigation cube, shown and taking the mouse, in colours of their own from two
+/// palettes in `portfolio`. The cube's highlight and line colours stay as the options have them now.
+void SetTriadAndCube(HPS::View const& view, HPS::PortfolioKey& portfolio,
+                     ZELVizCore::RenderingOptions const& options);
+
 /// A new portfolio on top of those of the view's segment.
 HPS::PortfolioKey PushPortfolio(HPS::SegmentKey& view);
 /// Defines the eight named styles.
 void DefineStyles(HPS::PortfolioKey& portfolio, ZELVizCore::RenderingOptions const& options);
+/// Deletes the portfolio and the sources of its styles.
+void RemovePortfolio(HPS::PortfolioKey& portfolio);
 /// Brings the colours of the styles in line with the options; nothing happens to a style that is not defined.
 void UpdateStyles(HPS::PortfolioKey& portfolio, ZELVizCore::RenderingOptions const& options);
 

@@ -94,6 +94,14 @@ void DefineStyles(HPS::PortfolioKey& portfolio, RenderingOptions const& options)
     defineAnnotationStyle(portfolio, DrawingStyle, SheetEdges::HardAndSilhouette, options);
 }
 
+void RemovePortfolio(HPS::PortfolioKey& portfolio)
+{
+    std::vector<HPS::NamedStyleDefinition> styles;
+    portfolio.ShowAllNamedStyleDefinitions(styles);
+    for (HPS::NamedStyleDefinition const& style : styles) style.GetSource().Delete();
+    portfolio.Delete();
+}
+
 void UpdateStyles(HPS::PortfolioKey& portfolio, RenderingOptions const& options)
 {
     updateStyle(portfolio, HighlightStyle, setHighlightColors, options);

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "hps_api.h"
+
+#include <vector>
+
+namespace ZelVizBase
+{
+
+/// What a view asks of the document that it shows: the view stands below the document and knows no more of
+/// it.
+class ViewDocument
+{
+public:
+    virtual HPS::Model GetModel() const = 0;
+    // The document learns where it is shown.
+    virtual void SetCanvas(HPS::Canvas const& canvas) = 0;
+    virtual void SetView(HPS::View const& view) = 0;
+    virtual void SetHighlightOptionsKit(HPS::HighlightOptionsKit const& kit) = 0;
+    /// The ids of the tagged segments on the path of a pick, for the tree to mark its node.
+    virtual void DefineRenderIds(std::vector<unsigned long long>& ids) = 0;
+    /// Takes the mark off the tree.
+    virtual void UnHighlight() = 0;
+
+protected:
+    ~ViewDocument() = default;
+};
+
+} // namespace ZelVizBase

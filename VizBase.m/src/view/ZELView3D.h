@@ -1,0 +1,210 @@
+#pragma once
+
+#include "ZELOpConfigurator.h"
+#include "host_api.h"
+#include "hps_api.h"
+#include "message_handlers.h"
+
+#include <QWidget>
+#include <memory>
+#include <string>
+#include <vector>
+
+QT_BEGIN_NAMESPACE
+class QDockWidget;
+class QMenu;
+QT_END_NAMESPACE
+
+namespace ZelVizBase
+{
+
+class ViewDocument;
+
+/// The widget over a canvas of the scene library: window, default scene, camera and input of one view. It
+/// never paints through Qt; every change of the picture ends in `updateThis`. The host sees it as
+/// `View3DEvo`. For the GUI thread alone.
+///
+/// Stages: made (canvas, view and default scene stand; the camera has no adaptor), wrapped
+/// (`SetView3DEvo` and `UpdateCamera`), attached (`AttachDocument` with a valid model), which can be repeated
+/// with other documents.
+class ZELView3D : public QWidget,
+                  public MoraCore::ICameraProvider,
+                  public ZELVizCore::IRenderingOptionsListener
+{
+    Q_OBJECT
+
+public:
+    static std::string const s_HighlightStyleName;
+    static std::string const s_DefaultStyleName;
+    static std::string const s_PmiStyleName;
+    static std::string const s_DrwStyleName;
+
+    explicit ZELView3D(QWidget* parent = nullptr);
+    ~ZELView3D() override;
+
+    QPaintEngine* paintEngine() const override { return nullptr; }
+
+    /// Shows the model of a document in place of the one before; the document learns canvas, view and
+    /// highlight options. Null changes nothing; a document without a valid model shows nothing. It must
+    /// outlive the view or be replaced.
+    virtual void AttachDocument(MoraCore::IDocumentEvo* document);
+    /// The adaptor that the host has; not owned. The camera is to be made anew behind it.
+    void SetView3DEvo(MoraCore::IView3DEvo* evo) { Evo = evo; }
+
+    HPS::Canvas Canvas() const { return TheCanvas; }
+    HPS::View View() const { return TheView; }
+    HPS::HighlightOptionsKit HighlightOptionsKit() const { return HighlightOptions; }
+    ZELVizCore::SelectionHolder* GetSelectionHolder() const { return SelectionHolder.get(); }
+    HPS::Selection::Level GetSelectionLevel() const { return SelectionLevel; }
+    void SetSelectionLevel(HPS::Selection::Level const& level) { SelectionLevel = level; }
+    /// Owned by the view; null only while there is no camera class of the wanted name.
+    MoraCore::ACamera* GetCamera() override { return Camera.get(); }
+    /// From the library segment of the model, at the front, to the window, at the back.
+    HPS::KeyPath GetModelKeyPath() const;
+
+    void Update(MoraCore::UpdateType type);
+    /// Makes the camera anew with the adaptor that the view has now.
+    void UpdateCamera();
+
+    /// Half the diagonal of what the view shows; 0 for nothing.
+    float GetGeometryRadius();
+    /// Its middle, which the next call changes; null for nothing.
+    float const* GetGeometryCenter();
+    /// False, and the arguments untouched, for nothing and for a single point.
+    bool GetBbox(double& xmin, double& ymin, double& zmin, double& xmax, double& ymax, double& zmax);
+    /// In pixels; meaningless before the first paint or resize.
+    void GetWindowSize(int& width, int& height) const;
+    void SetWindowSize(int width, int height);
+
+    ZELVizCore::RenderingOptions* GetRenderingOptions() const { return Options; }
+    /// Takes all options at once; what stands in conditions, the triad and the cube stay.
+    void SetRenderingOptions(ZELVizCore::RenderingOptions const& options);
+    /// The options that the view listens to have changed.
+    void Notify(ZELVizCore::IRenderingOptions* options) override;
+    /// Takes the background of the current settings, drawing only if it differs.
+    void UpdateBackgroundColors();
+
+    /// For an inspector's dock in the host's window.
+    void MakeSegmentAndPropertyBrowser(QWidget* parent, QMenu* menu);
+
+    /// Hides a body in all its occurrences, or brings it back; drawn with the next update.
+    void HideBody(unsigned long long id);
+    void UnhideBody(unsigned long long id);
+
+    /// Puts the operators of the configuration on the view's stack.
+    void InitOperators();
+    /// Empties the stack and builds it anew; nothing happens for the configuration in use. The navigation
+    /// cube takes the mouse again afterwards.
+    void ConfigureOperators(ZELOpConfigurator const& configurator);
+    ZELOpConfigurator const& GetOpConfigurator() const { return OpConfigurator; }
+
+    /// Lights a key or a path up, over what is lit already unless `clearFirst`. Nothing for an empty one.
+    void Highlight(HPS::Key const& key, bool clearFirst);
+    void Highlight(HPS::KeyPath const& path, bool clearFirst);
+    /// An empty one stands for everything.
+    void UnHighlight(HPS::Key const& key);
+    void UnHighlight(HPS::KeyPath const& path);
+    /// In the view and in the document's tree. `update`: draws at once.
+    void UnHighlightAll(bool update);
+    bool SelectionIsSticky() const { return SelectionSticky; }
+    void SelectionSetIsSticky(bool sticky) { SelectionSticky = sticky; }
+    /// Hands the ids of what was clicked to the document's tree.
+    void DefineRenderIds(std::vector<unsigned long long>& ids);
+    bool TogglePickRayOp();
+
+    // Without arguments, for menus and keys.
+public Q_SLOTS:
+    void OnOperatorCuttingPlaneX();
+    void OnOperatorCuttingPlaneY();
+    void OnOperatorCuttingPlaneZ();
+    void OnModeSimpleShadow();
+    void OnModeShadowMap();
+    void OnModeReflectionPlane();
+    void OnModeBloom();
+    void OnModeFlat();
+    void OnModeSmooth();
+    void OnModeGouraud();
+    void OnModeWires();
+    void OnModeTransparent();
+    void OnModeHiddenLine();
+    void OnToggleSegmentBrowser();
+    void OnTop();
+    void OnBottom();
+    void OnFront();
+    void OnBack();
+    void OnRight();
+    void OnLeft();
+    void OnIsometric();
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+    /// The one road to the screen. A change of the orientation setting takes effect here.
+    void updateThis(HPS::Window::UpdateType type);
+    /// Errors and warnings of the scene library go to the session's messages.
+    void setupErrorWarningHandlers();
+
+    void setupCamera();
+    void setupSceneDefaults();
+    /// `first`: the visibility before it is not looked at.
+    void setupVisibility(bool first);
+    void setupSelectability(bool first);
+    void updateHighlighting();
+    void updateDefaultStyle();
+    void updatePmiStyle();
+    void updateDrwStyle();
+
+private:
+    HPS::SegmentKey segment() const { return TheView.GetSegmentKey(); }
+    ViewDocument* document() const;
+    void inject(HPS::Event const& event);
+    void sendMouse(QMouseEvent const& event, HPS::MouseEvent::Action action, unsigned clickCount);
+    void sendKey(QKeyEvent const& event, HPS::KeyboardEvent::Action action);
+    HPS::WindowPoint windowPoint(double x, double y) const;
+    template <class Target> void highlight(Target const& target, bool clearFirst);
+    template <class Target> void unHighlight(Target const& target);
+    bool showVolume(HPS::SimpleSphere& sphere, HPS::SimpleCuboid& cuboid) const;
+    void setMode(HPS::Rendering::Mode mode);
+    /// The shadow on a plane below the model follows the other modes.
+    void updatePlanes();
+
+    MoraCore::IView3DEvo* Evo = nullptr;        ///< not owned
+    MoraCore::IDocumentEvo* Document = nullptr; ///< not owned; always a ViewDocument too
+    HPS::Canvas TheCanvas;
+    HPS::View TheView;
+    HPS::PortfolioKey Portfolio;
+    float WindowWidth = 0, WindowHeight = 0;
+    bool ModelAttached = false; ///< stays once it is set
+    HPS::DistantLightKey Light;
+    HPS::HighlightOptionsKit HighlightOptions;
+    HPS::RGBAColor WindowColor, WindowContrastColor;
+    ZELVizCore::RenderingOptions* Options = nullptr; ///< never deleted: hosts may hold on to them
+    HPS::Selection::Level SelectionLevel = HPS::Selection::Level::Entity;
+    bool SelectionSticky = true;
+    HPS::UTF8Array HideConditions; ///< in force on the view's segment
+    HPS::SelectabilityKit SavedSelectability;
+    HPS::VisibilityKit SavedVisibility;
+    ZELOpConfigurator OpConfigurator;
+    ZELHPSErrorHandler ErrorHandler;
+    ZELHPSWarningHandler WarningHandler;
+    QDockWidget* BrowserDock = nullptr; ///< not owned
+    bool SegmentBrowserReady = false;   ///< its tree was given a canvas
+    bool SimpleShadowOn = false, ShadowMapOn = false, ReflectionOn = false, BloomOn = false;
+    std::unique_ptr<MoraCore::ACamera> Camera;
+    bool YUp; ///< the camera class in use
+    float GeometryRadius = 0;
+    float GeometryCenter[3] = {0, 0, 0};
+    HPS::SprocketPath ModelPath;
+    std::unique_ptr<ZELVizCore::SelectionHolder> SelectionHolder;
+};
+
+} // namespace ZelVizBase

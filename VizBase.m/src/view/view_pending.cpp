@@ -1,0 +1,28 @@
+// What a view offers by name and does not do yet.
+
+#include "ZELView3D.h"
+
+#include <QDockWidget>
+
+namespace ZelVizBase
+{
+
+// Sections have no operator yet.
+void ZELView3D::OnOperatorCuttingPlaneX() {}
+void ZELView3D::OnOperatorCuttingPlaneY() {}
+void ZELView3D::OnOperatorCuttingPlaneZ() {}
+
+bool ZELView3D::TogglePickRayOp()
+{
+    return false; // rays have no operator yet
+}
+
+// There is no browser yet, and so no dock.
+void ZELView3D::MakeSegmentAndPropertyBrowser(QWidget*, QMenu*) {}
+
+void ZELView3D::OnToggleSegmentBrowser()
+{
+    if (BrowserDock != nullptr && SegmentBrowserReady) BrowserDock->setVisible(!BrowserDock->isVisible());
+}
+
+} // namespace ZelVizBase
