@@ -49,11 +49,6 @@ public:
     // What the user's input does to the view; see Operator.h.
     OperatorControl GetOperatorControl() const;
 
-    // Whether what the view shows casts a simple shadow onto a plane below it, across the model's upright
-    // axis. `distance` is counted from the lowest point, in percent of the height. The plane stays where it
-    // is when the scene changes; everything else of the shadow is the segment's visual effects'.
-    View& SetSimpleShadow(bool state, float distance = 5);
-
     View& SetRenderingMode(Rendering::Mode mode);
     Rendering::Mode GetRenderingMode() const;
 

@@ -3,6 +3,7 @@
 #include <hps/Canvas.h>
 #include <hps/EventDispatcher.h>
 #include <hps/InputEvent.h>
+#include <hps/KeyPath.h>
 
 namespace HPS
 {

@@ -116,23 +116,6 @@ NavigationCubeControl View::GetNavigationCubeControl() const
     return NavigationCubeControl(*this);
 }
 
-View& View::SetSimpleShadow(bool state, float distance)
-{
-    auto const* const record = Registry::instance().find(*this);
-    if (record == nullptr) return *this;
-    VisualEffectsControl effects = record->segment.GetVisualEffectsControl();
-    effects.SetSimpleShadow(state);
-    render::VisibleExtent const extent(*scene::store().resolve<scene::SegmentRecord>(record->segment));
-    if (!state || extent.empty()) return *this;
-    Vector up(0, 0, 1), front(1, 0, 0);
-    record->model.ShowOrientation(up, front);
-    render::Vec3 const upright = normalised(render::Vec3{up.x, up.y, up.z}, {0, 0, 1});
-    double const high = extent.support(upright), low = -extent.support(upright * -1);
-    double const at = low - (high - low) * distance / 100;
-    effects.SetSimpleShadowPlane(Plane(float(upright.x), float(upright.y), float(upright.z), float(-at)));
-    return *this;
-}
-
 View& View::SetRenderingMode(Rendering::Mode mode)
 {
     if (auto* const record = Registry::instance().find(*this)) record->mode = mode;
