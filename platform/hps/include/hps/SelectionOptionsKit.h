@@ -44,16 +44,21 @@ template <class Self> class SelectionOptionsOperations : public Operations<Self>
 public:
     using Data = SelectionOptionsData;
 
-    // Greatest distance from the place picked, in centimetres on the screen.
+    // Greatest distance from the place picked of what has no area, in pixels.
     HPS_ASPECT(Proximity, float, proximity)
     // What one result stands for.
     HPS_ASPECT(Level, Selection::Level, level)
-    // Greatest number of parts found within one geometry.
+    // Greatest number of further faces, edges and vertices, of each kind, found within one geometry.
     HPS_ASPECT(InternalLimit, unsigned int, internalLimit)
     // Greatest number of further results.
     HPS_ASPECT(RelatedLimit, unsigned int, relatedLimit)
+    // Proximity: the nearest to the place picked first. ZSorting: the nearest to the viewer first. Default: as
+    // ZSorting, but what has no area comes before the faces it lies on.
     HPS_ASPECT(Sorting, Selection::Sorting, sorting)
+    // Analytic finds what lies behind faces too, Visual only what can be seen past them.
     HPS_ASPECT(Algorithm, Selection::Algorithm, algorithm)
+    // General finds parts of one kind within a geometry, vertices rather than edges and edges rather than
+    // faces; Detailed finds parts of all kinds.
     HPS_ASPECT(Granularity, Selection::Granularity, granularity)
     HPS_ASPECT(ExtentCullingRespected, bool, extentCullingRespected)
     HPS_ASPECT(DeferralExtentCullingRespected, bool, deferralExtentCullingRespected)

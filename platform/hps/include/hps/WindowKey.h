@@ -6,6 +6,7 @@
 #include <hps/InputEvent.h>
 #include <hps/PostProcessEffectsKit.h>
 #include <hps/SegmentKey.h>
+#include <hps/SelectionControl.h>
 #include <hps/SelectionOptionsKit.h>
 #include <hps/UpdateOptionsKit.h>
 #include <hps/WindowInfoKit.h>
@@ -23,6 +24,7 @@ public:
     bool ShowWindowInfo(WindowInfoKit& kit) const;
     WindowInfoControl GetWindowInfoControl() const { return WindowInfoControl(*this); }
     HighlightControl GetHighlightControl() const { return HighlightControl(*this); }
+    SelectionControl GetSelectionControl() const { return SelectionControl(*this); }
 
     // Options of the window: the same operations as for the attributes of a segment.
 #define HPS_WINDOW_KIT(Name)                                                                                 \

@@ -10,7 +10,7 @@ SelectionOptionsKit SelectionOptionsKit::GetDefault()
 {
     SelectionOptionsKit kit;
     using namespace Selection;
-    kit.SetProximity(0.3f).SetLevel(Level::Segment).SetInternalLimit(0).SetRelatedLimit(0);
+    kit.SetProximity(3).SetLevel(Level::Segment).SetInternalLimit(0).SetRelatedLimit(0);
     kit.SetSorting(Sorting::Default).SetAlgorithm(Algorithm::Analytic).SetGranularity(Granularity::General);
     kit.SetExtentCullingRespected(true).SetDeferralExtentCullingRespected(false);
     kit.SetFrustumCullingRespected(true).SetVectorCullingRespected(true);
