@@ -108,6 +108,12 @@ inline void PrintTo(Point const& p, std::ostream* out)
 {
     *out << '(' << p.x << ", " << p.y << ", " << p.z << ')';
 }
+inline void PrintTo(SelectionParts const& parts, std::ostream* out)
+{
+    for (auto const face : parts.faces) *out << "face " << face << ' ';
+    for (auto const& edge : parts.edges) *out << "edge " << edge[0] << '-' << edge[1] << ' ';
+    for (auto const vertex : parts.vertices) *out << "vertex " << vertex << ' ';
+}
 inline void PrintTo(Key const& key, std::ostream* out)
 {
     *out << "key " << key.Index().slot;

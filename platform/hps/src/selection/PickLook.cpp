@@ -53,7 +53,9 @@ PickLook lookOf(NetState const& state, render::StrokeTable& strokes)
     auto look = [&](VisibilityData const& shown) {
         return render::lookOf({shown, state.get<MaterialMappingData>(), state.get<LineAttributeData>(),
                                state.get<EdgeAttributeData>(), state.get<MarkerAttributeData>(),
-                               state.get<DrawingAttributeData>(), culling, state.get<TextAttributeData>(),
+                               state.get<DrawingAttributeData>(), culling,
+                               state.get<CuttingSectionAttributeData>(), state.get<TransparencyData>(),
+                               state.get<VisualEffectsData>(), state.get<TextAttributeData>(),
                                state.get<CurveAttributeData>(), state.get<NURBSSurfaceAttributeData>(),
                                state.get<CylinderAttributeData>(), state.get<SphereAttributeData>(),
                                state.get<ContourLineData>(), palette, state.portfolios, strokes});

@@ -42,6 +42,39 @@ void PickShape::takePoints(std::vector<Point> points)
     points_ = ownPoints_.data();
 }
 
+// As they stand in the shell's own list; false if there are others than triangles, or hidden ones.
+bool PickShape::takeTriangles(ShellData const& shell)
+{
+    if (hidesFaces(shell) || !isOfTriangles(shell.facelist)) return false;
+    points_ = shell.points.data();
+    normals_ = shell.vertexNormals.Empty() ? nullptr : &shell.vertexNormals;
+    facelist_ = shell.facelist.data();
+    count_ = std::uint32_t(shell.facelist.size() / 4);
+    numbered_ = true;
+    return true;
+}
+
+bool PickShape::borrowFaces(GeometryRecord const& geometry)
+{
+    count_ = 0;
+    if (geometry.type != Type::ShellKey) return false;
+    ShellData const& shell = static_cast<ShellRecord const&>(geometry).data;
+    return shell.facelist.size() <= std::size_t(4) * fewElements && takeTriangles(shell);
+}
+
+bool PickShape::borrowLines(GeometryRecord const& geometry)
+{
+    count_ = 0;
+    if (geometry.type != Type::LineKey) return false;
+    auto const& points = static_cast<LineRecord const&>(geometry).data.points;
+    if (points.size() > fewElements || points.empty()) return false;
+    cornersEach_ = 2;
+    points_ = points.data();
+    count_ = std::uint32_t(points.size() - 1);
+    numbered_ = true;
+    return true;
+}
+
 std::unique_ptr<PickShape> PickShape::facesOf(GeometryRecord const& geometry,
                                               render::Fineness const& fineness)
 {
@@ -50,16 +83,14 @@ std::unique_ptr<PickShape> PickShape::facesOf(GeometryRecord const& geometry,
     ShellData const* const shell = render::facesOf({&geometry, nullptr}, fineness, work);
     if (shell == nullptr) return shape;
     bool const borrowed = shell != &work;
+    if (borrowed && shape->takeTriangles(*shell)) {
+        shape->makeTree();
+        return shape;
+    }
     shape->numbered_ = borrowed || geometry.type == Type::MeshKey;
     if (borrowed) {
         shape->points_ = shell->points.data();
         if (!shell->vertexNormals.Empty()) shape->normals_ = &shell->vertexNormals;
-    }
-    if (borrowed && isOfTriangles(shell->facelist) && !hidesFaces(*shell)) {
-        shape->facelist_ = shell->facelist.data();
-        shape->count_ = std::uint32_t(shell->facelist.size() / 4);
-        shape->makeTree();
-        return shape;
     }
     static thread_local render::Triangulator triangulator;
     triangulator.run(shell->points, shell->facelist);

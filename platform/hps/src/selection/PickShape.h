@@ -13,6 +13,16 @@ namespace HPS::selection
 class PickShape
 {
 public:
+    /// For those below, and for borrowing.
+    PickShape() = default;
+    PickShape(PickShape const&) = delete;
+    PickShape& operator=(PickShape const&) = delete;
+
+    /// Makes this the faces, or the lines, of a geometry that has so few that they cost nothing to prepare.
+    /// False, leaving no elements, for any other geometry.
+    bool borrowFaces(scene::GeometryRecord const& geometry);
+    bool borrowLines(scene::GeometryRecord const& geometry);
+
     static std::unique_ptr<PickShape> facesOf(scene::GeometryRecord const& geometry,
                                               render::Fineness const& fineness);
     /// The edges of these faces that belong to one of the `kinds`, see render::EdgeKind.
@@ -59,7 +69,7 @@ public:
     std::size_t bytes() const;
 
 private:
-    PickShape() = default;
+    bool takeTriangles(ShellData const& shell);
     void takePoints(std::vector<Point> points);
     void addChain(std::span<Point const> chain);
     void makeTree();

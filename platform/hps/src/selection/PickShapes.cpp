@@ -26,6 +26,7 @@ template <class Make> PickShape const& PickShapes::find(GeometryRecord const& ge
 
 PickShape const& PickShapes::faces(GeometryRecord const& geometry, Fineness const& fineness)
 {
+    if (borrowedFaces_.borrowFaces(geometry)) return borrowedFaces_;
     return find(geometry, Kind::Faces, fineness, {},
                 [&](Fineness const& wanted) { return PickShape::facesOf(geometry, wanted); });
 }
@@ -46,6 +47,7 @@ PickShape const& PickShapes::vertices(GeometryRecord const& geometry, Fineness c
 
 PickShape const& PickShapes::lines(GeometryRecord const& geometry, Fineness const& fineness)
 {
+    if (borrowedLines_.borrowLines(geometry)) return borrowedLines_;
     return find(geometry, Kind::Lines, fineness, {},
                 [&](Fineness const& wanted) { return PickShape::linesOf(geometry, wanted); });
 }

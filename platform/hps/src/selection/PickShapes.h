@@ -11,7 +11,8 @@ class PickShapes
 {
 public:
     using Shape = PickShape const&;
-    /// All are valid until the next `drop`. Curved kinds have a shape for each fineness.
+    /// All are valid until the same is asked of another geometry. Curved kinds have a shape for each
+    /// fineness.
     Shape faces(scene::GeometryRecord const& geometry, render::Fineness const& fineness);
     Shape edges(scene::GeometryRecord const& geometry, render::Fineness const& fineness,
                 render::EdgeChoice const& choice);
@@ -36,6 +37,7 @@ private:
                                      Make const& make);
 
     std::unordered_map<scene::SlotIndex, std::vector<Kept>> kept_; ///< few of each geometry
+    PickShape borrowedFaces_, borrowedLines_;                      ///< of what is not worth keeping
 };
 
 } // namespace HPS::selection

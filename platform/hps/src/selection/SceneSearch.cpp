@@ -102,10 +102,10 @@ template <class Enter, class Use> void SceneSearch::descend(SearchTop const& top
         auto visitBounded = [&](std::uint32_t i) {
             if (enter(index.boxOf(parts[i]), index.contentOf(parts[i]))) visitPart(parts[i]);
         };
-        if (place.entry.tree.empty())
+        if (!place.entry.tree)
             for (std::uint32_t i = 0; i < place.entry.bounded; ++i) visitBounded(i);
         else
-            place.entry.tree.visit(
+            place.entry.tree->visit(
                 0, [&](Box const& box, int) { return enter(box, place.entry.content); },
                 [&](std::uint32_t i, int) { visitBounded(i); });
         for (std::size_t i = place.entry.bounded; i < parts.size(); ++i) visitPart(parts[i]);

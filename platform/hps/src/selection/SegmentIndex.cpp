@@ -134,13 +134,15 @@ void SegmentIndex::compute(SegmentRecord const& segment, Entry& entry)
     auto boxOfPart = [&](std::uint32_t i) { return boxOf(entry.parts[i]); };
     entry.bounds = {};
     if (entry.bounded > fewParts) {
-        if (same && entry.tree.size() == entry.bounded)
-            entry.tree.refit(boxOfPart);
-        else
-            entry.tree.build(entry.bounded, boxOfPart);
-        entry.bounds = entry.tree.bounds();
+        if (same && entry.tree && entry.tree->size() == entry.bounded) {
+            entry.tree->refit(boxOfPart);
+        } else {
+            entry.tree = std::make_unique<BoxTree>();
+            entry.tree->build(entry.bounded, boxOfPart);
+        }
+        entry.bounds = entry.tree->bounds();
     } else {
-        entry.tree = {};
+        entry.tree.reset();
         for (std::uint32_t i = 0; i < entry.bounded; ++i) entry.bounds.add(boxOfPart(i));
     }
     // What is boundless may have bounded things beside it.
@@ -187,7 +189,8 @@ std::size_t SegmentIndex::bytes() const
     std::size_t total = entries_.capacity() * sizeof entries_[0];
     for (auto const& entry : entries_)
         if (entry != nullptr)
-            total += sizeof *entry + entry->parts.capacity() * sizeof(SlotIndex) + entry->tree.bytes();
+            total += sizeof *entry + entry->parts.capacity() * sizeof(SlotIndex) +
+                     (entry->tree ? sizeof(BoxTree) + entry->tree->bytes() : 0);
     return total;
 }
 

@@ -30,8 +30,8 @@ public:
         bool window = false;   ///< is a part of the window of its own
         std::uint32_t bounded = 0;
         std::vector<scene::SlotIndex>
-            parts;    ///< geometry, children, includes; from `bounded` on the boundless
-        BoxTree tree; ///< over the bounded ones, if these are more than a few
+            parts;                     ///< geometry, children, includes; from `bounded` on the boundless
+        std::unique_ptr<BoxTree> tree; ///< over the bounded ones; null for a few
     };
 
     /// A segment's entry, and those of all below it, brought up to date. Valid until the next `apply`.

@@ -94,7 +94,6 @@ void WindowSearch::search(Ask const& ask)
         Pane& pane = panes_[i];
         pane.probe = ask(pane.frame);
         std::vector<SearchTop> windows;
-        // Even where nothing is asked of a view, subwindows may have a share.
         if (pane.probe)
             SceneSearch(scene_, options_, *pane.probe, steps_).run(pane.top, windows, [&](Found&& found) {
                 found_.push_back({&pane, std::move(found)});
