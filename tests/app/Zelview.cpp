@@ -12,10 +12,13 @@ QProcessEnvironment withoutDisplay()
     return environment;
 }
 
-Outcome runZelview(QStringList const& arguments)
+Outcome runZelview(QStringList const& arguments, QStringList const& surroundings)
 {
     QProcess process;
-    process.setProcessEnvironment(withoutDisplay());
+    QProcessEnvironment environment = withoutDisplay();
+    for (QString const& setting : surroundings)
+        environment.insert(setting.section(QLatin1Char('='), 0, 0), setting.section(QLatin1Char('='), 1));
+    process.setProcessEnvironment(environment);
     process.start(QStringLiteral(ZEL_BINARY_DIR "/bin/zelview"), arguments);
     bool const ended = process.waitForFinished(120'000) && process.exitStatus() == QProcess::NormalExit;
     if (!ended) process.kill();

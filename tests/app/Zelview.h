@@ -19,8 +19,9 @@ struct Outcome {
 /// Ours, but with no screen to open a window on.
 QProcessEnvironment withoutDisplay();
 
-/// Runs zelview as a user would and waits for its end.
-Outcome runZelview(QStringList const& arguments);
+/// Runs zelview as a user would and waits for its end. `surroundings` are settings of the environment beside
+/// the present ones, each NAME=value.
+Outcome runZelview(QStringList const& arguments, QStringList const& surroundings = {});
 
 /// A file among the shared models; empty if they are not at hand.
 QString sharedModel(QString const& name);

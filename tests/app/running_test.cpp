@@ -145,6 +145,20 @@ TEST_F(Running, aStreamFileAppearsBesideTheModel)
     EXPECT_GT(QFileInfo(model + ".hsf").size(), 100);
 }
 
+TEST_F(Running, withoutTheGraphicsNeededItSaysWhatToDo)
+{
+    // No driver at all, and one that is too old.
+    for (char const* missing : {"__EGL_VENDOR_LIBRARY_FILENAMES=/nowhere", "MESA_GL_VERSION_OVERRIDE=3.3"}) {
+        SCOPED_TRACE(missing);
+        Outcome const outcome = runZelview({"--output", path("picture.png"), machine()}, {missing});
+        EXPECT_EQ(outcome.code, 6);
+        EXPECT_THAT(outcome.err.toStdString(), HasSubstr("OpenGL 4.5"));
+        EXPECT_THAT(outcome.err.toStdString(), HasSubstr("LIBGL_ALWAYS_SOFTWARE=1")) << "what to do";
+        EXPECT_EQ(outcome.err.trimmed().count('\n'), 0);
+        EXPECT_FALSE(QFile::exists(path("picture.png")));
+    }
+}
+
 TEST_F(Running, aFullDeviceIsAFailedWrite)
 {
     Outcome const outcome = runZelview({"--output", "/dev/full", "--resolution", "64,64", machine()});

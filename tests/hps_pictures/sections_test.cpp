@@ -185,6 +185,32 @@ TEST_F(Sections, cutLinesAndMarkersToo)
     EXPECT_PRED2(near, at(1, 1), background);
 }
 
+TEST_F(Sections, cutTextsInTheirPlaneAndTakeThoseThatFaceTheViewerAsAWhole)
+{
+    box.GetVisibilityControl().SetFaces(false);
+    box.GetTextAttributeControl()
+        .SetSize(0.6f, Text::SizeUnits::WorldSpace)
+        .SetAlignment(Text::Alignment::Center);
+    box.GetMaterialMappingControl().SetTextColor(RGBAColor(1, 1, 1));
+    box.InsertText({0, 0, 0}, "HHHHHH");
+    stage.root().InsertCuttingSection(right);
+    auto ink = [&](int from, int to) {
+        QImage const picture = stage.picture();
+        int count = 0;
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = from; x < to; ++x) count += qGray(picture.pixel(x, y)) > 150;
+        return count;
+    };
+    using enum Text::Transform;
+    box.GetTextAttributeControl().SetTransform(Transformable);
+    EXPECT_GT(ink(0, 99), 50);
+    EXPECT_EQ(ink(101, 200), 0) << "half of it is gone";
+    box.GetTextAttributeControl().SetTransform(NonTransformable);
+    EXPECT_GT(ink(101, 200), 50) << "stays with its place";
+    stage.root().InsertCuttingSection(Plane(-1, 0, 0, 0.1f));
+    EXPECT_EQ(ink(0, 200), 0) << "goes with its place";
+}
+
 TEST_F(Sections, offIsAsIfTheyWereNotThere)
 {
     stage.light();

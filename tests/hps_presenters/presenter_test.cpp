@@ -116,6 +116,17 @@ TEST(WidgetPresenter, aWidgetThatIsGoneOrNeverShownStillLeavesAPicture)
     EXPECT_TRUE(nowhere.Update());
 }
 
+TEST(WidgetPresenter, aFineScreenGetsAllItsPixels)
+{
+    Surface surface;
+    surface.resize(91, 60);
+    surface.show();
+    QApplication::processEvents();
+    ASSERT_TRUE(surface.canvas.Update());
+    double const ratio = surface.devicePixelRatioF();
+    EXPECT_EQ(surface.picture().size(), QSize(qRound(91 * ratio), qRound(60 * ratio)));
+}
+
 int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -1,6 +1,6 @@
 #include "SceneCompiler.h"
-#include "GlyphStore.h"
 #include "geometry_records.h"
+#include "wide.h"
 #include <algorithm>
 
 namespace HPS::render
@@ -9,13 +9,6 @@ namespace
 {
 
 using namespace scene;
-
-Mat4 wide(MatrixKit const& matrix)
-{
-    Mat4 result;
-    std::copy_n(matrix.Data(), 16, result.begin());
-    return result;
-}
 
 constexpr Change withoutEffect = Change::Name | Change::Bounding;
 
@@ -52,6 +45,7 @@ SceneCompiler::Result SceneCompiler::update(std::span<KeyIndex const> path, bool
     fromScratch = !cursor_.read(marks_) || !made_ || fromScratch ||
                   !std::equal(path.begin(), path.end(), path_.begin(), path_.end());
     path_.assign(path.begin(), path.end());
+    MeshCache::instance().markReferences(marks_);
     if (!fromScratch && std::none_of(marks_.begin(), marks_.end(), matters)) return result;
 
     std::vector<SegmentRecord const*> segments;
@@ -143,24 +137,24 @@ void SceneCompiler::show(OccurrenceId id, SegmentRecord const& segment, NetAttri
     else
         scenery_.erase(id);
     bool const isSubwindow = noteSubwindow(id, segment);
+    DrawList* into = &list_;
     if (isSubwindow || !subwindows_.empty())
-        if (Subwindow* const around = subwindowAround(id)) into_ = &around->list;
+        if (Subwindow* const around = subwindowAround(id)) into = &around->list;
     SectionCompiler::Scope const& scope = enterScope(id, segment, net, isSubwindow);
-    sectionSet_ = scope.own;
     if (content.drawable()) {
         Held& held = heldFor(net.state);
-        into_->open(id, held.placing);
-        draw(segment, held, wide(net.matrix));
-        into_->close();
+        into->open(id, held.placing);
+        SegmentDrawer(*into, list_, texts_, {.sectionSet = scope.own, .outlined = outlined_})
+            .draw(segment, held.look, held.faces, wide(net.matrix));
+        into->close();
         Look const& look = held.look;
-        if (into_ == &list_ && content.faces && scope.own != 0 && (look.cut.faces || look.cut.edges))
+        if (into == &list_ && content.faces && scope.own != 0 && (look.cut.faces || look.cut.edges))
             sections_.addBody(id, segment, look, held.cap,
                               MeshCache::instance().faces(segment, look.plainFaces, look.fineness).mesh.box(),
                               wide(net.matrix), scope);
     } else {
-        into_->remove(id);
+        into->remove(id);
     }
-    into_ = &list_;
 }
 
 void SceneCompiler::hide(OccurrenceId id)
@@ -288,182 +282,10 @@ void SceneCompiler::sweepHeld()
     heldLimit_ = 2 * (held_.size() + fold_.stateCount()) + 4096;
 }
 
-void SceneCompiler::draw(SegmentRecord const& segment, Held& held, Mat4 const& matrix)
-{
-    Look const& look = held.look;
-    MeshCache& meshes = MeshCache::instance();
-    MeshCache::Content const& content = meshes.content(segment);
-    into_->manner = look.manner;
-    Fineness const& fine = look.fineness;
-    if (content.faces && look.facesShown) addFaces(segment, held, matrix);
-    // Where faces are not seen, their outlines stand for them.
-    EdgeChoice edges = look.edges;
-    if (outlined_ && look.facesShown && !edges.any()) edges.kinds = PerimeterEdge | HardEdge | SilhouetteEdge;
-    if (content.faces && edges.any()) drawEdges(segment, edges, look, matrix);
-    if (content.chains && look.linesShown) drawLines(segment, look, matrix);
-    if (content.endless && look.linesShown)
-        add(meshes.endlessStrokes(segment), Primitive::Strokes, look.line, matrix,
-            std::numeric_limits<float>::infinity());
-    if (content.markers && look.markersShown) {
-        if (look.markerGlyph)
-            add(meshes.glyphMarkers(segment, *look.markerGlyph, look.markerRotation), Primitive::Glyphs,
-                look.marker, matrix);
-        else
-            add(meshes.markers(segment), Primitive::Markers, look.marker, matrix);
-    }
-    if (content.faces && look.verticesShown) {
-        if (look.markerGlyph)
-            add(meshes.glyphVertices(segment, *look.markerGlyph, look.markerRotation, fine),
-                Primitive::Glyphs, look.vertex, matrix);
-        else
-            add(meshes.vertices(segment, look.plainVertices, fine), Primitive::Markers, look.vertex, matrix);
-    }
-    if (!content.texts.empty() && look.text.shown) drawTexts(content.texts, look, matrix);
-    if (content.faces && look.contours) {
-        auto const wrap = std::uint32_t(look.contours->strokes.size());
-        for (std::uint32_t i = 0; i < wrap; ++i)
-            add(meshes.contours(segment, look.contours->lines, wrap, i, fine), Primitive::Lines,
-                look.contours->strokes[i], matrix);
-    }
-}
-
-void SceneCompiler::addFaces(SegmentRecord const& segment, Held& held, Mat4 const& matrix)
-{
-    MeshCache& meshes = MeshCache::instance();
-    Look const& look = held.look;
-    MeshCache::Drawable const* drawable = &meshes.faces(segment, look.plainFaces, look.fineness);
-    if (held.faces.textured(*drawable))
-        drawable = &meshes.withParameters(segment, look.plainFaces, look.fineness);
-    auto const parts = faceParts(held.faces, *drawable, into_->materials);
-    bool const opaque =
-        std::none_of(parts.begin(), parts.end(), [](FacePart const& part) { return part.transparent; });
-    for (FacePart const& part : parts) {
-        Pipeline pipeline;
-        pipeline.transparent = part.transparent;
-        pipeline.cullBack = look.cullBack || part.cullBack;
-        pipeline.cullFront = part.cullFront;
-        pipeline.closed = drawable->closed && opaque;
-        pipeline.displacement = look.displacement;
-        pipeline.surface = part.surface.kind;
-        Instance instance{};
-        std::copy_n(part.colour, 4, instance.colour);
-        instance.size = look.face.size;
-        instance.flags = look.face.flags;
-        instance.material = packMaterial(part.surface.row, 0);
-        emit(*drawable, pipeline, part.range, matrix, instance);
-    }
-}
-
-void SceneCompiler::drawEdges(SegmentRecord const& segment, EdgeChoice const& choice, Look const& look,
-                              Mat4 const& matrix)
-{
-    MeshCache& meshes = MeshCache::instance();
-    MeshCache::Drawable const& edges = meshes.edges(segment, choice, look.plainEdges, look.fineness);
-    if (look.edge.styled)
-        add(meshes.edgeStrokes(segment, choice, look.fineness), Primitive::Strokes, look.edge, matrix);
-    else
-        add(edges, Primitive::Lines, look.edge, matrix);
-    if (edges.viewEdges)
-        add(meshes.viewEdges(segment, choice, look.plainEdges, look.fineness), Primitive::ViewEdges,
-            look.edge, matrix);
-}
-
-void SceneCompiler::drawLines(SegmentRecord const& segment, Look const& look, Mat4 const& matrix)
-{
-    MeshCache& meshes = MeshCache::instance();
-    if (look.line.styled)
-        add(meshes.lineStrokes(segment, look.fineness), Primitive::Strokes, look.line, matrix);
-    else
-        add(meshes.lines(segment, look.fineness), Primitive::Lines, look.line, matrix);
-    for (auto const& [where, glyph] : look.lineGlyphs) {
-        constexpr float widths = 4; // of the line, that a drawing on it takes
-        Look::Stroke stroke = look.line;
-        stroke.size *= widths;
-        add(meshes.lineGlyphs(segment, glyph, where, look.fineness), Primitive::Glyphs, stroke, matrix);
-    }
-}
-
-void SceneCompiler::drawTexts(std::vector<SlotIndex> const& slots, Look const& look, Mat4 const& matrix)
-{
-    for (SlotIndex slot : slots) {
-        if (only_ != 0 && slot != only_) continue;
-        auto const* const geometry = store().at<GeometryRecord>(slot);
-        Shown const shown = geometry != nullptr ? shownBy(*geometry) : Shown{};
-        if (shown.geometry == nullptr) continue;
-        texts_.add(*into_, slot, static_cast<TextRecord const*>(shown.geometry)->data, look.text,
-                   shown.matrix != nullptr ? wide(*shown.matrix) * matrix : matrix);
-    }
-    // One line that every instance stretches to its own.
-    for (auto const& [from, to] : texts_.leaderLines()) {
-        Mat4 stretched = identity;
-        stretched[0] = double(to.x) - from.x;
-        stretched[1] = double(to.y) - from.y;
-        stretched[2] = double(to.z) - from.z;
-        stretched[12] = from.x;
-        stretched[13] = from.y;
-        stretched[14] = from.z;
-        Look::Stroke const& stroke = look.line;
-        bool const thin = stroke.size <= 1 && (stroke.flags & (SizeInWorld | SizeInWindow)) == 0;
-        Pipeline pipeline;
-        pipeline.primitive = thin ? Primitive::ThinLines : Primitive::Lines;
-        pipeline.transparent = look.text.colour[3] < 255;
-        Instance instance{};
-        std::copy_n(look.text.colour, 4, instance.colour);
-        instance.size = stroke.size;
-        instance.flags = stroke.flags;
-        Mesh const& line = GlyphStore::instance().unitLine();
-        into_->add(pipeline, line.range(), line.box(), stretched, instance);
-    }
-    texts_.clearLeaderLines();
-}
-
-void SceneCompiler::add(MeshCache::Drawable const& drawable, Primitive primitive, Look::Stroke const& stroke,
-                        Mat4 const& matrix, float reach)
-{
-    if (drawable.mesh.empty() || stroke.colour[3] == 0) return;
-    Pipeline pipeline;
-    bool const thin = stroke.size <= 1 && (stroke.flags & (SizeInWorld | SizeInWindow)) == 0;
-    pipeline.primitive = primitive == Primitive::Lines && thin ? Primitive::ThinLines : primitive;
-    pipeline.transparent = stroke.transparent() || drawable.translucent;
-    Instance instance{};
-    std::copy_n(stroke.colour, 4, instance.colour);
-    instance.size = stroke.size;
-    if (stroke.inObject) instance.size *= float(std::cbrt(std::abs(determinant3(matrix))));
-    instance.flags = stroke.flags;
-    if (primitive == Primitive::Strokes) {
-        list_.hasStrokes = true; // tables and lengths are the list's, for highlights too
-        instance.material = packMaterial(stroke.pattern, 0);
-        instance.flags &= (1u << glyphShift) - 1;
-        if ((stroke.flags & SizeInWorld) == 0 && drawable.chains != nullptr)
-            if (auto const first = list_.screenStrokes.place(drawable.chains, matrix))
-                instance.flags |= DistancesGiven | *first << glyphShift;
-    }
-    emit(drawable, pipeline, drawable.mesh.range(), matrix, instance, reach);
-}
-
-void SceneCompiler::emit(MeshCache::Drawable const& drawable, Pipeline pipeline, MeshRange const& range,
-                         Mat4 const& matrix, Instance instance, float reach)
-{
-    instance.material = packMaterial(instance.material, sectionSet_);
-    // Over the same faces in the model's own look.
-    if (into_ == &highlight_ && pipeline.primitive == Primitive::Faces) --pipeline.displacement;
-    if (only_ == 0) return into_->add(pipeline, range, drawable.mesh.box(), matrix, instance, reach);
-    for (MeshCache::Part const& part : drawable.parts) {
-        if (part.geometry != only_) continue;
-        std::uint32_t const first = drawable.mesh.range().firstIndex + part.firstIndex;
-        MeshRange shared = range;
-        shared.firstIndex = std::max(range.firstIndex, first);
-        std::uint32_t const end = std::min(range.firstIndex + range.indexCount, first + part.indexCount);
-        shared.indexCount = end > shared.firstIndex ? end - shared.firstIndex : 0;
-        into_->add(pipeline, shared, drawable.mesh.box(), matrix, instance, reach);
-    }
-}
-
 void SceneCompiler::makeHighlight()
 {
     highlight_.clear();
     auto const targets = highlightTargets(tree_, path_, highlightsOf(path_.front()));
-    into_ = &highlight_;
     for (auto const& [id, target] : targets) {
         bool covered = false; // it is drawn with what stands above it
         for (OccurrenceId above = tree_.parentOf(id); above != noOccurrence && !covered;
@@ -473,8 +295,6 @@ void SceneCompiler::makeHighlight()
         }
         if (!covered) highlightBelow(id, targets);
     }
-    into_ = &list_;
-    only_ = 0;
     highlight_.finish();
     scene_.highlight = highlight_.records.empty() ? nullptr : &highlight_;
 }
@@ -519,13 +339,15 @@ void SceneCompiler::highlight(OccurrenceId id, MatrixKit const& matrix,
     if (!content.drawable()) return;
     Highlights const& all = highlightsOf(path_.front());
     Held& held = heldFor(highlighted(fold_, tree_.stateOf(id), all, numbers));
-    only_ = geometry;
-    sectionSet_ = id < scopes_.size() ? scopes_[id].own : 0;
     highlight_.placing = held.placing;
     if (auto const& overlay = all[numbers.back()].options.overlay) highlight_.placing.overlay = *overlay;
     if (geometry != 0) ++highlight_.placing.order; // over the rest of its segment
-    draw(segment, held, wide(matrix));
-    only_ = 0;
+    SegmentDrawer(highlight_, list_, texts_,
+                  {.sectionSet = id < scopes_.size() ? scopes_[id].own : 0,
+                   .only = geometry,
+                   .outlined = outlined_,
+                   .overFaces = true})
+        .draw(segment, held.look, held.faces, wide(matrix));
 }
 
 void SceneCompiler::readAllScenery()

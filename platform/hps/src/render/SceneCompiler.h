@@ -5,7 +5,7 @@
 #include "MeshCache.h"
 #include "OccurrenceTree.h"
 #include "SectionCompiler.h"
-#include "TextCompiler.h"
+#include "SegmentDrawer.h"
 #include "highlight_targets.h"
 #include "net_attributes.h"
 #include "read_scene.h"
@@ -74,16 +74,6 @@ private:
     void makeList(scene::NetAttributes const& above, scene::SegmentRecord const& view);
     Held& heldFor(scene::NetStatePointer const& state);
     void sweepHeld();
-    void draw(scene::SegmentRecord const& segment, Held& held, Mat4 const& matrix);
-    void addFaces(scene::SegmentRecord const& segment, Held& held, Mat4 const& matrix);
-    void drawEdges(scene::SegmentRecord const& segment, EdgeChoice const& choice, Look const& look,
-                   Mat4 const& matrix);
-    void drawLines(scene::SegmentRecord const& segment, Look const& look, Mat4 const& matrix);
-    void drawTexts(std::vector<scene::SlotIndex> const& slots, Look const& look, Mat4 const& matrix);
-    void add(MeshCache::Drawable const& drawable, Primitive primitive, Look::Stroke const& stroke,
-             Mat4 const& matrix, float reach = 0);
-    void emit(MeshCache::Drawable const& drawable, Pipeline pipeline, MeshRange const& range,
-              Mat4 const& matrix, Instance instance, float reach = 0);
     void makeHighlight();
     void highlightBelow(OccurrenceId top, HighlightTargets const& targets);
     void highlight(OccurrenceId id, MatrixKit const& matrix, std::span<std::uint32_t const> numbers,
@@ -109,14 +99,11 @@ private:
     bool outlined_ = false; ///< faces are not seen themselves
     DrawList list_, highlight_;
     std::map<OccurrenceId, Subwindow> subwindows_;
-    bool making_ = false;       ///< from scratch
-    bool startOver_ = false;    ///< what was drawn in one window belongs into another
-    DrawList* into_ = &list_;   ///< where records go
-    scene::SlotIndex only_ = 0; ///< the one geometry that is drawn; 0 for all
+    bool making_ = false;    ///< from scratch
+    bool startOver_ = false; ///< what was drawn in one window belongs into another
     TextCompiler texts_;
     SectionCompiler sections_;
     std::vector<SectionCompiler::Scope> scopes_; ///< by occurrence
-    std::uint32_t sectionSet_ = 0;               ///< of what is drawn
     Scene scene_;
 };
 

@@ -2,6 +2,7 @@
 #include "caps.h"
 #include "geometry_records.h"
 #include "plane_shapes.h"
+#include "wide.h"
 #include <hps/CuttingSectionAttributeKit.h>
 #include <utility>
 
@@ -12,13 +13,6 @@ namespace
 
 using namespace scene;
 using namespace CuttingSection;
-
-Mat4 wide(MatrixKit const& matrix)
-{
-    Mat4 result;
-    std::copy_n(matrix.Data(), 16, result.begin());
-    return result;
-}
 
 /// Of the affine part; the identity for a matrix that flattens space.
 Mat4 inverse(Mat4 const& m)

@@ -2,6 +2,7 @@
 #include "GlyphStore.h"
 #include "merge.h"
 #include "plain_colour.h"
+#include "wide.h"
 
 namespace HPS::render
 {
@@ -20,12 +21,6 @@ Vec3 turned(Vec3 const& v, Mat4 const& m)
 {
     return {v.x * m[0] + v.y * m[4] + v.z * m[8], v.x * m[1] + v.y * m[5] + v.z * m[9],
             v.x * m[2] + v.y * m[6] + v.z * m[10]};
-}
-Mat4 wide(MatrixKit const& matrix)
-{
-    Mat4 result;
-    std::copy_n(matrix.Data(), 16, result.begin());
-    return result;
 }
 
 /// A size brought to what the device tells apart: the world, the window, pixels. Sizes of texts, of margins
@@ -85,9 +80,11 @@ TextLayout const& TextLayouts::of(scene::SlotIndex slot, std::string const& text
     return kept.layout;
 }
 
-void TextCompiler::add(DrawList& list, scene::SlotIndex slot, TextData const& text, TextLook const& look, Mat4 const& outer)
+void TextCompiler::add(DrawList& list, scene::SlotIndex slot, TextData const& text, TextLook const& look,
+                       Mat4 const& outer, std::uint32_t sectionSet)
 {
     list_ = &list;
+    sectionSet_ = sectionSet;
     TextAttributeData attributes = look.attributes;
     scene::merge(attributes, text.attributes);
     Mat4 const matrix = text.modellingMatrix ? wide(*text.modellingMatrix) * outer : outer;
@@ -354,6 +351,7 @@ void TextCompiler::addDrawing(DrawnGlyph const& drawing, Affine const& place, Gr
     std::copy(paint.colour.begin(), paint.colour.end(), instance.colour);
     instance.size = ground.em.size;
     instance.flags = Unlit | Planted | ground.em.flags | (facesViewer ? FacesViewer : 0u);
+    instance.material = packMaterial(0, sectionSet_);
     list_->add(record, instance);
 }
 

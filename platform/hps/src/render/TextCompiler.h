@@ -36,8 +36,9 @@ public:
         std::uint32_t flags = 0; ///< `SizeInWorld`, `SizeInWindow`
     };
 
-    /// `matrix` leads from the text's segment to the world.
-    void add(DrawList& list, scene::SlotIndex slot, TextData const& text, TextLook const& look, Mat4 const& matrix);
+    /// `matrix` leads from the text's segment to the world; `sectionSet` cuts it.
+    void add(DrawList& list, scene::SlotIndex slot, TextData const& text, TextLook const& look,
+             Mat4 const& matrix, std::uint32_t sectionSet);
 
     /// The lines that `add` found to lead away from texts, in world coordinates, two points each.
     std::vector<std::array<Point, 2>> const& leaderLines() const { return leaderLines_; }
@@ -62,7 +63,8 @@ private:
     void addLeaderLines(TextData const& text, TextLayout const& layout, Ground const& ground,
                         Mat4 const& matrix);
 
-    DrawList* list_ = nullptr; ///< while `add` runs
+    DrawList* list_ = nullptr; ///< while `add` runs, as the next
+    std::uint32_t sectionSet_ = 0;
     std::vector<std::array<Point, 2>> leaderLines_;
 };
 

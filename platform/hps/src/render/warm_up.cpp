@@ -2,6 +2,7 @@
 #include "Device.h"
 #include "Frame.h"
 #include "MeshStore.h"
+#include "of_context.h"
 #include <array>
 
 namespace HPS::render
@@ -21,8 +22,10 @@ Instance plain()
 
 std::unique_ptr<Target>& spareTarget()
 {
-    static auto* const spare = new std::unique_ptr<Target>; // as long-lived as the device, see there
-    return *spare;
+    struct Spare {
+        std::unique_ptr<Target> target;
+    };
+    return ofContext<Spare>().target;
 }
 
 // The driver compiles for each set of states, so the states have to be those of real pictures.

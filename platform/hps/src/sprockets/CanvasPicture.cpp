@@ -50,6 +50,17 @@ void add(UpdateReport& report, render::FrameCounts const& counts)
     report.drawCalls += counts.calls;
 }
 
+/// All canvases draw with the one context that is lost.
+void startAnew(render::Device& device)
+{
+    auto& canvases = Registry::instance().canvases;
+    for (KeyIndex index : canvases.indices())
+        if (auto const& picture = canvases.find(index)->picture) picture->forget();
+    bool const opened = device.reopen();
+    scene::raiseWarning(opened ? UTF8("The graphics device was reset; pictures are drawn anew.")
+                               : UTF8(device.failure()));
+}
+
 } // namespace
 
 CanvasPicture::CanvasPicture() = default;
@@ -125,15 +136,34 @@ void CanvasPicture::learn(double milliseconds)
     }
 }
 
+void CanvasPicture::forget()
+{
+    layers_.clear();
+    target_.reset();
+    quick_.reset();
+    shown_ = nullptr;
+    drawn_ = memoryTold_ = false;
+}
+
 std::string CanvasPicture::update(CanvasRecord const& canvas, UpdateRequest const& request,
                                   UpdateReport& report)
+{
+    render::Device& device = render::Device::instance();
+    std::string cause = attempt(canvas, request, report);
+    if (!device.lost()) return cause;
+    startAnew(device);
+    return attempt(canvas, request, report);
+}
+
+std::string CanvasPicture::attempt(CanvasRecord const& canvas, UpdateRequest const& request,
+                                   UpdateReport& report)
 {
     using Window::UpdateType;
     report = {};
     isNew_ = false;
     Stopwatch start;
     render::Device& device = render::Device::instance();
-    if (!device.makeCurrent()) return device.failure();
+    if (!device.makeCurrent() || device.lost()) return device.failure();
     if (target_ == nullptr) report.startMilliseconds = start.milliseconds();
 
     Stopwatch compiling;

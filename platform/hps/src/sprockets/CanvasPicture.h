@@ -36,6 +36,9 @@ public:
     /// Empty, or one line that says why there is no picture, or not all of it. Fills the report.
     std::string update(CanvasRecord const& canvas, UpdateRequest const& request, UpdateReport& report);
 
+    /// Lets go of all that lies on the graphics device, which the next update makes anew.
+    void forget();
+
     /// The last update has drawn.
     bool isNew() const { return isNew_; }
     /// The picture shows less than one at rest would.
@@ -51,6 +54,7 @@ private:
         std::unique_ptr<render::Frame> frame;
         std::unique_ptr<render::SubwindowPainter> subwindows;
     };
+    std::string attempt(CanvasRecord const& canvas, UpdateRequest const& request, UpdateReport& report);
     void matchLayers(LayoutRecord const* layout);
     bool compile(CanvasRecord const& canvas, LayoutRecord const& layout, bool fromScratch,
                  UpdateReport& report);

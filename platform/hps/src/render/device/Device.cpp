@@ -16,11 +16,15 @@ bool lists(char const* extensions, char const* name)
     return extensions != nullptr && std::strstr(extensions, name) != nullptr;
 }
 
-std::string eglCode()
+std::string text(EGLint code)
 {
     std::array<char, 16> text{};
-    std::snprintf(text.data(), text.size(), "0x%04x", unsigned(eglGetError()));
+    std::snprintf(text.data(), text.size(), "0x%04x", unsigned(code));
     return text.data();
+}
+std::string eglCode()
+{
+    return text(eglGetError());
 }
 
 std::vector<EGLDeviceEXT> devices(bool hardware)
@@ -47,6 +51,12 @@ Device& Device::instance()
 
 Device::Device()
 {
+    open();
+}
+
+void Device::open()
+{
+    failure_.clear();
     char const* client = eglQueryString(EGL_NO_DISPLAY, EGL_EXTENSIONS);
     bool const enumerates =
         lists(client, "EGL_EXT_platform_device") && lists(client, "EGL_EXT_device_enumeration");
@@ -97,14 +107,7 @@ bool Device::open(void* display, char const* way)
         if (eglChooseConfig(display, wanted.data(), &config, 1, &count) == EGL_FALSE || count == 0)
             return refuse("no configuration for OpenGL");
     }
-    std::array const version{EGL_CONTEXT_MAJOR_VERSION,
-                             4,
-                             EGL_CONTEXT_MINOR_VERSION,
-                             5,
-                             EGL_CONTEXT_OPENGL_PROFILE_MASK,
-                             EGL_CONTEXT_OPENGL_CORE_PROFILE_BIT,
-                             EGL_NONE};
-    context_ = eglCreateContext(display, config, EGL_NO_CONTEXT, version.data());
+    context_ = createContext(display, config);
     if (context_ == nullptr) return refuse("the driver gives no 4.5 core context, EGL error " + eglCode());
     if (!surfaceless) {
         std::array const size{EGL_WIDTH, 1, EGL_HEIGHT, 1, EGL_NONE};
@@ -113,10 +116,54 @@ bool Device::open(void* display, char const* way)
     if (eglMakeCurrent(display, surface_, surface_, context_) == EGL_FALSE)
         return refuse("the context cannot be made current, EGL error " + eglCode());
     display_ = display;
-    auto text = [](GLenum name) { return std::string(reinterpret_cast<char const*>(glGetString(name))); };
-    description_ = "OpenGL " + text(GL_VERSION) + ", " + text(GL_RENDERER) + " (" + way + ")";
+    auto named = [](GLenum name) { return std::string(reinterpret_cast<char const*>(glGetString(name))); };
+    description_ = "OpenGL " + named(GL_VERSION) + ", " + named(GL_RENDERER) + " (" + way + ")";
     glGetIntegerv(GL_MAX_SAMPLES, &maximumSamples_);
     return true;
+}
+
+void* Device::createContext(void* display, void* config) const
+{
+    std::array version{EGL_CONTEXT_MAJOR_VERSION,
+                       4,
+                       EGL_CONTEXT_MINOR_VERSION,
+                       5,
+                       EGL_CONTEXT_OPENGL_PROFILE_MASK,
+                       EGL_CONTEXT_OPENGL_CORE_PROFILE_BIT,
+                       EGL_CONTEXT_OPENGL_RESET_NOTIFICATION_STRATEGY,
+                       EGL_LOSE_CONTEXT_ON_RESET,
+                       EGL_NONE};
+    if (void* const context = eglCreateContext(display, config, EGL_NO_CONTEXT, version.data()))
+        return context;
+    version[6] = EGL_NONE; // a driver that cannot tell of resets
+    return eglCreateContext(display, config, EGL_NO_CONTEXT, version.data());
+}
+
+bool Device::lost()
+{
+    if (!lost_ && context_ != nullptr && eglGetCurrentContext() == context_)
+        lost_ = glGetGraphicsResetStatus() != GL_NO_ERROR;
+    return lost_;
+}
+
+bool Device::reopen()
+{
+    if (context_ != nullptr) {
+        eglMakeCurrent(display_, surface_, surface_, context_);
+        // What is called may ask for something to be made anew, and have it forgotten again.
+        while (!forgets_.empty()) {
+            auto const forget = forgets_.back();
+            forgets_.pop_back();
+            forget();
+        }
+        eglMakeCurrent(display_, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
+        if (surface_ != nullptr) eglDestroySurface(display_, surface_);
+        eglDestroyContext(display_, context_);
+        context_ = surface_ = nullptr;
+    }
+    lost_ = false;
+    open();
+    return context_ != nullptr;
 }
 
 void Device::release()
@@ -130,7 +177,10 @@ bool Device::makeCurrent()
     if (context_ == nullptr) return false;
     if (eglGetCurrentContext() == context_) return true;
     if (eglMakeCurrent(display_, surface_, surface_, context_) == EGL_TRUE) return true;
-    failure_ = "The OpenGL context is in use on another thread, EGL error " + eglCode() + ".";
+    EGLint const code = eglGetError();
+    lost_ = code == EGL_CONTEXT_LOST;
+    failure_ = lost_ ? "The graphics driver was reset."
+                     : "The OpenGL context is in use on another thread, EGL error " + text(code) + ".";
     return false;
 }
 

@@ -1,4 +1,5 @@
 #include "ShaderLibrary.h"
+#include "of_context.h"
 #include "shader_files.h"
 #include <algorithm>
 #include <array>
@@ -120,8 +121,7 @@ template <class Get, class Log> std::string logOf(unsigned name, Get get, Log lo
 
 ShaderLibrary& ShaderLibrary::instance()
 {
-    static ShaderLibrary* const library = new ShaderLibrary; // as long-lived as the device, see there
-    return *library;
+    return ofContext<ShaderLibrary>();
 }
 
 unsigned ShaderLibrary::program(ProgramName which, Features const& features)

@@ -55,6 +55,7 @@ public:
     ShaderLibrary& operator=(ShaderLibrary const&) = delete;
 
 private:
+    template <class T> friend T& ofContext();
     ShaderLibrary() = default;
     unsigned link(ProgramName which, Features const& features);
     unsigned compile(unsigned stage, std::string_view module, Features const& features);

@@ -1,4 +1,5 @@
 #include "GlyphStore.h"
+#include "of_context.h"
 #include <algorithm>
 
 namespace HPS::render
@@ -32,8 +33,7 @@ std::vector<GlyphVertex> plantedVertices(FlatMesh const& mesh)
 
 GlyphStore& GlyphStore::instance()
 {
-    static auto* const store = new GlyphStore; // as long-lived as the device, see there
-    return *store;
+    return ofContext<GlyphStore>();
 }
 
 DrawnGlyph const& GlyphStore::letter(Font& font, std::uint32_t glyph, Font::Weight weight,

@@ -30,6 +30,7 @@ public:
     DrawnGlyph const& background(ShapeKit const* shape);
 
 private:
+    template <class T> friend T& ofContext();
     struct Letter {
         Font* font;
         std::uint32_t glyph;
@@ -37,7 +38,7 @@ private:
         Font::Detail detail;
         auto operator<=>(Letter const&) const = default;
     };
-    GlyphStore() = default;
+    GlyphStore() { MeshStore::instance(); } // it goes later, for the meshes to be given back
     std::map<Letter, DrawnGlyph> letters_;
     std::vector<std::pair<ShapeKit, std::unique_ptr<DrawnGlyph>>> shapes_; ///< few
     DrawnGlyph quad_;

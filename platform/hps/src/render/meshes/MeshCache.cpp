@@ -2,7 +2,9 @@
 #include "Stopwatch.h"
 #include "geometry_records.h"
 #include "glyph_drawing.h"
+#include "of_context.h"
 #include "store.h"
+#include <algorithm>
 
 namespace HPS::render
 {
@@ -45,8 +47,7 @@ FlatMesh turned(FlatMesh mesh, float degrees)
 
 MeshCache& MeshCache::instance()
 {
-    static MeshCache* const cache = new MeshCache; // as long-lived as the device, see there
-    return *cache;
+    return ofContext<MeshCache>();
 }
 
 void MeshCache::refresh()
@@ -56,15 +57,35 @@ void MeshCache::refresh()
         entries_.clear();
         return;
     }
+    markReferences(marks_);
     for (ChangeMark const& mark : marks_) {
         if (has(mark.changes, Change::Geometry))
             if (auto const* const geometry = store().at<GeometryRecord>(mark.slot))
                 if (geometry->type != Type::CuttingSectionKey) drop(geometry->owner); // it makes no mesh
         if (has(mark.changes, Change::Structure | Change::Removed)) drop(mark.slot);
     }
-    // What a reference shows may have been touched wherever it stands.
-    for (SlotIndex slot : referring_) drop(slot);
-    referring_.clear();
+}
+
+void MeshCache::markReferences(std::vector<ChangeMark>& marks) const
+{
+    if (references_.empty()) return;
+    for (std::size_t i = 0, count = marks.size(); i < count; ++i) {
+        if (!has(marks[i].changes, Change::Geometry | Change::Removed)) continue;
+        auto const found = references_.find(marks[i].slot);
+        if (found == references_.end()) continue;
+        for (SlotIndex reference : found->second) marks.push_back({reference, Change::Geometry});
+    }
+}
+
+void MeshCache::noteReferences(SegmentRecord const& segment)
+{
+    for (SlotIndex slot : segment.geometry) {
+        auto const* const geometry = store().at<GeometryRecord>(slot);
+        if (geometry == nullptr || geometry->type != Type::ReferenceKey) continue;
+        std::vector<SlotIndex>& known =
+            references_[static_cast<ReferenceRecord const*>(geometry)->data.target.slot];
+        if (std::find(known.begin(), known.end(), slot) == known.end()) known.push_back(slot);
+    }
 }
 
 void MeshCache::drop(SlotIndex slot)
@@ -80,9 +101,10 @@ MeshCache::Entry& MeshCache::entry(SegmentRecord const& segment)
     if (slot == nullptr || slot->generation != generation) {
         slot = std::make_unique<Entry>();
         slot->generation = generation;
-        slot->version = ++versions_;
+        static std::uint64_t versions = 0; // longer than any cache lives
+        slot->version = ++versions;
         slot->content = contentOf(segment);
-        if (slot->content.references) referring_.push_back(segment.slot);
+        if (slot->content.references) noteReferences(segment);
     }
     return *slot;
 }

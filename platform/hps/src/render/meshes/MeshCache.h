@@ -4,6 +4,7 @@
 #include "drawn_shapes.h"
 #include "segment_record.h"
 #include <memory>
+#include <unordered_map>
 #include <vector>
 
 namespace HPS::render
@@ -49,6 +50,9 @@ public:
     /// Reads the change marks. Call it once before a compile.
     void refresh();
 
+    /// Adds to marks of change one for each reference to what they tell of.
+    void markReferences(std::vector<scene::ChangeMark>& marks) const;
+
     /// Valid until the next `refresh`, as all of these are.
     Content const& content(scene::SegmentRecord const& segment) { return entry(segment).content; }
     Drawable const& faces(scene::SegmentRecord const& segment, bool plain, Fineness const& fineness);
@@ -93,6 +97,7 @@ public:
     double uploadMilliseconds() const { return uploadMilliseconds_; }
 
 private:
+    template <class T> friend T& ofContext();
     /// Which mesh of a segment, together with the numbers of what it depends on.
     enum class Kind : std::uint8_t {
         Faces,
@@ -138,10 +143,9 @@ private:
         Content content;
         std::vector<std::pair<MeshKey, std::unique_ptr<Drawable>>> drawables;
     };
-    MeshCache() = default;
+    MeshCache() { MeshStore::instance(); } // it goes later, for the meshes to be given back
     Entry& entry(scene::SegmentRecord const& segment);
-    template <class Gather>
-    Drawable& find(scene::SegmentRecord const& segment, MeshKey key, Gather gather);
+    template <class Gather> Drawable& find(scene::SegmentRecord const& segment, MeshKey key, Gather gather);
     /// Calls add(shown) for each geometry of the segment.
     template <class Add> void gather(scene::SegmentRecord const& segment, Add const& add);
     /// Calls add(shell, cells) for each geometry that has faces.
@@ -152,6 +156,7 @@ private:
     template <class Add> void gatherMarkers(scene::SegmentRecord const& segment, Add const& add);
     Mesh uploadStrokes();
     void drop(scene::SlotIndex slot);
+    void noteReferences(scene::SegmentRecord const& segment);
 
     scene::ChangeCursor cursor_;
     std::vector<scene::ChangeMark> marks_;        ///< work space
@@ -163,9 +168,9 @@ private:
     Numbers<EdgeChoice> choices_;
     Numbers<std::pair<GlyphKit, float>> glyphs_;
     Numbers<ContourLineData> contours_;
-    std::vector<scene::SlotIndex> referring_; ///< segments that hold references, some twice
-    std::vector<Part> parts_;                 ///< of what is gathered in the builder
-    std::uint64_t versions_ = 0;
+    /// By what they show; some of the past too.
+    std::unordered_map<scene::SlotIndex, std::vector<scene::SlotIndex>> references_;
+    std::vector<Part> parts_; ///< of what is gathered in the builder
     std::uint32_t uploads_ = 0;
     double uploadMilliseconds_ = 0;
 };

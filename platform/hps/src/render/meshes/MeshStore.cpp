@@ -1,4 +1,5 @@
 #include "MeshStore.h"
+#include "of_context.h"
 #include "Device.h"
 #include "bindings.h"
 #include <algorithm>
@@ -141,8 +142,7 @@ Mesh::~Mesh()
 
 MeshStore& MeshStore::instance()
 {
-    static MeshStore* const store = new MeshStore; // as long-lived as the device, see there
-    return *store;
+    return ofContext<MeshStore>();
 }
 
 MeshStore::MeshStore()

@@ -133,6 +133,7 @@ public:
     void bindNothing();
 
 private:
+    template <class T> friend T& ofContext();
     friend class Mesh;
     MeshStore();
     void remove(Mesh const& mesh);

@@ -1,4 +1,5 @@
 #include "TextureStore.h"
+#include "of_context.h"
 #include "subscriptions.h"
 #include <algorithm>
 #include <epoxy/gl.h>
@@ -79,8 +80,7 @@ bool TextureStore::Before::operator()(Key const& a, Key const& b) const
 
 TextureStore& TextureStore::instance()
 {
-    static TextureStore* const store = new TextureStore; // as long-lived as the device, see there
-    return *store;
+    return ofContext<TextureStore>();
 }
 
 void TextureStore::warnOnce(std::string const& message)

@@ -45,6 +45,7 @@ public:
     TextureStore& operator=(TextureStore const&) = delete;
 
 private:
+    template <class T> friend T& ofContext();
     struct Key {
         std::vector<std::weak_ptr<ImageKit const>> images; ///< keep the addresses from being used again
         bool shrunk = false, levels = false;
