@@ -1,13 +1,17 @@
 #include "read_support.h"
 
+#include "gltf_materials.h"
 #include "gltf_nodes.h"
 #include "mesh_normals.h"
+
+#include <narmeta/visu/Material.h>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <set>
 
 using namespace ReadSupport;
 
@@ -215,4 +219,117 @@ TEST(MeshNormals, ATriangleWithoutAreaGetsAUsableNormal)
     ASSERT_EQ(mesh.normals.size(), 9u);
     for (std::size_t i = 0; i < 9; i += 3)
         EXPECT_NEAR(std::hypot(mesh.normals[i], mesh.normals[i + 1], mesh.normals[i + 2]), 1.0f, 1e-6f);
+}
+
+TEST(Materials, OfARealFileHaveImagesAndCoordinates)
+{
+    auto const file = modelFolder() / "gltf/FlightHelmet/FlightHelmet.gltf";
+    REQUIRE_MODEL_FILE(file);
+    auto const read = ReadSupport::read(file);
+    ASSERT_EQ(read->result.outcome, IoOutcome::Done);
+    std::set<std::wstring> names;
+    for (auto const& mesh : meshesOf(read->model)) {
+        for (auto const& face : mesh->GetFaces()) {
+            EXPECT_EQ(3 * face->GetTextureCoordinates().size(), 2 * face->GetPoints().size());
+            ASSERT_TRUE(face->GetAttributes());
+            ASSERT_EQ(face->GetAttributes()->GetMaterials().size(), 1u);
+            auto const& material = *face->GetAttributes()->GetMaterials().front();
+            names.insert(material.GetMaterialName());
+            EXPECT_TRUE(material.HasTextures());
+            EXPECT_EQ(material.GetDiffuseColorTextures().size(), 1u);
+            EXPECT_EQ(material.GetNormalTextures().size(), 1u);
+            for (auto const& texture : material.GetDiffuseColorTextures()) {
+                std::shared_ptr<NarMetaVisu::TextureImage> image;
+                ASSERT_TRUE(texture->GetTextureImage(image));
+                EXPECT_GT(image->GetWidth(), 16u);
+                NarMetaVisu::Texture::TextureFilter magnification{}, minification{};
+                EXPECT_TRUE(texture->GetTextureFilter(magnification, minification));
+                EXPECT_EQ(minification, NarMetaVisu::Texture::TextureFilter::LinearMipmapLinear);
+            }
+        }
+    }
+    EXPECT_EQ(names.size(), 6u);
+    EXPECT_TRUE(names.contains(L"GlassPlasticMat"));
+    EXPECT_TRUE(read->result.warnings.empty());
+}
+
+TEST(Materials, OfAnObjFileHaveTheImageOnOneFace)
+{
+    auto const file = modelFolder() / "mesh/cube_with_materials.obj";
+    REQUIRE_MODEL_FILE(file);
+    auto const read = ReadSupport::read(file);
+    std::size_t textured = 0, faces = 0;
+    for (auto const& mesh : meshesOf(read->model)) {
+        for (auto const& face : mesh->GetFaces()) {
+            ++faces;
+            ASSERT_TRUE(face->GetAttributes() && !face->GetAttributes()->GetMaterials().empty());
+            textured += face->GetAttributes()->GetMaterials().front()->HasTextures();
+            for (float const x : face->GetTextureCoordinates()) EXPECT_TRUE(x >= 0.0f && x <= 1.0f);
+        }
+    }
+    EXPECT_EQ(faces, 5u);
+    EXPECT_EQ(textured, 1u);
+}
+
+TEST(Materials, TextureTransformsTurnAndMoveCoordinates)
+{
+    GltfTextureUse use;
+    EXPECT_FALSE(use.movesCoordinates());
+    use.scale = {2, 4};
+    use.offset = {0.5, 0.25};
+    EXPECT_TRUE(use.movesCoordinates());
+    // v counts downwards in the file and upwards in the model.
+    EXPECT_EQ(use.moved(0.25f, 0.75f), (std::array{1.0f, -0.25f}));
+    use = {};
+    use.rotation = std::acos(-1.0) / 2; // a quarter turn, counter-clockwise in the file's own axes
+    auto const turned = use.moved(1.0f, 1.0f);
+    EXPECT_NEAR(turned[0], 0.0f, 1e-6f);
+    EXPECT_NEAR(turned[1], 2.0f, 1e-6f);
+}
+
+TEST(Materials, AMissingImageLeavesThePlainColour)
+{
+    auto const file = modelFolder() / "mesh/cube_with_materials.obj";
+    REQUIRE_MODEL_FILE(file);
+    TemporaryFolder const folder;
+    folder.write("cube_with_materials.mtl", bytesOf(modelFolder() / "mesh/cube_with_materials.mtl"));
+    auto const read = ReadSupport::read(folder.write("cube.obj", bytesOf(file)));
+    ASSERT_EQ(read->result.outcome, IoOutcome::Done);
+    for (auto const& mesh : meshesOf(read->model)) {
+        for (auto const& face : mesh->GetFaces()) {
+            EXPECT_TRUE(face->GetAttributes()->GetColour());
+            EXPECT_FALSE(face->GetAttributes()->GetMaterials().front()->HasTextures());
+        }
+    }
+}
+
+TEST(Vrml, ShapesAndTheirColoursAreRead)
+{
+    std::string const text =
+        "#VRML V2.0 utf8\nShape { appearance Appearance { material Material { diffuseColor 1 0 0 } }\n"
+        "geometry IndexedFaceSet { coord Coordinate { point [0 0 0, 1 0 0, 0 1 0, 0 0 1] }\n"
+        "coordIndex [0 2 1 -1 0 1 3 -1 0 3 2 -1 1 2 3 -1] } }\n"
+        "Transform { translation 5 0 0 children [ Shape { appearance Appearance { material Material {\n"
+        "diffuseColor 0 0 1 transparency 0.5 } } geometry Box { size 2 2 2 } } ] }\n";
+    TemporaryFolder const folder;
+    auto const read = ReadSupport::read(folder.write("scene.wrl", text));
+    ASSERT_EQ(read->result.outcome, IoOutcome::Done);
+    std::size_t red = 0, blue = 0, clear = 0;
+    float right = 0;
+    for (auto const& mesh : meshesOf(read->model)) {
+        for (auto const& face : mesh->GetFaces()) {
+            for (std::size_t i = 0; i < face->GetPoints().size(); i += 3)
+                right = std::max(right, face->GetPoints()[i]);
+            if (!face->GetAttributes()) continue;
+            red += face->GetAttributes()->GetColour() == NarMeta::Colour{255, 0, 0};
+            blue += face->GetAttributes()->GetColour() == NarMeta::Colour{0, 0, 255};
+            clear += face->GetAttributes()->GetAlpha() == 128;
+        }
+    }
+    EXPECT_EQ(red, 1u);
+    EXPECT_EQ(blue, 6u);
+    EXPECT_EQ(clear, 6u);
+    EXPECT_FLOAT_EQ(right, 6.0f);
+    EXPECT_EQ(ReadSupport::read(folder.write("cut.wrl", text.substr(0, 30)))->result.outcome,
+              IoOutcome::Damaged);
 }

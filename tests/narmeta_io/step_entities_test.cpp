@@ -1,6 +1,7 @@
 #include "StepEntities.h"
 #include "StepGeometry.h"
 #include "StepPictures.h"
+#include "step_tessellation.h"
 
 #include <gtest/gtest.h>
 
@@ -138,4 +139,23 @@ TEST(StepPictures, KeepColoursPatternsAndHoles)
     EXPECT_EQ(picture.areas[0].outlines.size(), 2u);
     EXPECT_EQ(picture.areas[0].outlines[0].size(), 3u);
     EXPECT_EQ(picture.areas[0].look.fill, (NarMeta::Colour{0, 255, 0}));
+}
+
+TEST(StepTessellation, MakesABodyOfTriangles)
+{
+    auto const text = file(
+        "#1=PRODUCT_DEFINITION('','',#90,#91);#2=PRODUCT_DEFINITION_SHAPE('','',#1);"
+        "#3=SHAPE_DEFINITION_REPRESENTATION(#2,#4);#4=TESSELLATED_SHAPE_REPRESENTATION('',(#5),#92);"
+        "#5=TESSELLATED_SOLID('wedge',(#6,#7),$);#8=COORDINATES_LIST('',4,((0.,0.,0.),(2.,0.,0.),(0.,2.,0.),"
+        "(0.,0.,2.)));"
+        "#6=COMPLEX_TRIANGULATED_FACE('',#8,4,((0.,0.,-1.)),$,(1,3,2,4),((1,2,3)),((4,1,3)));"
+        "#7=TRIANGULATED_FACE('',#8,4,(),$,(),((1,4,3),(2,3,4),(1,2,99)));");
+    StepEntities const entities(text);
+    auto const bodies = stepTessellation(entities, 1, 7);
+    ASSERT_EQ(bodies.size(), 1u);
+    EXPECT_EQ(bodies[0].name, L"wedge");
+    EXPECT_EQ(CountsOf(bodies[0]).faces, 2u);
+    EXPECT_EQ(CountsOf(bodies[0]).triangles, 4u); // the one with a number out of range is gone
+    EXPECT_EQ(bodies[0].normals.size(), bodies[0].points.size());
+    EXPECT_TRUE(stepTessellation(entities, 2, 7).empty());
 }

@@ -5,12 +5,14 @@
 #include <BRepPrimAPI_MakeBox.hxx>
 #include <Quantity_Color.hxx>
 #include <STEPCAFControl_Writer.hxx>
+#include <TDF_LabelSequence.hxx>
 #include <TDataStd_Name.hxx>
 #include <TDocStd_Document.hxx>
 #include <TopExp_Explorer.hxx>
 #include <XCAFApp_Application.hxx>
 #include <XCAFDoc_ColorTool.hxx>
 #include <XCAFDoc_DocumentTool.hxx>
+#include <XCAFDoc_GraphNode.hxx>
 #include <XCAFDoc_ShapeTool.hxx>
 #include <gp_Ax1.hxx>
 #include <gp_Trsf.hxx>
@@ -55,6 +57,7 @@ public:
     {
         Shapes->UpdateAssemblies();
         STEPCAFControl_Writer writer;
+        writer.SetSHUOMode(true);
         writer.Transfer(Document);
         writer.Write(file.c_str());
     }
@@ -138,6 +141,42 @@ TEST(WrittenAssembly, AColourOfAFaceStaysOverThatOfAnOccurrence)
     for (auto const& body : instanceNamed(read->model, L"painted one")->GetReference()->GetBodies())
         for (auto const& each : body.faces) green += each.colour == Colour{0, 255, 0};
     EXPECT_EQ(green, 1u);
+}
+
+TEST(WrittenAssembly, AColourInsideOneUseOfASubAssemblyStaysThere)
+{
+    TemporaryFolder const folder;
+    Writer writer;
+    auto const bolt = writer.box("bolt", 1.0);
+    auto const joint = writer.assembly("joint");
+    auto const left = writer.place(joint, bolt, "left bolt", moved(1, 0, 0));
+    writer.place(joint, bolt, "right bolt", moved(5, 0, 0));
+    auto const machine = writer.assembly("machine");
+    auto const use = writer.place(machine, joint, "joint A", moved(1, 0, 0));
+    writer.place(machine, joint, "joint B", moved(0, 9, 0));
+    writer.Shapes->UpdateAssemblies();
+    TDF_LabelSequence path;
+    path.Append(use);
+    path.Append(left);
+    Handle(XCAFDoc_GraphNode) usage;
+    ASSERT_TRUE(writer.Shapes->SetSHUO(path, usage));
+    writer.Colors->SetColor(usage->Label(), Red, XCAFDoc_ColorSurf);
+    writer.write(folder.path() / "machine.step");
+
+    auto const read = ReadSupport::read(folder.path() / "machine.step");
+    ASSERT_EQ(read->result.outcome, IoOutcome::Done);
+    auto const coloured = [&](std::wstring const& name) {
+        std::size_t count = 0;
+        for (auto const& instance : instanceNamed(read->model, name)->GetReference()->GetInstances()) {
+            bool const isRed = instance->GetColours().GetColour() == Colour{255, 0, 0};
+            EXPECT_TRUE(!isRed || instance->GetInstanceName() == L"left bolt");
+            count += isRed;
+        }
+        return count;
+    };
+    EXPECT_EQ(coloured(L"joint A"), 1u);
+    EXPECT_EQ(coloured(L"joint B"), 0u);
+    EXPECT_EQ(read->model.GetCounts().bodies, 1u) << "the part is still shared";
 }
 
 TEST(WrittenAssembly, HiddenOccurrencesAreHidden)

@@ -17,6 +17,7 @@ struct ReadRequest {
     bool occurrenceData = false;
     unsigned processors = 1;
     Progress progress = nullptr;
+    bool exactShapes = false;
 
     /// Reports the share done; true if the reader shall stop.
     bool Report(double done) const

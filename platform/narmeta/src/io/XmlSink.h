@@ -15,9 +15,11 @@ namespace NarMetaInfra
 class XmlSink
 {
 public:
-    explicit XmlSink(QByteArray* text) : writer_(text)
+    /// @p block: takes the numbers of arrays as they stand in memory, which the text then only points to; for
+    /// readers of this build. Null writes them as text.
+    explicit XmlSink(QByteArray* text, QByteArray* block = nullptr) : writer_(text), block_(block)
     {
-        writer_.setAutoFormatting(true);
+        writer_.setAutoFormatting(!block);
         writer_.setAutoFormattingIndent(1);
         writer_.writeStartDocument();
     }
@@ -72,29 +74,60 @@ public:
         Attribute("colour", coloured.GetColour());
         Attribute("alpha", coloured.GetAlpha());
     }
+    bool IsPacked() const { return block_; }
+    /// An element that points to records in the block.
+    template <class Record> void Records(char const* name, Record const* records, std::size_t count)
+    {
+        writer_.writeTextElement(QLatin1String(name), inBlock(records, count));
+    }
+
     /// An element that holds nothing but numbers.
     template <class Numbers> void Array(char const* name, Numbers const& numbers)
     {
+        if (block_) return Records(name, std::data(numbers), std::size(numbers));
         writer_.writeTextElement(QLatin1String(name), QString::fromStdString(JoinNumbers(numbers)));
     }
     /// Numbers as the text of the open element.
     template <class Numbers> void Content(Numbers const& numbers)
     {
+        if (block_) return writer_.writeCharacters(inBlock(std::data(numbers), std::size(numbers)));
         writer_.writeCharacters(QString::fromStdString(JoinNumbers(numbers)));
     }
     void Text(char const* name, std::wstring const& text)
     {
-        writer_.writeTextElement(QLatin1String(name), QString::fromStdWString(text));
+        writer_.writeTextElement(QLatin1String(name), clean(QString::fromStdWString(text)));
     }
     void Bytes(char const* name, QByteArray const& bytes)
     {
+        if (block_) return Records(name, bytes.constData(), static_cast<std::size_t>(bytes.size()));
         writer_.writeTextElement(QLatin1String(name), QString::fromLatin1(bytes.toBase64()));
     }
 
 private:
-    void put(char const* name, QString const& text) { writer_.writeAttribute(QLatin1String(name), text); }
+    template <class Record> QString inBlock(Record const* records, std::size_t count)
+    {
+        static_assert(std::is_trivially_copyable_v<Record>);
+        auto const offset = block_->size();
+        if (count > 0)
+            block_->append(reinterpret_cast<char const*>(records),
+                           static_cast<qsizetype>(count * sizeof(Record)));
+        return QStringLiteral("@%1 %2").arg(offset).arg(count);
+    }
+    void put(char const* name, QString const& text)
+    {
+        writer_.writeAttribute(QLatin1String(name), clean(text));
+    }
+    // Characters that no XML text may hold would make the whole of it unreadable.
+    static QString clean(QString text)
+    {
+        text.removeIf([](QChar c) {
+            return (c < u' ' && c != u'\n' && c != u'\t' && c != u'\r') || c.unicode() >= 0xFFFE;
+        });
+        return text;
+    }
 
     QXmlStreamWriter writer_;
+    QByteArray* block_;
 };
 
 } // namespace NarMetaInfra

@@ -84,8 +84,13 @@ std::wstring XmlSource::TextContent()
 
 QByteArray XmlSource::Bytes()
 {
+    auto const text = content();
+    if (text.startsWith('@')) {
+        auto const packed = inBlock<char>(text.toStdString());
+        return {packed.data(), static_cast<qsizetype>(packed.size())};
+    }
     auto const bytes =
-        QByteArray::fromBase64Encoding(content().simplified(), QByteArray::AbortOnBase64DecodingErrors);
+        QByteArray::fromBase64Encoding(text.simplified(), QByteArray::AbortOnBase64DecodingErrors);
     if (!bytes) Fail(QStringLiteral("an image holds something that is no base64"));
     return bytes ? *bytes : QByteArray();
 }

@@ -8,6 +8,7 @@
 #include <QXmlStreamReader>
 
 #include <array>
+#include <cstring>
 #include <functional>
 
 namespace NarMetaInfra
@@ -21,7 +22,8 @@ public:
     /// Elements within elements; more is taken for an attack.
     static constexpr int DeepestElement = 200;
 
-    explicit XmlSource(QByteArray const& text) : reader_(text) {}
+    /// @p block: where XmlSink put the arrays, if it did.
+    explicit XmlSource(QByteArray const& text, std::string_view block = {}) : reader_(text), block_(block) {}
 
     struct Handler {
         char const* element;
@@ -64,9 +66,17 @@ public:
     // Contents of the open element, which ends with it.
     std::wstring TextContent();
     QByteArray Bytes();
+    /// What XmlSink::Records wrote.
+    template <class Record> std::vector<Record> Records()
+    {
+        static_assert(std::is_trivially_copyable_v<Record>);
+        return inBlock<Record>(content().toStdString());
+    }
     template <class Number> std::vector<Number> Array()
     {
-        auto numbers = SplitNumbers<Number>(content().toStdString());
+        auto const text = content().toStdString();
+        if (text.starts_with('@')) return inBlock<Number>(text);
+        auto numbers = SplitNumbers<Number>(text);
         if (!numbers) Fail(QStringLiteral("an array holds something that is no valid number"));
         return numbers ? std::move(*numbers) : std::vector<Number>{};
     }
@@ -75,7 +85,17 @@ public:
     template <std::size_t N> std::array<float, N> Tuple()
     {
         auto const line = Line();
-        auto const tuple = toTuple<N, float>(content().toStdString(), "content", line);
+        auto const text = content().toStdString();
+        if (text.starts_with('@')) {
+            auto const numbers = inBlock<float>(text);
+            std::array<float, N> packed{};
+            if (numbers.size() == N)
+                std::copy(numbers.begin(), numbers.end(), packed.begin());
+            else
+                Fail(QStringLiteral("a tuple in the block has another length"));
+            return packed;
+        }
+        auto const tuple = toTuple<N, float>(text, "content", line);
         return tuple.value_or(std::array<float, N>{});
     }
 
@@ -88,6 +108,21 @@ public:
     std::wstring Error() const;
 
 private:
+    /// "@offset count" in the block behind the text.
+    template <class Record> std::vector<Record> inBlock(std::string const& text)
+    {
+        auto const place = SplitNumbers<std::size_t>(std::string_view(text).substr(text.empty() ? 0 : 1));
+        if (!text.starts_with('@') || !place || place->size() != 2 || (*place)[0] > block_.size() ||
+            (*place)[1] > (block_.size() - (*place)[0]) / sizeof(Record)) {
+            Fail(QStringLiteral("an array lies outside the block"));
+            return {};
+        }
+        std::vector<Record> records((*place)[1]);
+        if (!records.empty())
+            std::memcpy(static_cast<void*>(records.data()), block_.data() + (*place)[0],
+                        records.size() * sizeof(Record));
+        return records;
+    }
     bool has(char const* name) const { return reader_.attributes().hasAttribute(QLatin1String(name)); }
     std::string raw(char const* name) const
     {
@@ -111,6 +146,7 @@ private:
     QByteArray content();
 
     QXmlStreamReader reader_;
+    std::string_view block_;
     int depth_ = 0;
     qint64 errorLine_ = -1;
 };

@@ -1,9 +1,12 @@
 #include <narmeta/io/ZelIO.h>
 
+#include "ModelCache.h"
+#include "ReadProcess.h"
 #include "ReaderRegistry.h"
 #include "SourceFile.h"
 #include "ZelXmlFormat.h"
 #include "model_check.h"
+#include "open_cascade_export.h"
 
 #include <cassert>
 #include <cwchar>
@@ -74,16 +77,30 @@ bool ZelIO::Read(wchar_t const* path, ZELProductStructure* structure, Progress p
     if (!reader) return fail(IoOutcome::Damaged, source.quoted + L" is of no known kind");
 
     ZELProductStructure model;
-    auto result = reader->Read(
-        {source.path, requestGraphical_, persistentNames_, occurrenceData_, processors_, progress}, model);
+    ReadRequest const request{source.path, requestGraphical_, persistentNames_, occurrenceData_,
+                              processors_, progress,          exactShapes_};
+    ModelCache const cache(ModelCache::userFolder(), cacheLimit_);
+    std::optional<ReadResult> kept;
+    std::string key;
+    if (cacheLimit_ > 0 && ModelCache::takes(source.extension)) {
+        key = cache.keyOf(request);
+        kept = cache.load(key, request, model);
+        if (kept) kept->timings.clear();
+    }
+    auto result = kept          ? std::move(*kept)
+                  : isIsolated_ ? readInProcess(request, {secondsLimit_, bytesLimit_}, model)
+                                : reader->Read(request, model);
     auto const spent = stopwatch.Lap();
     if (result.timings.empty()) result.timings.push_back({L"Reading", spent, false});
     timings_.insert(timings_.end(), result.timings.begin(), result.timings.end());
-    warnings_ = std::move(result.warnings);
-    if (result.outcome != IoOutcome::Done) return fail(result.outcome, source.quoted + L": " + result.error);
-
-    CheckModel(model, warnings_);
+    if (result.outcome != IoOutcome::Done) {
+        warnings_ = std::move(result.warnings);
+        return fail(result.outcome, source.quoted + L": " + result.error);
+    }
+    if (!kept) cache.store(key, result, model);
+    CheckModel(model, result.warnings);
     timings_.push_back({L"Checking", stopwatch.Lap()});
+    warnings_ = std::move(result.warnings);
     if (model.GetRootInstancesCount() == 0 && !HasVisualisation(model))
         return fail(IoOutcome::NothingToShow, source.quoted + L" holds nothing that can be shown");
 
@@ -96,8 +113,31 @@ bool ZelIO::Write(wchar_t const* path, ZELProductStructure const* structure, Pro
 {
     assert(path && "ZelIO::Write: path is null");
     if (LowerExtension(path) == "zel_xml") return WriteXml(path, structure, progress);
+    return writeKernel(path, structure, nullptr, progress);
+}
+
+bool ZelIO::WriteReference(wchar_t const* path, ZELProductStructure const* structure,
+                           ZELReference const* reference, Progress progress)
+{
+    assert(path && "ZelIO::WriteReference: path is null");
+    assert(reference && "ZelIO::WriteReference: reference is null");
+    return writeKernel(path, structure, reference, progress);
+}
+
+bool ZelIO::writeKernel(wchar_t const* path, ZELProductStructure const* structure, ZELReference const* only,
+                        Progress progress)
+{
+    assert(structure && "ZelIO::Write: structure is null");
     forgetResult();
-    return fail(IoOutcome::CannotWrite, Quoted(path) + L": models are written as \"zel_xml\" only");
+    bool cancel = false;
+    if (progress) progress(0.0, cancel);
+    if (cancel) return fail(IoOutcome::Cancelled, Quoted(path) + L": writing was stopped");
+    auto const* const entry = exportFormatOf(LowerExtension(path));
+    if (!entry)
+        return fail(IoOutcome::CannotWrite, Quoted(path) + L": models are not written in this format");
+    auto const cause = writeWithKernel(std::filesystem::path(path), *entry, *structure, only);
+    if (progress) progress(1.0, cancel);
+    return cause.empty() ? true : fail(IoOutcome::CannotWrite, Quoted(path) + L": " + cause);
 }
 
 bool ZelIO::WriteXml(wchar_t const* path, ZELProductStructure const* structure, Progress progress)
@@ -131,7 +171,9 @@ std::vector<FileFormat> ZelIO::ImportFormats()
 
 std::vector<FileFormat> ZelIO::ExportFormats()
 {
-    return {ZelXmlReader().Format()};
+    std::vector<FileFormat> formats{ZelXmlReader().Format()};
+    for (auto const& entry : exportFormats()) formats.push_back(entry.kind);
+    return formats;
 }
 
 } // namespace NarMetaInfra

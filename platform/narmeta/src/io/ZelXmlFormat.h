@@ -2,6 +2,8 @@
 
 #include "ModelReader.h"
 
+class QByteArray;
+
 namespace NarMetaInfra
 {
 
@@ -14,10 +16,13 @@ public:
     ReadResult Read(ReadRequest const& request, ZELProductStructure& model) const override;
 };
 
-/// The whole model as zel_xml text, or nothing if the caller's progress function asked to stop.
-std::optional<std::string> ZelXmlText(ZELProductStructure const& model, Progress progress);
+/// The whole model as zel_xml text, or nothing if the caller's progress function asked to stop. @p block: see
+/// XmlSink; exact shapes go along then.
+std::optional<std::string> ZelXmlText(ZELProductStructure const& model, Progress progress,
+                                      QByteArray* block = nullptr);
 
 /// Fills @p model from zel_xml text.
-ReadResult ReadZelXml(std::string_view text, ReadRequest const& request, ZELProductStructure& model);
+ReadResult ReadZelXml(std::string_view text, ReadRequest const& request, ZELProductStructure& model,
+                      std::string_view block = {});
 
 } // namespace NarMetaInfra

@@ -31,8 +31,9 @@ struct PendingInstance {
 class ModelXml
 {
 public:
-    ModelXml(std::string_view text, ReadRequest const& request, ZELProductStructure& model)
-        : source_(QByteArray::fromRawData(text.data(), static_cast<qsizetype>(text.size()))),
+    ModelXml(std::string_view text, ReadRequest const& request, ZELProductStructure& model,
+             std::string_view block)
+        : source_(QByteArray::fromRawData(text.data(), static_cast<qsizetype>(text.size())), block),
           size_(static_cast<double>(text.size())),
           request_(request),
           model_(model)
@@ -107,12 +108,18 @@ private:
             return source_.Fail(QStringLiteral("two references have one pid"));
         made->SetStorageName(source_.Text("file"));
         made->SetGraphical(source_.Flag("graphical"));
+        NarMeta::Properties properties;
         source_.Children(
-            {{"body",
+            {{"property",
+              [&] {
+                  properties.push_back({source_.Text("name"), source_.Text("value")});
+              }},
+             {"body",
               [&] {
                   auto const ordinal = made->GetBodies().size();
                   made->AddBody(ReadBody(source_, NarMeta::HashId(made->GetUniqueID(), "body", ordinal)));
               }},
+             {"exact", [&] { made->SetExactShape(exactShape()); }},
              {"entity",
               [&] { made->NameEntity(source_.Text("name"), source_.NumberOf<Id>("id").value_or(0)); }},
              {"instance",
@@ -124,7 +131,20 @@ private:
               }},
              {"visualisation", [&] { made->SetSG(ReadVisualisation(source_, materials_)); }},
              {"annotations", [&] { made->SetPmi(ReadAnnotations(source_)); }}});
+        made->SetUserProperties(std::move(properties));
         model_.AddReference(made);
+    }
+
+    std::shared_ptr<ExactShape const> exactShape()
+    {
+        auto made = std::make_shared<ExactShape>();
+        source_.Children({{"shape",
+                           [&] {
+                               auto const bytes = source_.Records<char>();
+                               made->bytes.assign(bytes.begin(), bytes.end());
+                           }},
+                          {"faces", [&] { made->faces = source_.Array<Id>(); }}});
+        return made;
     }
 
     ZELReference::Kind kindOf(std::wstring const& name)
@@ -184,9 +204,10 @@ private:
 
 } // namespace
 
-ReadResult ReadZelXml(std::string_view text, ReadRequest const& request, ZELProductStructure& model)
+ReadResult ReadZelXml(std::string_view text, ReadRequest const& request, ZELProductStructure& model,
+                      std::string_view block)
 {
-    return ModelXml(text, request, model).Read();
+    return ModelXml(text, request, model, block).Read();
 }
 
 FileFormat ZelXmlReader::Format() const

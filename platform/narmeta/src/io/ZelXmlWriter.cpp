@@ -50,6 +50,11 @@ void WriteReference(XmlSink& sink, ZELReference const& reference)
     sink.Attribute("file", ValidName(reference.GetStorageName()));
     sink.Flag("graphical", reference.IsGraphical());
     for (auto const& body : reference.GetBodies()) WriteBody(sink, body);
+    for (auto const& [name, value] : reference.GetUserProperties()) {
+        auto const child = sink.Open("property");
+        sink.Attribute("name", name);
+        sink.Attribute("value", value);
+    }
     // The map has no order of its own: equal models give equal files.
     std::map<std::wstring, Id> const names(reference.GetEntityNames().begin(),
                                            reference.GetEntityNames().end());
@@ -58,6 +63,11 @@ void WriteReference(XmlSink& sink, ZELReference const& reference)
         sink.Attribute("name", name);
         sink.Attribute("id", id);
     }
+    if (auto const& exact = reference.GetExactShape(); exact && sink.IsPacked()) {
+        auto const child = sink.Open("exact");
+        sink.Records("shape", exact->bytes.data(), exact->bytes.size());
+        sink.Array("faces", exact->faces);
+    }
     for (auto const& instance : reference.GetInstances()) WriteInstance(sink, *instance);
     if (reference.GetSG()) WriteVisualisation(sink, *reference.GetSG());
     if (reference.GetPmi()) WriteAnnotations(sink, *reference.GetPmi());
@@ -65,10 +75,10 @@ void WriteReference(XmlSink& sink, ZELReference const& reference)
 
 } // namespace
 
-std::optional<std::string> ZelXmlText(ZELProductStructure const& model, Progress progress)
+std::optional<std::string> ZelXmlText(ZELProductStructure const& model, Progress progress, QByteArray* block)
 {
     QByteArray text;
-    XmlSink sink(&text);
+    XmlSink sink(&text, block);
     auto const stopped = [progress](double done) {
         bool cancel = false;
         if (progress) progress(done, cancel);

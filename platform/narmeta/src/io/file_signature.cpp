@@ -132,6 +132,8 @@ bool isObj(std::string_view head, bool wholeFile)
 ModelFormat recogniseFormat(std::string_view head, bool wholeFile)
 {
     if (head.starts_with("glTF")) return ModelFormat::Gltf;
+    // The first version of the format has another syntax, which nobody here reads.
+    if (head.starts_with("#VRML V2.0")) return ModelFormat::Vrml;
     if (isBrep(head)) return ModelFormat::Brep;
     if (isStlText(head)) return ModelFormat::Stl;
     if (isStep(head)) return ModelFormat::Step;

@@ -100,9 +100,14 @@ std::optional<std::vector<GltfNode>> nodesOf(QJsonArray const& indices, QJsonArr
 }
 } // namespace
 
+QJsonObject readGltfJson(std::filesystem::path const& file)
+{
+    return QJsonDocument::fromJson(jsonOf(file)).object();
+}
+
 std::optional<std::vector<GltfNode>> readGltfNodes(std::filesystem::path const& file)
 {
-    auto const document = QJsonDocument::fromJson(jsonOf(file)).object();
+    auto const document = readGltfJson(file);
     auto const scene = document["scenes"].toArray().at(document["scene"].toInt(0)).toObject();
     auto const nodes = document["nodes"].toArray();
     qsizetype unmet = nodes.size();

@@ -5,6 +5,8 @@
 #include <optional>
 #include <vector>
 
+class QJsonObject;
+
 namespace NarMetaInfra
 {
 /// A node of a glTF scene with a mesh in it or below it.
@@ -15,6 +17,9 @@ struct GltfNode {
     bool hasMesh = false;
     std::vector<GltfNode> children;
 };
+
+/// The structure of a .gltf or .glb file; empty if it can't be read.
+QJsonObject readGltfJson(std::filesystem::path const& file);
 
 /// The root nodes of the default scene of a .gltf or .glb file. Nothing if the file's structure can't be
 /// followed.

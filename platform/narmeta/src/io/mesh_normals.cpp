@@ -95,6 +95,7 @@ SmoothedMesh smoothMesh(std::vector<float> const& points, std::vector<std::uint3
                 side = &sides.emplace_back(Side{direction, {0.0f, 0.0f, 0.0f}, number});
                 auto const point = pointAt(points, p);
                 mesh.points.insert(mesh.points.end(), point.begin(), point.end());
+                mesh.sources.push_back(p);
             }
             for (std::size_t k = 0; k < 3; ++k) side->sum[k] += area[k];
             mesh.triangles[corner] = side->point;

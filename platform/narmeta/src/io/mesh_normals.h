@@ -11,6 +11,8 @@ struct SmoothedMesh {
     std::vector<float> points;
     std::vector<float> normals;
     std::vector<std::uint32_t> triangles;
+    /// For each point the number of the one that it comes from.
+    std::vector<std::uint32_t> sources;
 };
 
 /// Normals for a mesh that comes without: the mean, weighted by area, of the triangles around a point that

@@ -2,6 +2,11 @@
 #include "open_cascade_guard.h"
 #include "open_cascade_model.h"
 
+#include "step_tessellation.h"
+
+#include <algorithm>
+#include <iterator>
+
 namespace NarMetaInfra
 {
 namespace
@@ -62,6 +67,27 @@ std::set<int> const* ModelBuilder::linkedEntities(ZELReference const& reference)
         if (Products.at(annotations.product) == &reference && !annotations.linked.empty())
             return &annotations.linked;
     return nullptr;
+}
+
+void ModelBuilder::readProperties()
+{
+    if (!Document.stepEntities) return;
+    StepProperties const properties(*Document.stepEntities);
+    for (auto const& [product, reference] : Products)
+        if (reference) reference->SetUserProperties(properties.of(product));
+}
+
+void ModelBuilder::addTessellated(ZELReference const& reference, std::vector<BrepBody>& bodies) const
+{
+    bool const hasFaces =
+        std::ranges::any_of(bodies, [](BrepBody const& body) { return !body.faces.empty(); });
+    if (hasFaces || !Document.stepEntities) return;
+    auto const& entities = *Document.stepEntities;
+    if (entities.ofKind("TESSELLATED_SOLID").empty() && entities.ofKind("TESSELLATED_SHELL").empty()) return;
+    for (auto const& [product, owner] : Products)
+        if (owner == &reference)
+            std::ranges::move(stepTessellation(entities, product, reference.GetUniqueID()),
+                              std::back_inserter(bodies));
 }
 
 void ModelBuilder::attachAnnotations()

@@ -3,6 +3,7 @@
 // Only for sources of this folder that see Open CASCADE.
 
 #include "StepEntities.h"
+#include "gltf_materials.h"
 
 #include <narmeta/io/ZelIO.h>
 
@@ -79,6 +80,9 @@ struct KernelDocument {
     std::string stepText;
     std::unique_ptr<StepEntities> stepEntities;
 
+    /// What the kernel does not tell about the materials of a glTF file, by name.
+    std::map<std::string, GltfMaterial> materialDetails;
+
     /// The file's shapes are triangles by nature.
     bool isMesh = false;
     /// Names are bytes of unknown encoding that the kernel widened one by one.
@@ -108,6 +112,7 @@ LoadOutcome loadIges(std::filesystem::path const&, KernelDocument&, LoadTimes&, 
 LoadOutcome loadBrep(std::filesystem::path const&, KernelDocument&, LoadTimes&, Message_ProgressRange const&);
 LoadOutcome loadGltf(std::filesystem::path const&, KernelDocument&, LoadTimes&, Message_ProgressRange const&);
 LoadOutcome loadObj(std::filesystem::path const&, KernelDocument&, LoadTimes&, Message_ProgressRange const&);
+LoadOutcome loadVrml(std::filesystem::path const&, KernelDocument&, LoadTimes&, Message_ProgressRange const&);
 LoadOutcome loadStl(std::filesystem::path const&, KernelDocument&, LoadTimes&, Message_ProgressRange const&);
 
 /// Takes the placements of glTF nodes from the file, since the kernel evens out scales that differ along the

@@ -155,7 +155,9 @@ LoadOutcome loadGltf(std::filesystem::path const& file, KernelDocument& document
     // Lengths are metres and y points up by the format's own definition; the model has millimetres and z up.
     reader.SetSystemCoordinateSystem(RWMesh_CoordinateSystem_Zup);
     auto outcome = loadMeshScene(reader, "glTF", file, document, times, range);
-    if (!outcome && !range.UserBreak()) restoreGltfPlacements(file, document);
+    if (outcome || range.UserBreak()) return outcome;
+    restoreGltfPlacements(file, document);
+    document.materialDetails = readGltfMaterials(file);
     return outcome;
 }
 

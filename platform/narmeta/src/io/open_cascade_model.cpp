@@ -8,9 +8,16 @@
 
 #include <algorithm>
 
+#include <sstream>
+
+#include <BRep_Builder.hxx>
+#include <BinTools.hxx>
 #include <Message_ProgressScope.hxx>
 #include <TDF_LabelSequence.hxx>
+#include <TopExp.hxx>
 #include <TopExp_Explorer.hxx>
+#include <TopTools_IndexedMapOfShape.hxx>
+#include <TopoDS_Compound.hxx>
 #include <gp_Trsf.hxx>
 
 namespace NarMetaInfra
@@ -47,10 +54,39 @@ bool isLoose(TopoDS_Shape const& shape)
 {
     return !shape.IsNull() && shape.ShapeType() >= TopAbs_SHELL;
 }
+
+std::shared_ptr<ExactShape const> exactShapeOf(std::vector<TopoDS_Shape> const& shapes,
+                                               PartConverter const& converter)
+{
+    TopoDS_Shape whole = shapes.empty() ? TopoDS_Shape() : shapes.front();
+    if (shapes.size() > 1) {
+        TopoDS_Compound compound;
+        BRep_Builder builder;
+        builder.MakeCompound(compound);
+        for (auto const& shape : shapes) builder.Add(compound, shape);
+        whole = compound;
+    }
+    if (whole.IsNull()) return nullptr;
+    auto made = std::make_shared<ExactShape>();
+    TopTools_IndexedMapOfShape faces;
+    TopExp::MapShapes(whole, TopAbs_FACE, faces);
+    for (int i = 1; i <= faces.Extent(); ++i) {
+        auto const id = converter.faceIds().find(faces(i).TShape().get());
+        made->faces.push_back(id == converter.faceIds().end() ? 0 : id->second);
+    }
+    std::ostringstream stream;
+    BinTools::Write(whole, stream, false, false, BinTools_FormatVersion_CURRENT);
+    made->bytes = std::move(stream).str();
+    return made;
+}
 } // namespace
 
 ModelBuilder::ModelBuilder(KernelDocument& document, BuildOptions const& options, ZELProductStructure& model)
-    : Document(document), Options(options), Model(model), Shapes(document.shapes())
+    : Document(document),
+      Options(options),
+      Model(model),
+      Materials(document.materialDetails),
+      Shapes(document.shapes())
 {
 }
 
@@ -133,6 +169,7 @@ ModelBuilder::InstancePointer ModelBuilder::makeInstance(TDF_Label const& compon
         reference->GetPID(step);
     auto const instance = std::make_shared<ZELInstance>(reference, unique(ownerPid + L"." + step),
                                                         firstNamed({name, reference->GetReferenceName()}));
+    Instances.Bind(component, instance);
     auto const* const placement = Document.placements.Seek(component);
     instance->SetTransform(placement ? *placement : matrixOf(location.Transformation()));
 
@@ -240,6 +277,7 @@ void ModelBuilder::buildPart(Part const& part, BuildTimes& times, Message_Progre
 
     StageClock const clock(times.convert);
     PartConverter converter(Document, part.reference->GetUniqueID(), tolerance);
+    if (Document.isMesh) converter.setMaterials(Materials);
     auto const* const linked = linkedEntities(*part.reference);
     if (Options.entityNames || linked) {
         converter.setNamer([&, linked](int number, Id id) {
@@ -253,10 +291,15 @@ void ModelBuilder::buildPart(Part const& part, BuildTimes& times, Message_Progre
         for (auto const& shape : shapes) converter.add(shape, styles);
     });
     if (failure) warn("part of it could not be converted (" + *failure + ")");
-    if (converter.droppedFaces() > 0)
-        warn("faces without usable geometry are left out (" + std::to_string(converter.droppedFaces()) + ")");
+    if (auto const dropped = converter.droppedText(); !dropped.empty())
+        warn("faces without usable geometry are left out: " + dropped);
 
+    if (Options.exactShapes && !Document.isMesh) {
+        auto const lost = guarded([&] { part.reference->SetExactShape(exactShapeOf(shapes, converter)); });
+        if (lost) warn("its exact shape could not be kept (" + *lost + ")");
+    }
     auto bodies = converter.takeBodies();
+    addTessellated(*part.reference, bodies);
     bool const hasColours =
         std::ranges::any_of(bodies, [](BrepBody const& body) { return body.colour.has_value(); });
     PartColours[part.reference.get()] = converter.hasFaceColours() ? OwnColours::Faces
@@ -264,7 +307,7 @@ void ModelBuilder::buildPart(Part const& part, BuildTimes& times, Message_Progre
                                                                    : OwnColours::None;
     HasContents |= !bodies.empty();
     if (Options.graphical) {
-        makeGraphical(*part.reference, std::move(bodies));
+        makeGraphical(*part.reference, std::move(bodies), converter.takeSurfaces());
     } else {
         for (auto& body : bodies) part.reference->AddBody(std::move(body));
     }

@@ -3,6 +3,7 @@
 // Only for sources of this folder that see Open CASCADE.
 
 #include "StepAnnotations.h"
+#include "open_cascade_materials.h"
 #include "open_cascade_style.h"
 
 #include <narmeta/infra/ZELProductStructure.h>
@@ -15,6 +16,7 @@ struct BuildOptions {
     bool graphical = false;
     bool entityNames = false;
     bool parallel = false;
+    bool exactShapes = false;
 };
 
 /// Seconds spent in the two stages of a build.
@@ -35,6 +37,11 @@ public:
     void readAnnotations();
     /// Once the parts are built.
     void attachAnnotations();
+    /// What the file notes about its products.
+    void readProperties();
+    /// Looks of components inside one use of their assembly only: that use gets an assembly of its own.
+    void applyOverrides();
+    void publishMaterials();
     /// Meshes and converts the parts one after the other; a part that fails stays without what it could not
     /// give, with a warning.
     void buildParts(BuildTimes& times, Message_ProgressRange const& range);
@@ -66,6 +73,11 @@ private:
     std::wstring pidOf(TDF_Label const& label, std::wstring const& name) const;
     std::wstring unique(std::wstring pid);
     void buildPart(Part const& part, BuildTimes& times, Message_ProgressRange const& range);
+    /// Triangles that the file has in place of an exact shape.
+    void addTessellated(ZELReference const& reference, std::vector<BrepBody>& bodies) const;
+    void applyOverride(TDF_Label const& next, InstancePointer const& upper, TDF_Label const& upperComponent,
+                       ShapeStyle const& style);
+    InstancePointer ownInstance(InstancePointer const& upper, InstancePointer const& shared);
     void settleOccurrenceColours();
     std::set<int> const* linkedEntities(ZELReference const& reference) const;
     OwnColours ownColours(ZELReference const& reference) const;
@@ -73,6 +85,8 @@ private:
     KernelDocument& Document;
     BuildOptions Options;
     ZELProductStructure& Model;
+    MaterialMaker Materials;
+    LabelMap<InstancePointer> Instances; // by component
     Handle(XCAFDoc_ShapeTool) Shapes;
     LabelMap<ReferencePointer> References;
     std::vector<Part> Parts;

@@ -80,6 +80,18 @@ std::vector<BrepBody> PartConverter::takeBodies()
     return std::move(Bodies);
 }
 
+std::string PartConverter::droppedText() const
+{
+    constexpr std::size_t MostNamed = 8;
+    if (DroppedFaces.empty()) return {};
+    auto text = std::to_string(DroppedFaces.size());
+    std::string names;
+    for (auto const number : DroppedFaces)
+        if (number != 0 && names.size() < MostNamed * 8)
+            names += (names.empty() ? " (#" : ", #") + std::to_string(number);
+    return names.empty() ? text : text + names + ")";
+}
+
 void PartConverter::visit(TopoDS_Shape const& shape, ShapeStyle const& outer, Group* group)
 {
     auto const own = Styles->of(shape);
@@ -171,8 +183,9 @@ void PartConverter::fillFaces(BrepBody& body, Group const& group, bool hidden)
 
     for (auto const& [face, style] : group.faces) {
         if (style.hidden != hidden) continue;
-        if (!addFace(body, face)) {
-            ++DroppedFaces;
+        if (!addFace(body, face, style)) {
+            auto const number = Document.entityNumbers.find(face.TShape().get());
+            DroppedFaces.push_back(number == Document.entityNumbers.end() ? 0 : number->second);
             continue;
         }
         if (style.colour != group.style.colour || style.alpha != group.style.alpha) {
@@ -198,7 +211,7 @@ void PartConverter::fillLoose(BrepBody& body, Group const& group, bool hidden)
     }
 }
 
-bool PartConverter::addFace(BrepBody& body, TopoDS_Face const& face)
+bool PartConverter::addFace(BrepBody& body, TopoDS_Face const& face, ShapeStyle const& style)
 {
     TopLoc_Location location;
     auto const mesh = BRep_Tool::Triangulation(face, location);
@@ -206,6 +219,7 @@ bool PartConverter::addFace(BrepBody& body, TopoDS_Face const& face)
     auto const placement = location.Transformation();
     bool const isFlipped = (face.Orientation() == TopAbs_REVERSED) != placement.IsNegative();
 
+    std::vector<std::uint32_t> sources;
     BrepFace record;
     record.firstPoint = pointCountOf(body.points);
     record.firstTriangle = static_cast<std::uint32_t>(body.triangles.size() / 3);
@@ -222,7 +236,7 @@ bool PartConverter::addFace(BrepBody& body, TopoDS_Face const& face)
             if (isFlipped) std::swap(b, c);
             for (auto const node : {a, b, c}) body.triangles.push_back(static_cast<std::uint32_t>(node - 1));
         }
-    } else if (!addSmoothedFace(body, mesh, placement, isFlipped)) {
+    } else if (!addSmoothedFace(body, mesh, placement, isFlipped, sources)) {
         return false;
     }
     auto const start = std::size_t{3} * record.firstPoint;
@@ -236,11 +250,14 @@ bool PartConverter::addFace(BrepBody& body, TopoDS_Face const& face)
     record.triangleCount = static_cast<std::uint32_t>(body.triangles.size() / 3) - record.firstTriangle;
     record.id = idOf(face, "face");
     body.faces.push_back(record);
+    FaceIds.emplace(face.TShape().get(), record.id);
+    if (Materials) addSurface(record.id, *mesh, style, sources);
     return true;
 }
 
 bool PartConverter::addSmoothedFace(BrepBody& body, Handle(Poly_Triangulation) const& source,
-                                    gp_Trsf const& placement, bool flipped)
+                                    gp_Trsf const& placement, bool flipped,
+                                    std::vector<std::uint32_t>& sources)
 {
     std::vector<float> points;
     std::vector<std::uint32_t> triangles;
@@ -255,11 +272,32 @@ bool PartConverter::addSmoothedFace(BrepBody& body, Handle(Poly_Triangulation) c
         if (flipped) std::swap(b, c);
         for (auto const node : {a, b, c}) triangles.push_back(static_cast<std::uint32_t>(node - 1));
     }
-    auto const mesh = smoothMesh(points, triangles);
+    auto mesh = smoothMesh(points, triangles);
+    sources = std::move(mesh.sources);
     body.points.insert(body.points.end(), mesh.points.begin(), mesh.points.end());
     body.normals.insert(body.normals.end(), mesh.normals.begin(), mesh.normals.end());
     body.triangles.insert(body.triangles.end(), mesh.triangles.begin(), mesh.triangles.end());
     return true;
+}
+
+void PartConverter::addSurface(Id face, Poly_Triangulation const& mesh, ShapeStyle const& style,
+                               std::vector<std::uint32_t> const& sources)
+{
+    FaceSurface surface;
+    surface.material = Materials->of(style.material);
+    if (mesh.HasUVNodes()) {
+        auto const* const use = Materials->coordinateUse(style.material);
+        auto const count = sources.empty() ? static_cast<std::size_t>(mesh.NbNodes()) : sources.size();
+        surface.textureCoordinates.reserve(2 * count);
+        for (std::size_t i = 0; i < count; ++i) {
+            auto const node = static_cast<Standard_Integer>(sources.empty() ? i : sources[i]) + 1;
+            auto const uv = mesh.UVNode(node);
+            std::array pair{static_cast<float>(uv.X()), static_cast<float>(uv.Y())};
+            if (use) pair = use->moved(pair[0], pair[1]);
+            for (float const x : pair) surface.textureCoordinates.push_back(std::isfinite(x) ? x : 0.0f);
+        }
+    }
+    if (surface.material || !surface.textureCoordinates.empty()) Surfaces.emplace(face, std::move(surface));
 }
 
 void PartConverter::addFaceEdges(BrepBody& body, TopoDS_Face const& face)

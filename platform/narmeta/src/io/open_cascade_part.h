@@ -2,8 +2,10 @@
 
 // Only for sources of this folder that see Open CASCADE.
 
+#include "open_cascade_materials.h"
 #include "open_cascade_style.h"
 #include "open_cascade_tessellation.h"
+#include "visualisation_nodes.h"
 
 #include <narmeta/infra/BrepBody.h>
 
@@ -30,13 +32,20 @@ public:
 
     PartConverter(KernelDocument const& document, Id partId, TessellationTolerance const& tolerance);
 
+    /// Keeps materials and texture coordinates of faces. @p maker must outlive this.
+    void setMaterials(MaterialMaker& maker) { Materials = &maker; }
+    FaceSurfaces takeSurfaces() { return std::move(Surfaces); }
+    /// Id of each face that was converted, by its shape.
+    std::unordered_map<TopoDS_TShape const*, Id> const& faceIds() const { return FaceIds; }
+
     void setNamer(EntityNamer namer) { Namer = std::move(namer); }
     /// May be called more than once: a part may be spread over labels.
     void add(TopoDS_Shape const& shape, PartStyles const& styles);
     std::vector<BrepBody> takeBodies();
 
-    /// Faces left out because nothing sensible could be made of them.
-    std::size_t droppedFaces() const { return DroppedFaces; }
+    /// Faces left out because nothing sensible could be made of them: how many, and the entity numbers of the
+    /// first ones. Empty if there are none.
+    std::string droppedText() const;
     /// A face has a colour of its own, apart from the body's.
     bool hasFaceColours() const { return HasFaceColours; }
 
@@ -54,9 +63,12 @@ private:
     void convert(Group const& group);
     void fillFaces(BrepBody& body, Group const& group, bool hidden);
     void fillLoose(BrepBody& body, Group const& group, bool hidden);
-    bool addFace(BrepBody& body, TopoDS_Face const& face);
+    bool addFace(BrepBody& body, TopoDS_Face const& face, ShapeStyle const& style);
+    /// @p sources: for each point the number of its node.
     bool addSmoothedFace(BrepBody& body, Handle(Poly_Triangulation) const& source, gp_Trsf const& placement,
-                         bool flipped);
+                         bool flipped, std::vector<std::uint32_t>& sources);
+    void addSurface(Id face, Poly_Triangulation const& mesh, ShapeStyle const& style,
+                    std::vector<std::uint32_t> const& sources);
     void addFaceEdges(BrepBody& body, TopoDS_Face const& face);
     void addEdge(BrepBody& body, TopoDS_Edge const& edge, std::optional<Colour> colour);
     void addVertices(BrepBody& body, TopoDS_Shape const& shape);
@@ -68,11 +80,14 @@ private:
     TessellationTolerance Tolerance;
     EntityNamer Namer;
     PartStyles const* Styles = nullptr;
+    MaterialMaker* Materials = nullptr;
+    FaceSurfaces Surfaces;
+    std::unordered_map<TopoDS_TShape const*, Id> FaceIds;
     std::vector<BrepBody> Bodies;
     std::unordered_set<Id> Used;
     std::map<std::string_view, Id> Ordinals;
     TopTools_MapOfShape SeenEdges, SeenVertices; // of the body being filled
-    std::size_t DroppedFaces = 0;
+    std::vector<int> DroppedFaces;               // entity numbers, 0 where the file has none
     bool HasFaceColours = false;
 };
 } // namespace NarMetaInfra

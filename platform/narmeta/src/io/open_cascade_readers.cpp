@@ -37,6 +37,7 @@ std::vector<FormatEntry> const& formats()
         {ModelFormat::Iges, L"IGES", {L"igs", L"iges"}, loadIges, Confidence::Certain},
         {ModelFormat::Brep, L"Open CASCADE BREP", {L"brep", L"brp"}, loadBrep, Confidence::Certain},
         {ModelFormat::Gltf, L"glTF", {L"gltf", L"glb"}, loadGltf, Confidence::Certain},
+        {ModelFormat::Vrml, L"VRML", {L"wrl", L"vrml"}, loadVrml, Confidence::Certain},
         {ModelFormat::Stl, L"STL", {L"stl"}, loadStl, Confidence::Likely},
         {ModelFormat::Obj, L"Wavefront OBJ", {L"obj"}, loadObj, Confidence::Likely},
     };
@@ -108,8 +109,9 @@ ReadResult OpenCascadeReader::readInSession(ReadRequest const& request, ZELProdu
 
     document.hideInvisibleLayers();
     result.graphical = request.graphical || document.isMesh;
-    ModelBuilder builder(document, {result.graphical, request.persistentNames, request.processors > 1},
-                         model);
+    ModelBuilder builder(
+        document, {result.graphical, request.persistentNames, request.processors > 1, request.exactShapes},
+        model);
     {
         StageClock const clock(buildTimes.convert);
         builder.buildStructure();
@@ -118,8 +120,11 @@ ReadResult OpenCascadeReader::readInSession(ReadRequest const& request, ZELProdu
     builder.buildParts(buildTimes, stages.Next(50));
     if (progress->isCancelled()) return cancelled();
     builder.attachAnnotations();
+    builder.readProperties();
+    builder.applyOverrides();
     if (!builder.hasContents())
         return ReadResult::Failure(IoOutcome::NothingToShow, L"the file holds nothing to show");
+    builder.publishMaterials();
     progress->report(1.0);
     addWarnings(result, document);
     using Seconds = std::chrono::duration<double>;

@@ -58,6 +58,7 @@ LoadOutcome loadStep(std::filesystem::path const& file, KernelDocument& document
     reader.SetNameMode(true);
     reader.SetColorMode(true);
     reader.SetLayerMode(true);
+    reader.SetSHUOMode(true);
     // These fail as a whole on files whose shapes are good.
     reader.SetGDTMode(false);
     reader.SetViewMode(false);

@@ -17,13 +17,6 @@ unsigned short channel(double value)
     return static_cast<unsigned short>(std::lround(std::clamp(value, 0.0, 1.0) * 255.0));
 }
 
-NarMeta::Colour colourOf(Quantity_Color const& color)
-{
-    double red = 0.0, green = 0.0, blue = 0.0;
-    color.Values(red, green, blue, Quantity_TOC_sRGB);
-    return {channel(red), channel(green), channel(blue)};
-}
-
 void setSurface(ShapeStyle& style, Quantity_ColorRGBA const& color)
 {
     style.colour = colourOf(color.GetRGB());
@@ -38,10 +31,18 @@ ShapeStyle styleOf(XCAFPrs_Style const& kernelStyle)
         setSurface(style, kernelStyle.GetColorSurfRGBA());
     else if (!kernelStyle.Material().IsNull())
         setSurface(style, kernelStyle.Material()->BaseColor());
+    style.material = kernelStyle.Material();
     if (kernelStyle.IsSetColorCurv()) style.curveColour = colourOf(kernelStyle.GetColorCurv());
     return style;
 }
 } // namespace
+
+NarMeta::Colour colourOf(Quantity_Color const& color)
+{
+    double red = 0.0, green = 0.0, blue = 0.0;
+    color.Values(red, green, blue, Quantity_TOC_sRGB);
+    return {channel(red), channel(green), channel(blue)};
+}
 
 ShapeStyle inherited(ShapeStyle const& outer, ShapeStyle const& inner)
 {
@@ -50,6 +51,7 @@ ShapeStyle inherited(ShapeStyle const& outer, ShapeStyle const& inner)
         style.colour = outer.colour;
         style.alpha = outer.alpha;
     }
+    if (style.material.IsNull()) style.material = outer.material;
     if (!style.curveColour) style.curveColour = outer.curveColour;
     style.hidden |= outer.hidden;
     return style;

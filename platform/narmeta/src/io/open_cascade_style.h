@@ -8,6 +8,8 @@
 
 #include <optional>
 
+#include <Quantity_Color.hxx>
+#include <XCAFDoc_VisMaterial.hxx>
 #include <XCAFPrs_IndexedDataMapOfShapeStyle.hxx>
 
 namespace NarMetaInfra
@@ -17,8 +19,11 @@ struct ShapeStyle {
     std::optional<NarMeta::Colour> colour;
     std::optional<unsigned short> alpha;
     std::optional<NarMeta::Colour> curveColour;
+    Handle(XCAFDoc_VisMaterial) material;
     bool hidden = false;
 };
+
+NarMeta::Colour colourOf(Quantity_Color const& color);
 
 /// This style where `inner` leaves an aspect open; a hidden shape hides what is in it.
 ShapeStyle inherited(ShapeStyle const& outer, ShapeStyle const& inner);

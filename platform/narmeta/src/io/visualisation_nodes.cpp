@@ -21,7 +21,7 @@ template <typename Value> std::vector<Value> copied(std::span<Value const> value
     return {values.begin(), values.end()};
 }
 
-std::shared_ptr<FaceRep> faceRep(BrepBody const& body, BrepFace const& face)
+std::shared_ptr<FaceRep> faceRep(BrepBody const& body, BrepFace const& face, FaceSurfaces const& surfaces)
 {
     auto rep = std::make_shared<FaceRep>(copied(body.PointsOf(face)), copied(body.NormalsOf(face)));
     std::vector<int> indices;
@@ -30,7 +30,13 @@ std::shared_ptr<FaceRep> faceRep(BrepBody const& body, BrepFace const& face)
     for (auto const point : triangles) indices.push_back(static_cast<int>(point * 3));
     rep->AddPolygon(PolygonRep(VisuPolygonType::Triangles, std::move(indices)));
     bool const own = face.colour || face.alpha;
-    rep->SetAttributes(own ? attributesOf(face.colour, face.alpha) : attributesOf(body.colour, body.alpha));
+    auto attributes = own ? attributesOf(face.colour, face.alpha) : attributesOf(body.colour, body.alpha);
+    if (auto const surface = surfaces.find(face.id); surface != surfaces.end()) {
+        rep->SetTextureCoordinates(surface->second.textureCoordinates);
+        if (!attributes) attributes = std::make_shared<Attributes>();
+        if (surface->second.material) attributes->AddMaterial(surface->second.material);
+    }
+    rep->SetAttributes(std::move(attributes));
     return rep;
 }
 
@@ -41,12 +47,12 @@ std::shared_ptr<EdgeRep> edgeRep(BrepBody const& body, BrepEdge const& edge)
     return rep;
 }
 
-std::shared_ptr<Node> nodeOf(BrepBody const& body)
+std::shared_ptr<Node> nodeOf(BrepBody const& body, FaceSurfaces const& surfaces)
 {
     auto node = std::make_shared<Node>(NodeType::Geometry);
     if (!body.faces.empty()) {
         auto mesh = std::make_shared<MeshRep>(body.id, body.name);
-        for (auto const& face : body.faces) mesh->AddFace(faceRep(body, face));
+        for (auto const& face : body.faces) mesh->AddFace(faceRep(body, face, surfaces));
         for (auto const& edge : body.edges) mesh->AddEdge(edgeRep(body, edge));
         node->SetMesh(std::move(mesh));
     } else if (!body.edges.empty()) {
@@ -66,12 +72,12 @@ std::shared_ptr<Node> nodeOf(BrepBody const& body)
 }
 } // namespace
 
-void makeGraphical(ZELReference& reference, std::vector<BrepBody> bodies)
+void makeGraphical(ZELReference& reference, std::vector<BrepBody> bodies, FaceSurfaces const& surfaces)
 {
     reference.SetGraphical(true);
     auto root = std::make_shared<Node>(NodeType::Root);
     for (auto& body : bodies) {
-        if (!body.hidden) root->AddChild(nodeOf(body));
+        if (!body.hidden) root->AddChild(nodeOf(body, surfaces));
         body = BrepBody(); // one body at a time stands in memory twice
     }
     std::wstring pid;

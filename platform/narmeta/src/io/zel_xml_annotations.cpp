@@ -66,8 +66,8 @@ void ReadOwn(XmlSource& source, PMIDimension& dimension)
     dimension.SetType(source.Choice("type", 0, 2, PMIDimensionType::Unknown),
                       source.Choice("subtype", 0, 22, PMIDimensionSubType::Unknown));
     if (auto const nominal = source.NumberOf<double>("nominal"))
-        dimension.SetValue(PMIDimensionValue{*nominal, source.NumberOf<double>("upper"),
-                                             source.NumberOf<double>("lower")});
+        dimension.SetValue(
+            PMIDimensionValue{*nominal, source.NumberOf<double>("upper"), source.NumberOf<double>("lower")});
 }
 
 template <class Annotation>
@@ -124,7 +124,9 @@ template <class Annotation> void ReadInto(XmlSource& source, std::vector<std::sh
               source.Children({{"instance", [&] { link.first.push_back(source.TextContent()); }}});
               annotation->AddLinkedEntity(std::move(link));
           }},
-         {"property", [&] { properties.push_back({source.Text("name"), source.Text("value")}); }}});
+         {"property", [&] {
+              properties.push_back({source.Text("name"), source.Text("value")});
+          }}});
     annotation->SetUserProperties(std::move(properties));
     list.push_back(std::move(annotation));
 }

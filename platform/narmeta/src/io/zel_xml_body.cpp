@@ -27,6 +27,18 @@ void WriteNormals(XmlSink& sink, std::span<float const> normals)
     sink.Array("normals", plane ? normals.first(std::min<std::size_t>(3, normals.size())) : normals);
 }
 
+/// The arrays of the body as they are.
+void WritePacked(XmlSink& sink, BrepBody const& body)
+{
+    sink.Records("faces", body.faces.data(), body.faces.size());
+    sink.Records("edges", body.edges.data(), body.edges.size());
+    sink.Records("vertices", body.vertices.data(), body.vertices.size());
+    sink.Array("all_points", body.points);
+    sink.Array("all_normals", body.normals);
+    sink.Array("all_triangles", body.triangles);
+    sink.Array("edge_points", body.edgePoints);
+}
+
 } // namespace
 
 void WriteBody(XmlSink& sink, BrepBody const& body)
@@ -37,6 +49,7 @@ void WriteBody(XmlSink& sink, BrepBody const& body)
     sink.Attribute("colour", body.colour);
     sink.Attribute("alpha", body.alpha);
     sink.Flag("hidden", body.hidden);
+    if (sink.IsPacked()) return WritePacked(sink, body);
     for (std::size_t i = 0; i < body.faces.size(); ++i) {
         auto const& face = body.faces[i];
         auto const child = sink.Open("face");
@@ -112,6 +125,26 @@ void ReadVertex(XmlSource& source, BrepBody& body)
     body.AddVertex(id.value_or(DefaultId(body, "vertex", body.vertices.size())), source.Tuple<3>());
 }
 
+/// Every face and edge lies within the arrays of its body.
+bool AreRunsInside(BrepBody const& body)
+{
+    auto const fits = [](std::uint64_t first, std::uint64_t count, std::size_t size) {
+        return 3 * (first + count) <= size;
+    };
+    bool const facesFit = std::all_of(body.faces.begin(), body.faces.end(), [&](BrepFace const& face) {
+        if (!fits(face.firstPoint, face.pointCount, body.points.size()) ||
+            !fits(face.firstTriangle, face.triangleCount, body.triangles.size()))
+            return false;
+        auto const corners = body.TrianglesOf(face);
+        return std::all_of(corners.begin(), corners.end(),
+                           [&](std::uint32_t corner) { return corner < face.pointCount; });
+    });
+    return facesFit && body.points.size() == body.normals.size() &&
+           std::all_of(body.edges.begin(), body.edges.end(), [&](BrepEdge const& edge) {
+               return fits(edge.firstPoint, edge.pointCount, body.edgePoints.size());
+           });
+}
+
 } // namespace
 
 BrepBody ReadBody(XmlSource& source, Id fallback)
@@ -122,9 +155,20 @@ BrepBody ReadBody(XmlSource& source, Id fallback)
     body.colour = source.Colour("colour");
     body.alpha = source.Channel("alpha");
     body.hidden = source.Flag("hidden");
-    source.Children({{"face", [&] { ReadFace(source, body); }},
+    source.Children({{"faces", [&] { body.faces = source.Records<BrepFace>(); }},
+                     {"edges", [&] { body.edges = source.Records<BrepEdge>(); }},
+                     {"vertices", [&] { body.vertices = source.Records<BrepVertex>(); }},
+                     {"all_points", [&] { body.points = source.Array<float>(); }},
+                     {"all_normals", [&] { body.normals = source.Array<float>(); }},
+                     {"all_triangles", [&] { body.triangles = source.Array<std::uint32_t>(); }},
+                     {"edge_points", [&] { body.edgePoints = source.Array<float>(); }},
+                     {"face", [&] { ReadFace(source, body); }},
                      {"edge", [&] { ReadEdge(source, body); }},
                      {"vertex", [&] { ReadVertex(source, body); }}});
+    if (!source.Failed() && !AreRunsInside(body)) {
+        source.Fail(QStringLiteral("a body names points that it does not have"));
+        return {};
+    }
     return body;
 }
 

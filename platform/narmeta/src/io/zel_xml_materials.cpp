@@ -15,10 +15,11 @@ struct PropertyName {
     char const* element;
     NarMetaVisu::Material::Property MaterialSettings::*property;
 };
-constexpr PropertyName properties[] = {{"diffuse", &MaterialSettings::diffuse},
-                                       {"transparency", &MaterialSettings::transparency},
-                                       {"specular", &MaterialSettings::specular},
-                                       {"reflection", &MaterialSettings::reflection}};
+constexpr PropertyName properties[5] = {{"diffuse", &MaterialSettings::diffuse},
+                                        {"transparency", &MaterialSettings::transparency},
+                                        {"specular", &MaterialSettings::specular},
+                                        {"reflection", &MaterialSettings::reflection},
+                                        {"emission", &MaterialSettings::emission}};
 
 struct TextureListName {
     wchar_t const* use;
@@ -119,6 +120,10 @@ void WriteMaterials(XmlSink& sink, Materials const& materials)
         auto const& settings = material->GetSettings();
         sink.Attribute("name", name);
         sink.Attribute("shininess", settings.shininess);
+        sink.Attribute("metallic", settings.metallic);
+        sink.Attribute("roughness", settings.roughness);
+        sink.Attribute("alpha_cutoff", settings.alphaCutoff);
+        sink.Flag("double_sided", settings.isDoubleSided.value_or(false));
         for (auto const& [kind, property] : properties) {
             auto const& value = settings.*property;
             if (!value.colour && !value.coefficient) continue;
@@ -156,6 +161,10 @@ void ReadMaterial(XmlSource& source, Textures const& textures, Materials& materi
     auto const name = source.Text("name");
     MaterialSettings settings;
     settings.shininess = source.NumberOf<float>("shininess");
+    settings.metallic = source.NumberOf<float>("metallic");
+    settings.roughness = source.NumberOf<float>("roughness");
+    settings.alphaCutoff = source.NumberOf<float>("alpha_cutoff");
+    settings.isDoubleSided = source.Flag("double_sided");
     auto const read = [&](PropertyName const& entry) {
         return XmlSource::Handler{
             entry.element, [&source, &settings, entry] {
@@ -171,8 +180,12 @@ void ReadMaterial(XmlSource& source, Textures const& textures, Materials& materi
             return source.Fail(QStringLiteral("a material uses a texture that does not stand before"));
         (settings.*(list->list)).push_back(texture->second);
     };
-    source.Children(
-        {read(properties[0]), read(properties[1]), read(properties[2]), read(properties[3]), {"use", use}});
+    source.Children({read(properties[0]),
+                     read(properties[1]),
+                     read(properties[2]),
+                     read(properties[3]),
+                     read(properties[4]),
+                     {"use", use}});
     materials[name] = std::make_shared<Material>(name, std::move(settings));
 }
 

@@ -88,6 +88,8 @@ void WriteMesh(XmlSink& sink, Node const& node, MeshRep const& mesh)
         auto const child = sink.Open("face");
         sink.Array("points", face->GetPoints());
         sink.Array("normals", face->GetNormals());
+        if (!face->GetTextureCoordinates().empty())
+            sink.Array("texture_coordinates", face->GetTextureCoordinates());
         for (auto const& polygon : face->GetPolygons()) WritePolygon(sink, node, polygon);
         WriteLooks(sink, node, face);
     }
@@ -183,11 +185,12 @@ private:
     std::shared_ptr<FaceRep> face()
     {
         auto const line = source_.Line();
-        std::vector<float> points, normals;
+        std::vector<float> points, normals, coordinates;
         std::vector<PolygonRep> polygons;
         std::shared_ptr<Attributes> own, shown;
         source_.Children({{"points", [&] { points = source_.Points(); }},
                           {"normals", [&] { normals = source_.Points(); }},
+                          {"texture_coordinates", [&] { coordinates = source_.Array<float>(); }},
                           {"polygon", [&] { polygons.push_back(polygon()); }},
                           {"look", [&] { own = ReadLook(source_, materials_); }},
                           {"node_look", [&] { shown = ReadLook(source_, materials_); }}});
@@ -201,6 +204,9 @@ private:
                                              .arg(face->GetPoints().size()));
             face->AddPolygon(std::move(polygon));
         }
+        if (!coordinates.empty() && 3 * coordinates.size() != 2 * face->GetPoints().size())
+            source_.FailAt(line, QStringLiteral("a face has not one pair of texture coordinates per point"));
+        face->SetTextureCoordinates(std::move(coordinates));
         face->SetAttributes(own);
         if (shown) node_.SetFaceAttributes(face, shown);
         return face;

@@ -70,7 +70,10 @@ public:
 private:
     void put(std::uint32_t code, std::size_t length)
     {
-        if (isScalar(code)) Words.push_back(static_cast<wchar_t>(code));
+        // What no text may hold would spoil every file that the words are written to.
+        bool const isControl = code < 0x20 && code != '\n' && code != '\t';
+        if (isScalar(code) && !isControl && (code & 0xFFFE) != 0xFFFE)
+            Words.push_back(static_cast<wchar_t>(code));
         Text.remove_prefix(length);
     }
 

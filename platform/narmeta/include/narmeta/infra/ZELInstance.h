@@ -39,6 +39,9 @@ public:
     Matrix const& GetMatrix() const { return matrix_; }
     NarMeta::Coloured const& GetColours() const { return colours_; }
 
+    /// For a reader that gives a use of an assembly one of its own; the structure has to hear of it
+    /// (ZELProductStructure::NoteNewPids).
+    void SetReference(std::shared_ptr<ZELReference> reference) { reference_ = std::move(reference); }
     void SetTransform(Matrix const& matrix) { matrix_ = matrix; }
     void SetRGBColor(unsigned short red, unsigned short green, unsigned short blue)
     {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <narmeta/Property.h>
 #include <narmeta/infra/BrepBody.h>
 #include <narmeta/infra/ZELInstance.h>
 #include <narmeta/pmi/PMIContainer.h>
@@ -28,6 +29,13 @@ using NarMetaPmi::PMIAnnotationView;
 using NarMetaPmi::PMICapture;
 using NarMetaPmi::PMIContainer;
 using NarMetaVisu::SGContainer;
+
+/// A shape as the modelling kernel writes it.
+struct ExactShape {
+    std::string bytes;
+    /// Ids of its faces in the kernel's own order.
+    std::vector<Id> faces;
+};
 
 /// Gives the scene's key of an object by its id. Set by whoever builds the scene, since the model knows of
 /// keys no more than that they exist.
@@ -76,6 +84,15 @@ public:
     /// Only stored here; made by the plug-in's renderer.
     std::shared_ptr<ZelVizBase::ZELObjectMapper> const& GetObjectMapper() const { return mapper_; }
 
+    /// What the file notes about the part or assembly, and values for checks that its exporter left.
+    void SetUserProperties(NarMeta::Properties properties) { properties_ = std::move(properties); }
+    NarMeta::Properties const& GetUserProperties() const { return properties_; }
+
+    /// The exact shape in the form of the modelling kernel, for writing and nothing else; empty unless the
+    /// reader was asked to keep it.
+    void SetExactShape(std::shared_ptr<ExactShape const> shape) { exact_ = std::move(shape); }
+    std::shared_ptr<ExactShape const> const& GetExactShape() const { return exact_; }
+
     std::vector<BrepBody> const& GetBodies() const { return bodies_; }
     BrepBody const* FindBody(Id bodyId) const;
     BrepCounts GetCounts() const;
@@ -121,6 +138,8 @@ private:
     std::vector<std::shared_ptr<ZELInstance>> instances_;
     std::vector<BrepBody> bodies_;
     std::unordered_map<std::wstring, Id> entityNames_;
+    NarMeta::Properties properties_;
+    std::shared_ptr<ExactShape const> exact_;
     std::shared_ptr<ZelVizBase::ZELObjectMapper> mapper_;
     KeyFinder findKey_;
     /// The change mark of the structure that lists this reference.

@@ -3,6 +3,7 @@
 #include <narmeta/infra/ZELProductStructure.h>
 
 #include <chrono>
+#include <cstdint>
 
 namespace NarMetaInfra
 {
@@ -53,10 +54,24 @@ public:
     /// At least 1.
     void SetNumProcessors(unsigned count) { processors_ = count ? count : 1; }
 
+    /// Reads in a process of its own: a file that breaks the reader down, or takes more seconds or bytes of
+    /// memory than it may (0: no limit), is an error and no more, and a cancel holds at once.
+    void SetReadIsolated(bool isolated, double seconds = 0, std::uint64_t bytes = 0)
+    {
+        isIsolated_ = isolated, secondsLimit_ = seconds, bytesLimit_ = bytes;
+    }
+    /// Keeps read models in the user's cache folder, up to so many bytes in all; 0, the default, keeps none.
+    void SetCacheLimit(std::uintmax_t bytes) { cacheLimit_ = bytes; }
+    /// Keeps the exact shapes of parts, which STEP and BREP are written from.
+    void SetKeepExactShapes(bool keep) { exactShapes_ = keep; }
+
     /// Fills @p structure, which keeps its contents if this gives false.
     bool Read(wchar_t const* path, ZELProductStructure* structure, Progress progress);
     /// The format follows from the extension. The file appears complete or not at all.
     bool Write(wchar_t const* path, ZELProductStructure const* structure, Progress progress);
+    /// One reference of the structure by itself. "zel_xml" is for whole models only.
+    bool WriteReference(wchar_t const* path, ZELProductStructure const* structure,
+                        ZELReference const* reference, Progress progress);
     /// "zel_xml" under any name.
     bool WriteXml(wchar_t const* path, ZELProductStructure const* structure, Progress progress);
     /// Forgets result, messages and timings; the settings stay.
@@ -75,12 +90,19 @@ public:
 
 private:
     void forgetResult();
+    bool writeKernel(wchar_t const* path, ZELProductStructure const* structure, ZELReference const* only,
+                     Progress progress);
     bool fail(IoOutcome outcome, std::wstring cause);
 
     bool requestGraphical_ = false;
     bool graphical_ = false;
     bool persistentNames_ = false;
     bool occurrenceData_ = false;
+    bool exactShapes_ = false;
+    bool isIsolated_ = false;
+    double secondsLimit_ = 0;
+    std::uint64_t bytesLimit_ = 0;
+    std::uintmax_t cacheLimit_ = 0;
     unsigned processors_ = 1;
     IoOutcome outcome_ = IoOutcome::Done;
     std::wstring error_;

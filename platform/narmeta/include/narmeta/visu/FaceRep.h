@@ -17,6 +17,10 @@ public:
     std::vector<float> const& GetPoints() const { return points_; }
     std::vector<float> const& GetNormals() const { return normals_; }
 
+    /// u, v in a row, one pair per point, v upwards; empty if the face carries none.
+    void SetTextureCoordinates(std::vector<float> pairs) { textureCoordinates_ = std::move(pairs); }
+    std::vector<float> const& GetTextureCoordinates() const { return textureCoordinates_; }
+
     void AddPolygon(PolygonRep polygon) { polygons_.push_back(std::move(polygon)); }
     std::vector<PolygonRep>& GetPolygons() { return polygons_; }
     std::vector<PolygonRep> const& GetPolygons() const { return polygons_; }
@@ -33,6 +37,7 @@ public:
 private:
     std::vector<float> points_;
     std::vector<float> normals_;
+    std::vector<float> textureCoordinates_;
     std::vector<PolygonRep> polygons_;
     std::shared_ptr<Attributes> attributes_;
 };

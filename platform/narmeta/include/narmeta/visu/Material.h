@@ -28,6 +28,15 @@ public:
         Property reflection;
         /// From 0 dull to 1.
         std::optional<float> shininess;
+        /// Light of its own.
+        Property emission;
+        /// Share of a metal and of roughness, both from 0 to 1, where the file describes the surface in these
+        /// terms; the properties above follow from them then.
+        std::optional<float> metallic;
+        std::optional<float> roughness;
+        /// What has less opacity than this is cut out, and the rest is opaque.
+        std::optional<float> alphaCutoff;
+        std::optional<bool> isDoubleSided;
         Textures diffuseColorTextures, diffuseCoeffTextures, ambientCoeffTextures;
         Textures specularColorTextures, specularCoeffTextures;
         Textures bumpColorTextures, bumpCoeffTextures, normalTextures;

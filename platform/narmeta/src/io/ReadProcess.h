@@ -1,0 +1,17 @@
+#pragma once
+
+#include "ModelReader.h"
+
+namespace NarMetaInfra
+{
+/// What a reading process may take; 0 sets no limit.
+struct ReadLimits {
+    double seconds = 0;
+    std::uint64_t bytes = 0; ///< of address space
+};
+
+/// Reads a file in a process of its own, which ends with the read, on cancel, over a limit, or by a fault of
+/// the file, and never takes this one along. The process is the program "zelread", found beside the library
+/// or the program that uses it.
+ReadResult readInProcess(ReadRequest const& request, ReadLimits const& limits, ZELProductStructure& model);
+} // namespace NarMetaInfra

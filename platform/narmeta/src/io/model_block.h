@@ -1,0 +1,13 @@
+#pragma once
+
+#include "ModelReader.h"
+
+namespace NarMetaInfra
+{
+/// A read model and how the read went, as one piece of memory for another process or a later run of this very
+/// build: zel_xml in which all arrays stand as raw numbers in a block behind the text.
+std::string packModel(ReadResult const& result, ZELProductStructure const& model);
+
+/// Damaged, and nothing in @p model, if the piece is not whole or of another build.
+ReadResult unpackModel(std::string_view piece, ReadRequest const& request, ZELProductStructure& model);
+} // namespace NarMetaInfra

@@ -1,0 +1,77 @@
+#include "reader_service.h"
+
+#include "ReaderRegistry.h"
+#include "SourceFile.h"
+#include "model_block.h"
+
+#include <algorithm>
+#include <charconv>
+#include <csignal>
+#include <cstring>
+#include <new>
+
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+namespace NarMetaInfra
+{
+namespace
+{
+std::uint64_t numberOf(char const* word)
+{
+    std::uint64_t number = 0;
+    std::from_chars(word, word + std::strlen(word), number);
+    return number;
+}
+
+void reportProgress(double done, bool&)
+{
+    // A caller that is gone has ended this process already.
+    [[maybe_unused]] auto const written = write(ReaderProgress, &done, sizeof done);
+}
+
+bool writeAll(int descriptor, std::string_view bytes)
+{
+    while (!bytes.empty()) {
+        auto const written = write(descriptor, bytes.data(), bytes.size());
+        if (written <= 0) return false;
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+} // namespace
+
+int serveRead(int count, char const* const* arguments)
+{
+    enum Position { Path = 1, Graphical, Names, Occurrences, Exact, Processors, Bytes, Parent, Count };
+    if (count != Count) return 1;
+    rlimit const noCore{0, 0};
+    setrlimit(RLIMIT_CORE, &noCore);
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (static_cast<std::uint64_t>(getppid()) != numberOf(arguments[Parent])) return 1;
+    if (auto const bytes = numberOf(arguments[Bytes])) {
+        rlimit const limit{bytes, bytes};
+        setrlimit(RLIMIT_AS, &limit);
+    }
+    try {
+        ReadRequest request;
+        request.path = arguments[Path];
+        request.graphical = numberOf(arguments[Graphical]) != 0;
+        request.persistentNames = numberOf(arguments[Names]) != 0;
+        request.occurrenceData = numberOf(arguments[Occurrences]) != 0;
+        request.exactShapes = numberOf(arguments[Exact]) != 0;
+        request.processors =
+            static_cast<unsigned>(std::clamp<std::uint64_t>(numberOf(arguments[Processors]), 1, 256));
+        request.progress = reportProgress;
+        auto const source = SourceFile::Open(request.path.wstring().c_str());
+        auto const* const reader = ReaderRegistry::BuiltIn().Find(source.head, source.extension);
+        if (!reader) return 1;
+        ZELProductStructure model;
+        auto const result = reader->Read(request, model);
+        return writeAll(ReaderResult, packModel(result, model)) ? 0 : 1;
+    } catch (std::bad_alloc const&) {
+        return ReaderOutOfMemory;
+    }
+}
+} // namespace NarMetaInfra

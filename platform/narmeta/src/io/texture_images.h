@@ -1,0 +1,20 @@
+#pragma once
+
+#include <narmeta/visu/TextureImage.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+class QByteArray;
+
+namespace NarMetaInfra
+{
+/// Pixels of an encoded image (PNG, JPEG, ... whatever Qt reads) as RGBA, the top row first; null if it can't
+/// be decoded or has more than 2^26 pixels.
+std::shared_ptr<NarMetaVisu::TextureImage> decodeImage(QByteArray const& encoded);
+
+/// A grey image of one channel (0 red, 1 green, 2 blue) of an RGBA one.
+std::shared_ptr<NarMetaVisu::TextureImage> channelOf(NarMetaVisu::TextureImage const& image, int channel,
+                                                     bool inverted = false);
+} // namespace NarMetaInfra
