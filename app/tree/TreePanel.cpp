@@ -46,7 +46,6 @@ TreePanel::TreePanel(HostTree& tree, QWidget* parent)
     column->addLayout(row);
     column->addWidget(View);
     setTabOrder(Field, View);
-    setFocusProxy(View);
 
     connect(Field, &QLineEdit::textChanged, this, &TreePanel::search);
     connect(View->selectionModel(), &QItemSelectionModel::currentChanged, this,

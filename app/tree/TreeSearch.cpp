@@ -27,7 +27,7 @@ void TreeSearch::collect(TreeModel const& model)
 std::vector<TreeModel::Position> TreeSearch::find(TreeModel const& model, QString const& text)
 {
     std::vector<TreeModel::Position> found;
-    if (text.isEmpty()) return found;
+    if (text.isEmpty() || text.contains(u'\n')) return found; // no name has a line feed
     if (Ends.empty()) collect(model);
     QString const sought = text.toCaseFolded();
     for (qsizetype at = Folded.indexOf(sought); at >= 0;) {

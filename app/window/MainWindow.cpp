@@ -105,9 +105,9 @@ void MainWindow::makeActions()
 
 void MainWindow::makeMenus()
 {
-    auto* const bar = addToolBar(tr("Tools"));
+    auto* const bar = addToolBar(tr("Tool bar"));
     bar->setObjectName(QStringLiteral("tools"));
-    bar->setAccessibleName(tr("Tools"));
+    bar->setAccessibleName(tr("Tool bar"));
     std::map<Menu, QMenu*> menus;
     for (CommandRow const& row : commandTable()) {
         QMenu*& menu = menus[row.menu];

@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QMessageBox>
 
+#include <clocale>
 #include <unistd.h>
 
 namespace zelview
@@ -35,6 +36,8 @@ ExitCode runWindow(Options const& options, Console const& console)
     std::string name = "zelview";
     char* words[] = {name.data(), nullptr};
     QApplication application(count, words);
+    // Qt takes the user's locale, in which readers would meet numbers with commas and names they cannot narrow.
+    std::setlocale(LC_ALL, "C.UTF-8");
     QApplication::setApplicationName(QStringLiteral("zelview"));
     QApplication::setApplicationVersion(QStringLiteral(ZEL_VERSION));
     QGuiApplication::setDesktopFileName(QStringLiteral("zelview"));

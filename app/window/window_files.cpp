@@ -7,6 +7,7 @@
 #include "TreePanel.h"
 #include "panels.h"
 
+#include <QCoreApplication>
 #include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -143,10 +144,14 @@ void MainWindow::finished(LoadRequest const& request, std::shared_ptr<OpenDocume
             Tabs->addTab(tab, name);
         }
         Tabs->setCurrentWidget(tab);
-        Pages->setCurrentWidget(Tabs); // a view needs its size before it fits the model into it
+        Pages->setCurrentWidget(Tabs);
+        // A view needs its size before it fits the model into it, and the first one of a process chooses its
+        // camera when it is painted.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+        tab->view().GetWidget()->repaint();
         shown = tab->show(document, again);
         if (shown) {
-            tab->applySettings();
+            tab->view().UpdateBackgroundColors(); // a new view starts with those of the program
             if (!again) tab->apply(Given.view);
             Tabs->setTabText(Tabs->indexOf(tab), name);
             Tabs->setTabToolTip(Tabs->indexOf(tab), request.path);

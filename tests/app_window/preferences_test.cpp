@@ -1,13 +1,12 @@
 // The preferences: one editor for each setting, at work at once; and what becomes of a damaged file.
 
 #include "PreferencesDialog.h"
+#include "test_application.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QFile>
 #include <QSignalSpy>
 #include <QSpinBox>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -16,6 +15,7 @@ using ZELVizCore::Settings;
 
 TEST(Preferences, everySettingHasAnEditorThatWorksAtOnce)
 {
+    needApplication();
     Settings::Current() = Settings();
     WindowPreferences window;
     PreferencesDialog dialog(window);
@@ -39,6 +39,7 @@ TEST(Preferences, everySettingHasAnEditorThatWorksAtOnce)
 
 TEST(Preferences, aDamagedFileIsKeptAsideAndTheRestHolds)
 {
+    needApplication();
     QString const path = QString::fromStdWString(Settings::FilePath());
     ASSERT_FALSE(path.isEmpty());
     WindowPreferences().setTheme(ThemeChoice::Dark);

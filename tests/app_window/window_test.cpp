@@ -4,6 +4,7 @@
 #include "MainWindow.h"
 #include "TreePanel.h"
 #include "panels.h"
+#include "test_application.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -35,25 +36,6 @@ using testing::ElementsAre;
 namespace
 {
 
-/// The one application of this program, on no screen and with a home of its own.
-QTemporaryDir& home()
-{
-    static QTemporaryDir folder;
-    static bool const prepared = [] {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        qputenv("ZELVIEW_LIBRARY_PATH", ZEL_STAND_IN_FOLDER);
-        for (char const* variable : {"XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DATA_HOME", "HOME"})
-            qputenv(variable, folder.path().toUtf8());
-        return true;
-    }();
-    static int count = 1;
-    static char name[] = "test_app_window";
-    static char* words[] = {name, nullptr};
-    static QApplication const application(count, words);
-    (void)prepared;
-    return folder;
-}
-
 std::vector<std::string> calls()
 {
     std::vector<std::string> list;
@@ -66,7 +48,7 @@ class Window : public testing::Test
 protected:
     Window()
     {
-        home();
+        needApplication();
         qApp->setProperty("calls", QStringList());
         QFile::remove(QString::fromStdWString(ZELVizCore::Settings::FilePath()));
         ZELVizCore::Settings::Current() = ZELVizCore::Settings();
@@ -83,6 +65,8 @@ protected:
         Shown.reset();
         Shown = std::make_unique<MainWindow>(*Loaded, MainWindow::Start{view, true});
         Shown->show();
+        Shown->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(Shown.get()));
     }
 
     QString write(QString const& name, QByteArray const& words) const

@@ -1,6 +1,5 @@
 #include "StandInView.h"
 
-
 #include <mora/APluginFactory.h>
 
 #include <cstdlib>
