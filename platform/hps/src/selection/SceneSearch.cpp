@@ -68,8 +68,10 @@ template <class Enter, class Use> void SceneSearch::descend(SearchTop const& top
         Visit const visit = std::move(open.back());
         open.pop_back();
         SegmentRecord const& segment = *visit.segment;
-        Place place{segment, scene_.fold.step(visit.above, segment), index.of(segment),
-                    steps_.add(segment.slot, visit.step), *visit.sections};
+        Place place{segment,           scene_.fold.step(visit.above, segment),
+                    index.of(segment), steps_.add(segment.slot, visit.step),
+                    *visit.sections,   lineReach_,
+                    markReach_};
         Mat4 const toWorld = wide(place.net.matrix);
         std::vector<CutSection> const* below = visit.sections;
         if (place.entry.sections)
@@ -81,6 +83,7 @@ template <class Enter, class Use> void SceneSearch::descend(SearchTop const& top
                 if (look.sectionsCutBelow) below = &own;
             }
         local_.enter(toWorld, place.sections);
+        findReach(place);
 
         auto goTo = [&](SegmentRecord const& next, NetAttributes const& net, std::uint32_t step) {
             if (!index.of(next).window)
@@ -100,13 +103,13 @@ template <class Enter, class Use> void SceneSearch::descend(SearchTop const& top
         };
         auto const& parts = place.entry.parts;
         auto visitBounded = [&](std::uint32_t i) {
-            if (enter(index.boxOf(parts[i]), index.contentOf(parts[i]))) visitPart(parts[i]);
+            if (enter(index.boxOf(parts[i]), index.contentOf(parts[i]), place)) visitPart(parts[i]);
         };
         if (!place.entry.tree)
             for (std::uint32_t i = 0; i < place.entry.bounded; ++i) visitBounded(i);
         else
             place.entry.tree->visit(
-                0, [&](Box const& box, int) { return enter(box, place.entry.content); },
+                0, [&](Box const& box, int) { return enter(box, place.entry.content, place); },
                 [&](std::uint32_t i, int) { visitBounded(i); });
         for (std::size_t i = place.entry.bounded; i < parts.size(); ++i) visitPart(parts[i]);
     }
@@ -114,8 +117,8 @@ template <class Enter, class Use> void SceneSearch::descend(SearchTop const& top
 
 void SceneSearch::run(SearchTop const& top, std::vector<SearchTop>& windows, Take const& take)
 {
-    auto enter = [&](Box const& box, std::uint8_t content) {
-        auto const& planes = local_.planes((content & HasMarkers) != 0 ? markReach_ : lineReach_);
+    auto enter = [&](Box const& box, std::uint8_t content, Place const& place) {
+        auto const& planes = local_.planes(reachOf(content, place));
         PlaneMask mask = allOf(planes);
         return reaches(box, planes, mask);
     };
@@ -135,7 +138,7 @@ void SceneSearch::run(SearchTop const& top, std::vector<SearchTop>& windows, Tak
 std::optional<SceneSearch::NearestFace> SceneSearch::nearestFace(SearchTop const& top)
 {
     std::optional<NearestFace> nearest;
-    auto enter = [&](Box const& box, std::uint8_t content) {
+    auto enter = [&](Box const& box, std::uint8_t content, Place const&) {
         if ((content & HasFaces) == 0 || !local_.ray()) return false;
         return (!nearest || leastOf(local_.depth(), box) < nearest->depth) && meets(*local_.ray(), box);
     };
@@ -170,6 +173,27 @@ double SceneSearch::reachOf(Look::Stroke const& stroke, double most) const
         size *= frame.height();
     // A hair's breadth is drawn, but not found beside its place.
     return std::min(options_.proximity + (size > 1 ? size / 2 : 0), most);
+}
+
+void SceneSearch::findReach(Place& place)
+{
+    Look const& look = scene_.looks.of(place.net.state).pickable;
+    auto isOfScreen = [](Look::Stroke const& stroke) {
+        return !stroke.inObject && (stroke.flags & (render::SizeInWorld | render::SizeInWindow)) == 0;
+    };
+    // Of what is not seen here sizes are not worked out, and those of the world look larger somewhere below.
+    if (!look.anything() || !isOfScreen(look.line) || !isOfScreen(look.edge) || !isOfScreen(look.marker))
+        return;
+    place.lineReach = std::max(reachOf(look.line, lineReach_), reachOf(look.edge, lineReach_));
+    place.markReach = std::max(reachOf(look.marker, markReach_), place.lineReach);
+}
+
+double SceneSearch::reachOf(std::uint8_t content, Place const& place) const
+{
+    bool const marks = (content & HasMarkers) != 0, vertices = (content & HasFaces) != 0;
+    if ((content & SetsSizes) != 0) return marks ? markReach_ : lineReach_;
+    if (marks) return place.markReach;
+    return vertices ? std::min(place.markReach, lineReach_) : place.lineReach;
 }
 
 // All that stands in a segment by itself is drawn together, or not at all.

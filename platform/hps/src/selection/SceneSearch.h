@@ -59,9 +59,12 @@ private:
         SegmentIndex::Entry const& entry;
         std::uint32_t step;
         std::span<CutSection const> sections; ///< that cut what stands here, in the world
+        /// Pixels that lines, and marks, may lie beside the place asked about; nothing below that sets sizes
+        /// counts here.
+        double lineReach, markReach;
     };
-    /// enter(box, content) tells whether a box matters; use(geometry, place) is called for what stands in
-    /// one.
+    /// enter(box, content, place) tells whether a box matters; use(geometry, place) is called for what stands
+    /// in one.
     template <class Enter, class Use>
     void descend(SearchTop const& top, std::vector<SearchTop>* windows, Enter const& enter, Use const& use);
 
@@ -69,6 +72,8 @@ private:
     void note(std::optional<Found>& found, Kind kind, Meeting const& meeting) const;
     void addParts(SelectionParts& parts, Kind kind, PickShape const& shape, Meeting& meeting) const;
     double reachOf(render::Look::Stroke const& stroke, double most) const;
+    double reachOf(std::uint8_t content, Place const& place) const;
+    void findReach(Place& place);
     bool isTooSmall(Place const& place, PickLook const& look) const;
 
     PickScene& scene_;

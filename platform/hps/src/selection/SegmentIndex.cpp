@@ -30,6 +30,13 @@ bool isWindow(SegmentRecord const& segment)
     return valuesOf<SubwindowData>(segment.kit(KitKind::Subwindow)).subwindow.has_value();
 }
 
+bool mayChangeSizes(SegmentRecord const& segment)
+{
+    bool const byStyles = segment.extras && !segment.extras->styles.empty();
+    return byStyles || segment.kit(KitKind::LineAttribute) != nullptr ||
+           segment.kit(KitKind::EdgeAttribute) != nullptr || segment.kit(KitKind::MarkerAttribute) != nullptr;
+}
+
 std::uint8_t contentOfGeometry(GeometryRecord const& geometry)
 {
     auto const* const shown = render::shownBy(geometry).geometry;
@@ -104,7 +111,10 @@ std::uint8_t SegmentIndex::contentOf(SlotIndex part) const
     auto const* const segment = segmentOf(part);
     if (segment == nullptr) return 0;
     Entry const& entry = *entries_[segment->slot];
-    return entry.window ? std::uint8_t(HasBoundless) : entry.content;
+    if (entry.window) return HasBoundless;
+    // What a filter holds back of an include takes its default again.
+    bool const sizes = entry.setsSizes || store().filterOf(part) != nullptr;
+    return std::uint8_t(entry.content | (sizes && entry.content != 0 ? SetsSizes : 0));
 }
 
 void SegmentIndex::compute(SegmentRecord const& segment, Entry& entry)
@@ -113,6 +123,7 @@ void SegmentIndex::compute(SegmentRecord const& segment, Entry& entry)
     entry.content = 0;
     entry.sections = false;
     entry.window = isWindow(segment);
+    entry.setsSizes = mayChangeSizes(segment);
     auto add = [&](SlotIndex part, std::uint8_t content) {
         if (content == 0) return;
         entry.content |= content;
@@ -176,9 +187,10 @@ void SegmentIndex::apply(std::span<ChangeMark const> marks)
         auto const* const segment = store().at<SegmentRecord>(mark.slot);
         if (segment == nullptr) continue;
         bool const known = mark.slot < entries_.size() && entries_[mark.slot] != nullptr;
-        if (has(mark.changes, Change::Structure) || (has(mark.changes, Change::Attributes) && known &&
-                                                     entries_[mark.slot]->window != isWindow(*segment)))
-            forget(*segment);
+        bool const otherwise = known && has(mark.changes, Change::Attributes | Change::Styles) &&
+                               (entries_[mark.slot]->window != isWindow(*segment) ||
+                                entries_[mark.slot]->setsSizes != mayChangeSizes(*segment));
+        if (has(mark.changes, Change::Structure) || otherwise) forget(*segment);
         if (has(mark.changes, Change::Matrix))
             forEachAbove(*segment, [&](SegmentRecord const& above) { forget(above); });
     }

@@ -14,6 +14,7 @@ enum Content : std::uint8_t {
     HasLines = 2,
     HasMarkers = 4,
     HasBoundless = 8, ///< may be anywhere, whatever boxes say: texts, lines without end, subwindows
+    SetsSizes = 16,   ///< says how wide lines and markers are drawn
 };
 
 /// For every segment what stands directly in it, with a hierarchy of boxes: its geometry, its children and
@@ -26,8 +27,9 @@ public:
         Box bounds; ///< of all but what is boundless
         std::uint8_t content = 0;
         bool known = false;
-        bool sections = false; ///< the segment's own geometry has cutting sections
-        bool window = false;   ///< is a part of the window of its own
+        bool sections = false;  ///< the segment's own geometry has cutting sections
+        bool window = false;    ///< is a part of the window of its own
+        bool setsSizes = false; ///< the segment itself, or may by a style
         std::uint32_t bounded = 0;
         std::vector<scene::SlotIndex>
             parts;                     ///< geometry, children, includes; from `bounded` on the boundless
