@@ -39,9 +39,10 @@ public:
     }
 
     /// enter(box, state) tells whether anything in the box matters and may change `state`, which then holds
-    /// for all within; use(item, state) is called for the items of boxes that were entered.
-    template <class State, class Enter, class Use>
-    void visit(State const& start, Enter const& enter, Use const& use) const
+    /// for all within; use(item, state) is called for the items of boxes that were entered. Of boxes side by
+    /// side those with the lowest rank(box) come first.
+    template <class State, class Enter, class Use, class Rank>
+    void visit(State const& start, Enter const& enter, Use const& use, Rank const& rank) const
     {
         struct Step {
             std::uint32_t level, box;
@@ -61,8 +62,20 @@ public:
             }
             std::uint32_t const below = step.level - 1;
             std::uint32_t const end = std::min(boxesIn(below), (step.box + 1) * fanOut);
-            for (std::uint32_t i = end; i-- > step.box * fanOut;) open[count++] = {below, i, step.state};
+            std::array<std::pair<double, std::uint32_t>, fanOut> next;
+            std::size_t found = 0;
+            for (std::uint32_t i = step.box * fanOut; i < end; ++i)
+                next[found++] = {rank(boxes_[firstOf_[below] + i]), i};
+            std::sort(next.begin(), next.begin() + std::ptrdiff_t(found));
+            while (found > 0) open[count++] = {below, next[--found].second, step.state};
         }
+    }
+
+    /// In the order in which the items lie along the curve.
+    template <class State, class Enter, class Use>
+    void visit(State const& start, Enter const& enter, Use const& use) const
+    {
+        visit(start, enter, use, [](Box const&) { return 0.0; });
     }
 
 private:

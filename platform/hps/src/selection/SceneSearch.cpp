@@ -72,7 +72,8 @@ template <class Enter, class Use> void SceneSearch::descend(SearchTop const& top
                     index.of(segment), steps_.add(segment.slot, visit.step),
                     *visit.sections,   lineReach_,
                     markReach_};
-        // Nothing is found otherwise for another camera; so one that moves leaves all states below as they are.
+        // Nothing is found otherwise for another camera; so one that moves leaves all states below as they
+        // are.
         if (place.net.state->block(KitKind::Camera) != nullptr)
             place.net.state = scene_.fold.without(place.net.state, KitKind::Camera);
         Mat4 const toWorld = wide(place.net.matrix);

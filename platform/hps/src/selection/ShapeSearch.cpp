@@ -37,7 +37,9 @@ double ShapeSearch::bound(Meeting const& meeting) const
 template <class Enter, class Use>
 void ShapeSearch::forEach(PickShape const& shape, Enter const& enter, Use const& use) const
 {
-    if (BoxTree const* const tree = shape.tree()) return tree->visit(~PlaneMask(0), enter, use);
+    if (BoxTree const* const tree = shape.tree())
+        return tree->visit(~PlaneMask(0), enter, use,
+                           [&](Box const& box) { return local_.depth().at(box.centre()); });
     for (std::uint32_t i = 0; i < shape.count(); ++i) use(i, ~PlaneMask(0));
 }
 
@@ -67,13 +69,17 @@ bool ShapeSearch::isUnseen(FoundEdge const& edge, Vec3 const& place) const
     return first == second;
 }
 
-void ShapeSearch::add(Meeting& meeting, std::uint32_t element, Convex const& piece, double reach) const
+void ShapeSearch::add(Meeting& meeting, std::uint32_t element, std::span<Vec3 const> corners,
+                      double reach) const
 {
+    double const limit = bound(meeting);
+    if (std::all_of(corners.begin(), corners.end(),
+                    [&](Vec3 const& corner) { return local_.depth().at(corner) >= limit; }))
+        return;
     Probe const& probe = local_.probe();
-    std::array<Vec3, Convex::most> corners;
-    std::size_t const count = piece.corners().size();
-    for (std::size_t i = 0; i < count; ++i) corners[i] = transformPoint(piece.corners()[i], local_.toWorld());
-    std::span<Vec3 const> const world(corners.data(), count);
+    for (std::size_t i = 0; i < corners.size(); ++i)
+        inWorld_[i] = transformPoint(corners[i], local_.toWorld());
+    std::span<Vec3 const> const world(inWorld_.data(), corners.size());
     Vec3 const place = probe.placeOn(world);
     double const depth = probe.depth().at(place);
     bool const round = probe.ray().has_value() && reach > 0;
@@ -92,14 +98,18 @@ void ShapeSearch::add(Meeting& meeting, std::uint32_t element, Convex const& pie
     meeting.any = true;
 }
 
-void ShapeSearch::meet(Meeting& meeting, std::uint32_t element, Convex piece,
+void ShapeSearch::meet(Meeting& meeting, std::uint32_t element, std::span<Vec3 const> corners,
                        std::vector<CutPlane> const& planes, PlaneMask mask, double reach) const
 {
     mask &= allOf(planes);
+    if (mask == 0 && local_.sections().empty()) return add(meeting, element, corners, reach);
+    Convex piece;
+    for (Vec3 const& corner : corners) piece.add(corner);
     for (std::size_t i = 0; mask != 0 && !piece.empty(); ++i, mask >>= 1)
         if ((mask & 1) != 0) piece.clip(planes[i]);
     if (piece.empty()) return;
-    forEachKept(piece, local_.sections(), [&](Convex const& kept) { add(meeting, element, kept, reach); });
+    forEachKept(piece, local_.sections(),
+                [&](Convex const& kept) { add(meeting, element, kept.corners(), reach); });
 }
 
 Meeting ShapeSearch::faces(PickShape const& triangles, FaceCulling const& culling) const
@@ -125,13 +135,13 @@ Meeting ShapeSearch::faces(PickShape const& triangles, FaceCulling const& cullin
                 mask &= allOf(planes);
                 if (!reaches(box, planes, mask)) return;
             }
-            if (!isLeftOut(triangles, t, culling)) meet(meeting, t, {a, b, c}, planes, mask, 0);
+            if (!isLeftOut(triangles, t, culling)) meet(meeting, t, std::array{a, b, c}, planes, mask, 0);
             return;
         }
         auto const at = crossing(*ray, a, b, c);
         if (!at || isLeftOut(triangles, t, culling) || !isKept(local_.sections(), *at)) return;
         if (!local_.probe().isSeen(transformPoint(*at, local_.toWorld()))) return;
-        add(meeting, t, {*at}, 0);
+        add(meeting, t, std::array{*at}, 0);
     };
     forEach(triangles, enter, use);
     return meeting;
@@ -147,9 +157,9 @@ Meeting ShapeSearch::strokes(PickShape const& shape, double reach) const
     };
     auto use = [&](std::uint32_t i, PlaneMask mask) {
         Vec3 const from = wide(shape.corner(i, 0));
-        if (shape.cornersEach() == 1) return meet(meeting, i, {from}, planes, mask, reach);
+        if (shape.cornersEach() == 1) return meet(meeting, i, std::array{from}, planes, mask, reach);
         if (FoundEdge const* const edge = shape.viewEdge(i); edge != nullptr && isUnseen(*edge, from)) return;
-        meet(meeting, i, {from, wide(shape.corner(i, 1))}, planes, mask, reach);
+        meet(meeting, i, std::array{from, wide(shape.corner(i, 1))}, planes, mask, reach);
     };
     forEach(shape, enter, use);
     return meeting;
@@ -159,7 +169,7 @@ Meeting ShapeSearch::point(Vec3 const& place, double reach) const
 {
     Meeting meeting;
     auto const& planes = local_.planes(reach);
-    meet(meeting, 0, {place}, planes, allOf(planes), reach);
+    meet(meeting, 0, std::array{place}, planes, allOf(planes), reach);
     return meeting;
 }
 
@@ -182,7 +192,8 @@ Meeting ShapeSearch::endlessLine(Vec3 const& first, Vec3 const& second, bool ray
     to = std::min(to, farOut);
     Meeting meeting;
     if (from <= to)
-        meet(meeting, 0, {first + (second - first) * from, first + (second - first) * to}, planes, 0, reach);
+        meet(meeting, 0, std::array{first + (second - first) * from, first + (second - first) * to}, planes,
+             0, reach);
     return meeting;
 }
 
@@ -192,14 +203,13 @@ Meeting ShapeSearch::polygon(std::span<Vec3 const> corners) const
     auto const& ray = local_.ray();
     auto const& planes = local_.planes(0);
     if (!ray) {
-        Convex whole;
-        for (Vec3 const& corner : corners) whole.add(corner);
-        meet(meeting, 0, whole, planes, allOf(planes), 0);
+        meet(meeting, 0, corners, planes, allOf(planes), 0);
         return meeting;
     }
     for (std::size_t i = 1; i + 1 < corners.size(); ++i)
         if (auto const at = crossing(*ray, corners[0], corners[i], corners[i + 1]))
-            if (isKept(local_.sections(), *at) && local_.probe().isSeen(*at)) add(meeting, 0, {*at}, 0);
+            if (isKept(local_.sections(), *at) && local_.probe().isSeen(*at))
+                add(meeting, 0, std::array{*at}, 0);
     return meeting;
 }
 

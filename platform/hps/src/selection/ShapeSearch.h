@@ -42,9 +42,9 @@ public:
 private:
     template <class Enter, class Use>
     void forEach(PickShape const& shape, Enter const& enter, Use const& use) const;
-    void meet(Meeting& meeting, std::uint32_t element, Convex piece, std::vector<CutPlane> const& planes,
-              PlaneMask mask, double reach) const;
-    void add(Meeting& meeting, std::uint32_t element, Convex const& piece, double reach) const;
+    void meet(Meeting& meeting, std::uint32_t element, std::span<Vec3 const> corners,
+              std::vector<CutPlane> const& planes, PlaneMask mask, double reach) const;
+    void add(Meeting& meeting, std::uint32_t element, std::span<Vec3 const> corners, double reach) const;
     bool isLeftOut(PickShape const& triangles, std::uint32_t triangle, FaceCulling const& culling) const;
     bool isUnseen(render::FoundEdge const& edge, Vec3 const& place) const;
     /// Nothing behind this can matter any more.
@@ -52,6 +52,7 @@ private:
 
     LocalProbe const& local_;
     MeetingWishes wishes_;
+    mutable std::array<Vec3, Convex::most> inWorld_; ///< work space
 };
 
 } // namespace HPS::selection
