@@ -45,6 +45,9 @@ SceneSearch::SceneSearch(PickScene& scene, PickOptions const& options, Probe con
       inReference_(probe),
       inWorld_(probe),
       wishes_{options.sorting == Selection::Sorting::Proximity, options.level == Selection::Level::Subentity},
+      single_(options.relatedLimit == 0 && options.algorithm == Selection::Algorithm::Analytic &&
+              (options.sorting == Selection::Sorting::ZSorting ||
+               options.sorting == Selection::Sorting::Default)),
       lineReach_(options.proximity + widestLine / 2),
       markReach_(options.proximity + widestMark / 2)
 {
@@ -59,14 +62,17 @@ template <class Enter, class Use> void SceneSearch::descend(SearchTop const& top
         NetAttributes above;
         std::uint32_t step;
         std::vector<CutSection> const* sections;
+        double least; ///< rank of anything there
     };
     SegmentIndex& index = scene_.index;
     index.of(*top.segment);
+    constexpr double lowest = std::numeric_limits<double>::lowest();
     std::deque<std::vector<CutSection>> kept; // sets of sections that visits refer to
-    std::vector<Visit> open{{top.segment, top.above, top.step, &top.sections}};
+    std::vector<Visit> open{{top.segment, top.above, top.step, &top.sections, lowest}};
     while (!open.empty()) {
         Visit const visit = std::move(open.back());
         open.pop_back();
+        if (visit.least >= best_) continue;
         SegmentRecord const& segment = *visit.segment;
         Place place{segment,           scene_.fold.step(visit.above, segment),
                     index.of(segment), steps_.add(segment.slot, visit.step),
@@ -89,9 +95,10 @@ template <class Enter, class Use> void SceneSearch::descend(SearchTop const& top
         local_.enter(toWorld, place.sections);
         findReach(place);
 
+        double least = lowest; // of the part that is visited
         auto goTo = [&](SegmentRecord const& next, NetAttributes const& net, std::uint32_t step) {
             if (!index.of(next).window)
-                open.push_back({&next, net, step, below});
+                open.push_back({&next, net, step, below, least});
             else if (windows != nullptr)
                 windows->push_back({&next, net, step, *below});
         };
@@ -107,14 +114,20 @@ template <class Enter, class Use> void SceneSearch::descend(SearchTop const& top
         };
         auto const& parts = place.entry.parts;
         auto visitBounded = [&](std::uint32_t i) {
-            if (enter(index.boxOf(parts[i]), index.contentOf(parts[i]), place)) visitPart(parts[i]);
+            Box const box = index.boxOf(parts[i]);
+            std::uint8_t const content = index.contentOf(parts[i]);
+            least = leastRank(box, content, place);
+            if (least < best_ && enter(box, content, place)) visitPart(parts[i]);
         };
         if (!place.entry.tree)
             for (std::uint32_t i = 0; i < place.entry.bounded; ++i) visitBounded(i);
         else
+            // What is left open last is visited first.
             place.entry.tree->visit(
                 0, [&](Box const& box, int) { return enter(box, place.entry.content, place); },
-                [&](std::uint32_t i, int) { visitBounded(i); });
+                [&](std::uint32_t i, int) { visitBounded(i); },
+                [&](Box const& box) { return -local_.depth().at(box.centre()); });
+        least = lowest;
         for (std::size_t i = place.entry.bounded; i < parts.size(); ++i) visitPart(parts[i]);
     }
 }
@@ -133,6 +146,7 @@ void SceneSearch::run(SearchTop const& top, std::vector<SearchTop>& windows, Tak
             found->segment = place.step;
             found->geometry = slot;
             found->overlay = look.placing.overlay != Drawing::Overlay::None;
+            if (single_) best_ = std::min(best_, found->first);
             take(std::move(*found));
         }
     };
@@ -181,7 +195,9 @@ double SceneSearch::reachOf(Look::Stroke const& stroke, double most) const
 
 void SceneSearch::findReach(Place& place)
 {
-    Look const& look = scene_.looks.of(place.net.state).pickable;
+    PickLook const& all = scene_.looks.of(place.net.state);
+    Look const& look = all.pickable;
+    place.overlay = all.placing.overlay != Drawing::Overlay::None;
     auto isOfScreen = [](Look::Stroke const& stroke) {
         return !stroke.inObject && (stroke.flags & (render::SizeInWorld | render::SizeInWindow)) == 0;
     };
@@ -195,7 +211,7 @@ void SceneSearch::findReach(Place& place)
 double SceneSearch::reachOf(std::uint8_t content, Place const& place) const
 {
     bool const marks = (content & HasMarkers) != 0, vertices = (content & HasFaces) != 0;
-    if ((content & SetsSizes) != 0) return marks ? markReach_ : lineReach_;
+    if ((content & DrawsOtherwise) != 0) return marks ? markReach_ : lineReach_;
     if (marks) return place.markReach;
     return vertices ? std::min(place.markReach, lineReach_) : place.lineReach;
 }
@@ -275,6 +291,24 @@ std::optional<Found> SceneSearch::meet(SlotIndex slot, Place const& place, PickL
     return found;
 }
 
+// As if it stood nearer by as much as faces rise over the place asked about, give or take.
+double SceneSearch::rankOf(Kind kind, double depth) const
+{
+    double const pixels = std::clamp(options_.proximity + local_.probe().halfSize(), 1.0, widestLine);
+    return depth - int(kind) * pixels * local_.probe().worldPerPixel(depth);
+}
+
+// Ranks rise with the depth but for eyes so near that a few pixels are a steep angle.
+double SceneSearch::leastRank(Box const& box, std::uint8_t content, Place const& place) const
+{
+    double const depth = leastOf(local_.depth(), box);
+    double const farther = 2 * std::abs(depth) + local_.probe().frame().depthAtTarget();
+    bool const isRising = rankOf(Kind::Mark, farther) > rankOf(Kind::Mark, depth);
+    if (!single_ || place.overlay || (content & DrawsOtherwise) != 0 || !isRising)
+        return std::numeric_limits<double>::lowest();
+    return options_.sorting == Selection::Sorting::Default ? rankOf(Kind::Mark, depth) : depth;
+}
+
 void SceneSearch::note(std::optional<Found>& found, Kind kind, Meeting const& meeting) const
 {
     if (!meeting.any) return;
@@ -292,13 +326,10 @@ void SceneSearch::note(std::optional<Found>& found, Kind kind, Meeting const& me
         met.first = meeting.distance;
         met.second = meeting.depth;
         break;
-    case Sorting::Default: {
-        // As if it stood nearer by as much as faces rise over the place asked about, give or take.
-        double const pixels = std::clamp(options_.proximity + local_.probe().halfSize(), 1.0, widestLine);
-        met.first -= int(kind) * pixels * local_.probe().worldPerPixel(meeting.depth);
+    case Sorting::Default:
+        met.first = rankOf(kind, meeting.depth);
         met.second = meeting.distance;
         break;
-    }
     }
     if (!found || std::tie(met.first, met.second) < std::tie(found->first, found->second)) {
         bool const anyArea = found && found->hasArea;

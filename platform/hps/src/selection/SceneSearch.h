@@ -62,6 +62,7 @@ private:
         /// Pixels that lines, and marks, may lie beside the place asked about; nothing below that sets sizes
         /// counts here.
         double lineReach, markReach;
+        bool overlay = false; ///< what stands here is drawn over the rest
     };
     /// enter(box, content, place) tells whether a box matters; use(geometry, place) is called for what stands
     /// in one.
@@ -74,6 +75,9 @@ private:
     double reachOf(render::Look::Stroke const& stroke, double most) const;
     double reachOf(std::uint8_t content, Place const& place) const;
     void findReach(Place& place);
+    /// The least that the rank of anything in a box can be; the lowest number where nobody knows.
+    double leastRank(Box const& box, std::uint8_t content, Place const& place) const;
+    double rankOf(Kind kind, double depth) const;
     bool isTooSmall(Place const& place, PickLook const& look) const;
 
     PickScene& scene_;
@@ -81,6 +85,8 @@ private:
     PathSteps& steps_;
     LocalProbe local_, inReference_, inWorld_;
     MeetingWishes wishes_;
+    bool single_;                                           ///< one result will do, the first by its rank
+    double best_ = std::numeric_limits<double>::infinity(); ///< its rank so far, if so
     double lineReach_,
         markReach_; ///< pixels that lines and marks may lie beside the place asked about, at most
 };

@@ -30,11 +30,13 @@ bool isWindow(SegmentRecord const& segment)
     return valuesOf<SubwindowData>(segment.kit(KitKind::Subwindow)).subwindow.has_value();
 }
 
-bool mayChangeSizes(SegmentRecord const& segment)
+bool mayDrawOtherwise(SegmentRecord const& segment)
 {
     bool const byStyles = segment.extras && !segment.extras->styles.empty();
     return byStyles || segment.kit(KitKind::LineAttribute) != nullptr ||
-           segment.kit(KitKind::EdgeAttribute) != nullptr || segment.kit(KitKind::MarkerAttribute) != nullptr;
+           segment.kit(KitKind::EdgeAttribute) != nullptr ||
+           segment.kit(KitKind::MarkerAttribute) != nullptr ||
+           segment.kit(KitKind::DrawingAttribute) != nullptr;
 }
 
 std::uint8_t contentOfGeometry(GeometryRecord const& geometry)
@@ -113,8 +115,8 @@ std::uint8_t SegmentIndex::contentOf(SlotIndex part) const
     Entry const& entry = *entries_[segment->slot];
     if (entry.window) return HasBoundless;
     // What a filter holds back of an include takes its default again.
-    bool const sizes = entry.setsSizes || store().filterOf(part) != nullptr;
-    return std::uint8_t(entry.content | (sizes && entry.content != 0 ? SetsSizes : 0));
+    bool const otherwise = entry.drawsOtherwise || store().filterOf(part) != nullptr;
+    return std::uint8_t(entry.content | (otherwise && entry.content != 0 ? DrawsOtherwise : 0));
 }
 
 void SegmentIndex::compute(SegmentRecord const& segment, Entry& entry)
@@ -123,7 +125,7 @@ void SegmentIndex::compute(SegmentRecord const& segment, Entry& entry)
     entry.content = 0;
     entry.sections = false;
     entry.window = isWindow(segment);
-    entry.setsSizes = mayChangeSizes(segment);
+    entry.drawsOtherwise = mayDrawOtherwise(segment);
     auto add = [&](SlotIndex part, std::uint8_t content) {
         if (content == 0) return;
         entry.content |= content;
@@ -189,7 +191,7 @@ void SegmentIndex::apply(std::span<ChangeMark const> marks)
         bool const known = mark.slot < entries_.size() && entries_[mark.slot] != nullptr;
         bool const otherwise = known && has(mark.changes, Change::Attributes | Change::Styles) &&
                                (entries_[mark.slot]->window != isWindow(*segment) ||
-                                entries_[mark.slot]->setsSizes != mayChangeSizes(*segment));
+                                entries_[mark.slot]->drawsOtherwise != mayDrawOtherwise(*segment));
         if (has(mark.changes, Change::Structure) || otherwise) forget(*segment);
         if (has(mark.changes, Change::Matrix))
             forEachAbove(*segment, [&](SegmentRecord const& above) { forget(above); });

@@ -13,8 +13,8 @@ enum Content : std::uint8_t {
     HasFaces = 1, ///< with their edges and vertices
     HasLines = 2,
     HasMarkers = 4,
-    HasBoundless = 8, ///< may be anywhere, whatever boxes say: texts, lines without end, subwindows
-    SetsSizes = 16,   ///< says how wide lines and markers are drawn
+    HasBoundless = 8,    ///< may be anywhere, whatever boxes say: texts, lines without end, subwindows
+    DrawsOtherwise = 16, ///< says how wide lines and markers are drawn, or that they are drawn over the rest
 };
 
 /// For every segment what stands directly in it, with a hierarchy of boxes: its geometry, its children and
@@ -27,9 +27,9 @@ public:
         Box bounds; ///< of all but what is boundless
         std::uint8_t content = 0;
         bool known = false;
-        bool sections = false;  ///< the segment's own geometry has cutting sections
-        bool window = false;    ///< is a part of the window of its own
-        bool setsSizes = false; ///< the segment itself, or may by a style
+        bool sections = false;       ///< the segment's own geometry has cutting sections
+        bool window = false;         ///< is a part of the window of its own
+        bool drawsOtherwise = false; ///< the segment itself, or may by a style
         std::uint32_t bounded = 0;
         std::vector<scene::SlotIndex>
             parts;                     ///< geometry, children, includes; from `bounded` on the boundless
