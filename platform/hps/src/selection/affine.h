@@ -1,7 +1,6 @@
 // What the selection needs of matrices beyond what the renderer does.
 #pragma once
-#include "linear.h"
-#include <hps/MatrixKit.h>
+#include "wide.h"
 #include <optional>
 
 namespace HPS::selection
@@ -10,14 +9,8 @@ namespace HPS::selection
 using render::Box;
 using render::Mat4;
 using render::operator*;
+using render::wide;
 using render::Vec3;
-
-inline Mat4 wide(MatrixKit const& matrix)
-{
-    Mat4 result;
-    std::copy_n(matrix.Data(), 16, result.begin());
-    return result;
-}
 
 template <class T> Vec3 wide(T const& p)
 {
