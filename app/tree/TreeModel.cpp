@@ -56,7 +56,7 @@ void TreeModel::setMarked(std::vector<Position> marked)
 {
     Marked.assign(marked.empty() ? 0 : Tree.Items().size(), false);
     for (Position const position : marked) Marked[static_cast<std::size_t>(position)] = true;
-    // A view that hears of more than one cell draws all that it shows again; nobody asks for the others.
+    // A row for all: whoever shows the tree draws it again anyway.
     if (int const rows = rowCount(); rows > 0)
         emit dataChanged(index(0, 0), index(rows - 1, ColumnCount - 1), {Qt::FontRole});
 }

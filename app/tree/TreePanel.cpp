@@ -70,8 +70,8 @@ TreePanel::TreePanel(HostTree& tree, QWidget* parent)
 void TreePanel::refresh()
 {
     QScopedValueRollback const quiet(Silent, true);
-    Search.clear();
     Model.refresh();
+    Search.collect(Model);
     View->expandToDepth(0);
     search(Field->text());
 }
@@ -93,8 +93,9 @@ void TreePanel::reveal(RenderId const& id)
 
 void TreePanel::search(QString const& text)
 {
-    Matches = Search.find(Model, text);
+    Matches = Search.find(text);
     Model.setMarked(Matches);
+    View->viewport()->update(); // a view looks only at the rows that it is told of
     Match = -1;
     goToMatch(1);
 }

@@ -5,15 +5,11 @@
 namespace zelview
 {
 
-void TreeSearch::clear()
-{
-    Folded.clear();
-    Ends.clear();
-}
-
 void TreeSearch::collect(TreeModel const& model)
 {
     constexpr qsizetype UsualName = 24;
+    Folded.clear();
+    Ends.clear();
     auto const count = static_cast<TreeModel::Position>(model.nodeCount());
     Folded.reserve(count * UsualName);
     Ends.reserve(model.nodeCount());
@@ -24,11 +20,10 @@ void TreeSearch::collect(TreeModel const& model)
     }
 }
 
-std::vector<TreeModel::Position> TreeSearch::find(TreeModel const& model, QString const& text)
+std::vector<TreeModel::Position> TreeSearch::find(QString const& text) const
 {
     std::vector<TreeModel::Position> found;
     if (text.isEmpty() || text.contains(u'\n')) return found; // no name has a line feed
-    if (Ends.empty()) collect(model);
     QString const sought = text.toCaseFolded();
     for (qsizetype at = Folded.indexOf(sought); at >= 0;) {
         auto const end = std::ranges::upper_bound(Ends, at);

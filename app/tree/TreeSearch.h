@@ -10,15 +10,13 @@ namespace zelview
 class TreeSearch
 {
 public:
-    /// Forgets the names; the next search collects those of the model.
-    void clear();
-
-    /// Positions in the order of the tree; none for an empty text.
-    std::vector<TreeModel::Position> find(TreeModel const& model, QString const& text);
-
-private:
+    /// Takes the names that the model has now.
     void collect(TreeModel const& model);
 
+    /// Positions in the order of the tree; none for an empty text.
+    std::vector<TreeModel::Position> find(QString const& text) const;
+
+private:
     QString Folded;              ///< all names, each behind a line feed
     std::vector<qsizetype> Ends; ///< of each name in Folded
 };

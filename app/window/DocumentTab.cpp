@@ -7,6 +7,7 @@
 #include <mora/ACamera.h>
 #include <mora/Settings.h>
 
+#include <QEvent>
 #include <QFileInfo>
 #include <QFrame>
 #include <QLabel>
@@ -41,6 +42,7 @@ DocumentTab::DocumentTab(Plugin& plugin, QWidget* parent)
     QWidget* const widget = View->GetWidget();
     widget->setAccessibleName(tr("3D view"));
     widget->setMinimumSize(64, 64);
+    widget->installEventFilter(this);
 
     auto* const again = new QPushButton(tr("Reload"));
     auto* const leave = new QPushButton(tr("Ignore"));
@@ -153,8 +155,24 @@ void DocumentTab::apply(ViewChoice const& choice)
     if (choice.mode) callView(rowOf(commandOf(*choice.mode)).viewSlot);
     if (choice.edges)
         if (auto* const options = View->GetRenderingOptions()) options->SetDisplayEdges(*choice.edges);
-    if (!choice.placesCamera() || !camera()) return;
+    if (Painted)
+        placeCamera(choice);
+    else
+        Waiting = choice;
+}
 
+bool DocumentTab::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Paint && !Painted) {
+        Painted = true;
+        QTimer::singleShot(0, this, [this] { placeCamera(Waiting); }); // behind the view's own handler
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void DocumentTab::placeCamera(ViewChoice const& choice)
+{
+    if (!choice.placesCamera() || !camera()) return;
     SceneBounds bounds;
     double x0 = 0, y0 = 0, z0 = 0, x1 = 0, y1 = 0, z1 = 0;
     if (View->GetBbox(x0, y0, z0, x1, y1, z1)) {

@@ -40,7 +40,8 @@ public:
     /// The tree beside the view; null without a document. Owned by this tab unless a parent took it.
     TreePanel* treePanel() const { return Panel; }
 
-    /// Camera, mode and edges as chosen.
+    /// Camera, mode and edges as chosen; the camera once the view was painted, because the first view of a
+    /// process then chooses one for itself.
     void apply(ViewChoice const& choice);
     /// The view takes the settings that are in force.
     void applySettings();
@@ -62,7 +63,11 @@ signals:
     void treeMenuWanted(ZELVizCore::RenderId const& id, QPoint const& globalPosition);
     void nodeChosen(ZELVizCore::RenderId const& id);
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
+    void placeCamera(ViewChoice const& choice);
     void makeTreePanel();
     void choose(ZELVizCore::RenderId const& id);
     void open(ZELVizCore::RenderId const& id);
@@ -72,6 +77,8 @@ private:
     std::unique_ptr<MoraCore::IView3DEvo> View;
     std::shared_ptr<OpenDocument> Current;
     TreePanel* Panel = nullptr;
+    ViewChoice Waiting; ///< for the first painting
+    bool Painted = false;
     QFrame* Offer; ///< hidden unless the file has changed
     QFileSystemWatcher Watcher;
     QTimer Settling; ///< a file that is being written changes many times

@@ -145,10 +145,8 @@ void MainWindow::finished(LoadRequest const& request, std::shared_ptr<OpenDocume
         }
         Tabs->setCurrentWidget(tab);
         Pages->setCurrentWidget(Tabs);
-        // A view needs its size before it fits the model into it, and the first one of a process chooses its
-        // camera when it is painted.
+        // A view needs its size before it fits the model into it.
         QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
-        tab->view().GetWidget()->repaint();
         shown = tab->show(document, again);
         if (shown) {
             tab->view().UpdateBackgroundColors(); // a new view starts with those of the program

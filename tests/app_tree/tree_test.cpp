@@ -194,9 +194,10 @@ TEST_F(Tree, aSearchKnowsNoCaseAndFindsEachNodeOnce)
     writeMachine(Host.GetTreeBuilder());
     TreeModel const model(Host.GetTreeBuilder());
     TreeSearch search;
+    search.collect(model);
     auto const found = [&](char const* text) {
         QStringList names;
-        for (TreeModel::Position const position : search.find(model, QString::fromUtf8(text)))
+        for (TreeModel::Position const position : search.find(QString::fromUtf8(text)))
             names << model.nameOf(position);
         return names;
     };
@@ -213,12 +214,13 @@ TEST_F(Tree, theSearchFindsTheSameAsASlowOneInALargeTree)
     writeLarge(Host.GetTreeBuilder(), 5000);
     TreeModel const model(Host.GetTreeBuilder());
     TreeSearch search;
+    search.collect(model);
     for (char const* text : {"7", "part number 49", "Group", "99", "x"}) {
         std::vector<TreeModel::Position> expected;
         for (std::size_t i = 1; i < model.nodeCount(); ++i)
             if (model.nameOf(static_cast<TreeModel::Position>(i)).contains(text, Qt::CaseInsensitive))
                 expected.push_back(static_cast<TreeModel::Position>(i));
-        EXPECT_EQ(search.find(model, text), expected) << text;
+        EXPECT_EQ(search.find(text), expected) << text;
     }
 }
 

@@ -27,6 +27,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 
 using namespace zelview;
@@ -313,7 +314,7 @@ TEST_F(Window, theChoiceOfTheCommandLineReachesTheView)
     choice.edges = false;
     remake(choice);
     ASSERT_TRUE(open({write("a.words", "parts 1")}));
-    EXPECT_THAT(calls(), Contains("camera 1 2 3"));
+    EXPECT_TRUE(QTest::qWaitFor([] { return std::ranges::count(calls(), "camera 1 2 3") == 1; }));
     EXPECT_THAT(calls(), Contains("OnModeWires"));
     EXPECT_FALSE(Shown->action(Command::ShowEdges)->isChecked());
     Shown->action(Command::ShowEdges)->trigger();
