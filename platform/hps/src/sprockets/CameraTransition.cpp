@@ -5,16 +5,9 @@ namespace HPS
 namespace
 {
 
+using render::as;
+using render::vec;
 using render::Vec3;
-
-template <class From> Vec3 vec(From const& from)
-{
-    return {from.x, from.y, from.z};
-}
-template <class To> To as(Vec3 const& v)
-{
-    return To(float(v.x), float(v.y), float(v.z));
-}
 
 double mixed(double a, double b, double t)
 {

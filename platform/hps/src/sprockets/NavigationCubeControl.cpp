@@ -9,17 +9,9 @@ namespace HPS
 namespace
 {
 
+using render::as;
+using render::vec;
 using render::Vec3;
-
-Vec3 vec(Vector const& v)
-{
-    return {v.x, v.y, v.z};
-}
-
-Vector vector(Vec3 const& v)
-{
-    return Vector(float(v.x), float(v.y), float(v.z));
-}
 
 /// A vector of the world in the axes of the cube.
 Vec3 inCube(CubeAxes const& axes, Vec3 const& v)
@@ -88,10 +80,10 @@ bool NavigationCubeControl::ComputeCamera(CubeRegion const& region, CameraKit& c
     auto const& [right, up, front] = cubeAxes(*view);
     Vec3 const back = normalised(
         right * double(region.right) + up * double(region.up) + front * double(region.front), front);
-    turned.SetPosition(target + vector(back) * float((position - target).Length()));
+    turned.SetPosition(target + as<Vector>(back) * float((position - target).Length()));
     // Seen from straight above, the front lies at the lower border of the window; from below at the upper.
     bool const steep = region.right == 0 && region.front == 0;
-    turned.SetUpVector(vector(steep ? front * double(-region.up) : up));
+    turned.SetUpVector(as<Vector>(steep ? front * double(-region.up) : up));
     camera = turned;
     return true;
 }

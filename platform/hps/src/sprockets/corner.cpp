@@ -9,16 +9,9 @@ namespace HPS
 namespace
 {
 
+using render::as;
+using render::vec;
 using render::Vec3;
-
-Vec3 vec(Vector const& v)
-{
-    return {v.x, v.y, v.z};
-}
-Vector vector(Vec3 const& v)
-{
-    return Vector(float(v.x), float(v.y), float(v.z));
-}
 
 bool isCube(ViewRecord const& view, CornerRecord const& corner)
 {
@@ -47,7 +40,7 @@ void follow(CornerRecord& corner, float field, CameraKit const& camera)
     corner.up = up;
     Vec3 const eye = normalised(vec(back), {0, 0, 1}) * 10;
     CameraKit turned;
-    turned.SetPosition(Point(vector(eye))).SetTarget(Point()).SetUpVector(up).SetField(field, field);
+    turned.SetPosition(Point(as<Vector>(eye))).SetTarget(Point()).SetUpVector(up).SetField(field, field);
     turned.SetProjection(Camera::Projection::Orthographic);
     corner.segment.SetCamera(turned);
 }

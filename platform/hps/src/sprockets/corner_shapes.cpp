@@ -7,12 +7,8 @@ namespace HPS
 namespace
 {
 
+using render::as;
 using render::Vec3;
-
-Point point(Vec3 const& v)
-{
-    return Point(float(v.x), float(v.y), float(v.z));
-}
 
 MaterialKitArray colours(std::initializer_list<RGBAColor> list)
 {
@@ -32,13 +28,13 @@ ShellKit arrow(Vec3 const& axis)
         for (int i = 0; i < sides; ++i) {
             double const angle = 2 * std::numbers::pi * i / sides;
             points.push_back(
-                point(axis * along + u * (radius * std::cos(angle)) + v * (radius * std::sin(angle))));
+                as<Point>(axis * along + u * (radius * std::cos(angle)) + v * (radius * std::sin(angle))));
         }
     };
     ring(shaft, 0);
     ring(shaft, neck);
     ring(head, neck);
-    points.push_back(point(axis));
+    points.push_back(as<Point>(axis));
     std::vector<int> faces;
     auto band = [&](int lower, int upper) {
         for (int i = 0; i < sides; ++i) {
@@ -136,7 +132,7 @@ void buildTriad(SegmentKey contents)
             .SetAlignment(Text::Alignment::Center)
             .SetTransform(Text::Transform::NonTransformable);
         segment.InsertShell(arrow(axis.direction));
-        segment.InsertText(point(axis.direction * 1.22), axis.name);
+        segment.InsertText(as<Point>(axis.direction * 1.22), axis.name);
     }
 }
 
@@ -155,7 +151,7 @@ void buildCube(SegmentKey contents, CornerRecords const& corners)
         std::vector<int> face{0};
         for (Vec3 const& corner : cubeOutline(regions[i])) {
             face.push_back(int(points.size()));
-            points.push_back(point(corner));
+            points.push_back(as<Point>(corner));
         }
         face[0] = int(points.size());
         segment.InsertShell(points, face);

@@ -7,23 +7,12 @@ namespace HPS
 namespace
 {
 
+using render::as;
+using render::vec;
 using render::Vec3;
 using render::VisibleExtent;
 
 constexpr double margin = 1.08;
-
-Vec3 vec(Vector const& v)
-{
-    return {v.x, v.y, v.z};
-}
-Vec3 vec(Point const& p)
-{
-    return {p.x, p.y, p.z};
-}
-Point point(Vec3 const& v)
-{
-    return Point(float(v.x), float(v.y), float(v.z));
-}
 
 /// The axes of a camera, and what stays of it when it moves.
 struct CameraAxes {
@@ -104,7 +93,7 @@ CameraKit defaultCamera(Vector const& up, Vector const& front)
     double const distance = 5;
     CameraKit kit;
     kit.SetTarget(Point(0, 0, 0));
-    kit.SetPosition(point(normalised(ahead + right + u, {1, 1, 1}) * distance));
+    kit.SetPosition(as<Point>(normalised(ahead + right + u, {1, 1, 1}) * distance));
     kit.SetUpVector(Vector(float(u.x), float(u.y), float(u.z)));
     kit.SetField(2, 2);
     kit.SetProjection(Camera::Projection::Orthographic);
@@ -131,8 +120,8 @@ CameraKit fittedCamera(CameraKit const& camera, VisibleExtent const& extent)
 
     Vec3 const target = view.right * framing.x + view.above * framing.y + view.back * depth;
     CameraKit fitted = camera;
-    fitted.SetTarget(point(target));
-    fitted.SetPosition(point(target + view.back * framing.distance));
+    fitted.SetTarget(as<Point>(target));
+    fitted.SetPosition(as<Point>(target + view.back * framing.distance));
     fitted.SetUpVector(Vector(float(view.above.x), float(view.above.y), float(view.above.z)));
     fitted.SetField(float(2 * margin * framing.halfWidth), float(2 * margin * framing.halfHeight));
     fitted.SetProjection(view.perspective ? Camera::Projection::Perspective

@@ -20,6 +20,16 @@ struct Vec3 {
     friend bool operator==(Vec3 const&, Vec3 const&) = default;
 };
 
+/// From a point or a vector of whatever precision, and back.
+template <class Triple> Vec3 vec(Triple const& t)
+{
+    return {t.x, t.y, t.z};
+}
+template <class Triple> Triple as(Vec3 const& v)
+{
+    return Triple(float(v.x), float(v.y), float(v.z));
+}
+
 inline double dot(Vec3 const& a, Vec3 const& b)
 {
     return a.x * b.x + a.y * b.y + a.z * b.z;

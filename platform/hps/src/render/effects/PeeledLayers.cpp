@@ -74,17 +74,20 @@ unsigned PeeledLayers::draw(Target const& target, PixelArea const& area, Transpa
     glDepthMask(GL_TRUE);
     glClearNamedFramebufferfv(gathered_.framebuffer(), GL_COLOR, 0, nothing);
     glClearNamedFramebufferfv(layers_[1].framebuffer(), GL_DEPTH, 0, &nearest);
-    unsigned drawn = 0;
-    bool more = true;
-    while (more && drawn < most) {
-        Surface const& layer = layers_[drawn % 2];
-        Surface const& before = layers_[(drawn + 1) % 2];
-        // What hides it for good is there from the start; of the rest the nearest remains.
+    // What hides a layer for good is there from the start, what was peeled off before it is not drawn.
+    auto begin = [&](Surface const& layer, Surface const& before) {
         layer.bind(area);
         target.blitTo(layer.framebuffer(), GL_DEPTH_BUFFER_BIT);
         glClearNamedFramebufferfv(layer.framebuffer(), GL_COLOR, 0, nothing);
         before.readDepth(peeledBinding);
         glEnable(GL_DEPTH_TEST);
+    };
+    unsigned drawn = 0;
+    bool more = true;
+    while (more && drawn < most) {
+        Surface const& layer = layers_[drawn % 2];
+        Surface const& before = layers_[(drawn + 1) % 2];
+        begin(layer, before); // of what is drawn the nearest remains
         glDepthMask(GL_TRUE);
         glDisable(GL_BLEND);
         draw();
@@ -94,11 +97,7 @@ unsigned PeeledLayers::draw(Target const& target, PixelArea const& area, Transpa
     if (more) { // what lies deeper than the last layer goes below it all, in whatever order it comes
         Surface const& last = layers_[(drawn + 1) % 2];
         Surface const& rest = layers_[drawn % 2];
-        rest.bind(area);
-        target.blitTo(rest.framebuffer(), GL_DEPTH_BUFFER_BIT);
-        glClearNamedFramebufferfv(rest.framebuffer(), GL_COLOR, 0, nothing);
-        last.readDepth(peeledBinding);
-        glEnable(GL_DEPTH_TEST);
+        begin(rest, last);
         glDepthMask(GL_FALSE);
         glEnable(GL_BLEND);
         glBlendFunc(GL_ONE_MINUS_DST_ALPHA, GL_ONE);

@@ -7,11 +7,6 @@ namespace HPS::render
 namespace
 {
 
-Vec3 vec(Point const& p)
-{
-    return {p.x, p.y, p.z};
-}
-
 /// Newell's normal: its length is twice the face's area, its direction the best for a face that is not quite
 /// flat.
 Vec3 newell(std::span<Point const> points, std::span<int const> corners)

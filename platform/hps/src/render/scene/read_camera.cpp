@@ -4,15 +4,6 @@
 
 namespace HPS::render
 {
-namespace
-{
-
-template <class Triple> Vec3 vec(Triple const& v)
-{
-    return {v.x, v.y, v.z};
-}
-
-} // namespace
 
 Camera readCamera(SceneSources const& sources)
 {

@@ -10,11 +10,6 @@ namespace HPS::render
 namespace
 {
 
-Vec3 vec(auto const& p)
-{
-    return {p.x, p.y, p.z};
-}
-
 bool shines(scene::NetAttributes const& net)
 {
     return net.state->get<VisibilityData>().shows(VisibilityKinds::FaceLights, true);
