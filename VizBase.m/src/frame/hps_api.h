@@ -10,6 +10,7 @@
 #include <hps/NavigationCubeControl.h>
 #include <hps/OrbitOperator.h>
 #include <hps/PanOperator.h>
+#include <hps/SelectOperator.h>
 #include <hps/SprocketPath.h>
 #include <hps/WindowKey.h>
 #include <hps/World.h>

@@ -2,6 +2,7 @@
 
 #include "SceneDefaults.h"
 #include "ViewDocument.h"
+#include "ZELHighlightOperator.h"
 #include "native_keys.h"
 
 #include <QPaintEvent>

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ZELOpConfigurator.h"
+#include "ZELSegmentTagger.h"
 #include "host_api.h"
 #include "hps_api.h"
 #include "message_handlers.h"
@@ -19,6 +20,7 @@ namespace ZelVizBase
 {
 
 class ViewDocument;
+class ZELHighlightOperator;
 
 /// The widget over a canvas of the scene library: window, default scene, camera and input of one view. It
 /// never paints through Qt; every change of the picture ends in `updateThis`. The host sees it as
@@ -106,6 +108,14 @@ public:
     void UnHighlight(HPS::KeyPath const& path);
     /// In the view and in the document's tree. `update`: draws at once.
     void UnHighlightAll(bool update);
+    /// Takes the operator that answers clicks off the stack, or puts it back. Like the two below it throws
+    /// std::logic_error if no configuration has had one yet.
+    void ToggleHighlightOp();
+    // Only kept here, for those who select.
+    HPS::SelectionResults const& GetActiveSelection() const { return ActiveSelection; }
+    void ClearActiveSelection() { ActiveSelection.Reset(); }
+    void SetActiveSelection(HPS::SelectionResults const& selection) { ActiveSelection = selection; }
+    void AppendActiveSelection(HPS::SelectionResults const& selection) { ActiveSelection.Union(selection); }
     bool SelectionIsSticky() const { return SelectionSticky; }
     void SelectionSetIsSticky(bool sticky) { SelectionSticky = sticky; }
     /// Hands the ids of what was clicked to the document's tree.
@@ -153,6 +163,11 @@ protected:
     /// Errors and warnings of the scene library go to the session's messages.
     void setupErrorWarningHandlers();
 
+    void enableHighlightOp();
+    void disableHighlightOp();
+    /// The nearest segment above a key that stands for a mesh, a PMI or the root of all PMI.
+    HPS::SegmentKey getParentKey(HPS::Key const& key, ZELSegmentTagger::TAG_TYPE& type) const;
+
     void setupCamera();
     void setupSceneDefaults();
     /// `first`: the visibility before it is not looked at.
@@ -170,6 +185,7 @@ private:
     void sendMouse(QMouseEvent const& event, HPS::MouseEvent::Action action, unsigned clickCount);
     void sendKey(QKeyEvent const& event, HPS::KeyboardEvent::Action action);
     HPS::WindowPoint windowPoint(double x, double y) const;
+    ZELHighlightOperator& highlightOperator() const;
     template <class Target> void highlight(Target const& target, bool clearFirst);
     template <class Target> void unHighlight(Target const& target);
     bool showVolume(HPS::SimpleSphere& sphere, HPS::SimpleCuboid& cuboid) const;
@@ -189,6 +205,7 @@ private:
     HPS::RGBAColor WindowColor, WindowContrastColor;
     ZELVizCore::RenderingOptions* Options = nullptr; ///< never deleted: hosts may hold on to them
     HPS::Selection::Level SelectionLevel = HPS::Selection::Level::Entity;
+    HPS::SelectionResults ActiveSelection;
     bool SelectionSticky = true;
     HPS::UTF8Array HideConditions; ///< in force on the view's segment
     HPS::SelectabilityKit SavedSelectability;
@@ -204,6 +221,7 @@ private:
     float GeometryRadius = 0;
     float GeometryCenter[3] = {0, 0, 0};
     HPS::SprocketPath ModelPath;
+    std::shared_ptr<ZELHighlightOperator> HighlightOperator; ///< shared with the stack
     std::unique_ptr<ZELVizCore::SelectionHolder> SelectionHolder;
 };
 
