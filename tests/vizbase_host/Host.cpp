@@ -1,5 +1,7 @@
 #include "Host.h"
 
+#include "CadDocument.h"
+
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QWheelEvent>
@@ -42,25 +44,20 @@ Host::Host()
     factory_->describe();
     nameDescribed = factory_->getName();
     factory_->load();
-    void* const documents = open(ZEL_DOCUMENTS);
-    createDocument_ = find<decltype(&CreateDocument)>(documents, "CreateDocument");
-    readViewPicture_ = find<decltype(&ReadViewPicture)>(documents, "ReadViewPicture");
 }
 
-std::unique_ptr<MoraCore::IDocumentEvo> Host::makeDocument() const
+std::unique_ptr<MoraCore::IDocumentEvo> makeDocument()
 {
-    return std::unique_ptr<MoraCore::IDocumentEvo>(createDocument_(nullptr));
+    return std::make_unique<ZelCad::CadDocument>();
 }
 
-QImage Host::picture(MoraCore::IView3DEvo& view) const
+QImage Window::picture() const
 {
-    QImage image;
-    auto const take = [](void* target, int width, int height, unsigned char const* pixels) {
-        *static_cast<QImage*>(target) =
-            QImage(pixels, width, height, 4 * width, QImage::Format_RGBX8888).copy();
-    };
-    readViewPicture_(view, take, &image);
-    return image;
+    HPS::Picture made;
+    auto const* const document = static_cast<ZelCad::CadDocument const*>(document_.get());
+    if (document == nullptr || !document->GetCanvas().ReadPixels(made)) return {};
+    return QImage(made.pixels.data(), made.width, made.height, 4 * made.width, QImage::Format_RGBX8888)
+        .copy();
 }
 
 Window::Window(std::string const& file)
@@ -69,7 +66,7 @@ Window::Window(std::string const& file)
     widget_.reset(view_->GetWidget());
     widget_->resize(width, height);
     if (!file.empty()) {
-        document_ = Host::instance().makeDocument();
+        document_ = makeDocument();
         view_->AttachDocument(document_.get());
         opened_ = document_->Open(std::wstring(file.begin(), file.end()).c_str());
     }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "document_entry.h"
-
 #include <QImage>
 #include <QWidget>
 #include <array>
@@ -20,9 +18,6 @@ public:
     static Host& instance();
 
     MoraCore::APluginFactory& factory() { return *factory_; }
-    std::unique_ptr<MoraCore::IDocumentEvo> makeDocument() const;
-    /// The picture that the view made last.
-    QImage picture(MoraCore::IView3DEvo& view) const;
 
     char const* type = nullptr;            ///< that the plug-in says it makes
     char const* name = nullptr;            ///< that it says it has
@@ -32,8 +27,6 @@ private:
     Host();
 
     std::unique_ptr<MoraCore::APluginFactory> factory_;
-    decltype(&CreateDocument) createDocument_ = nullptr;
-    decltype(&ReadViewPicture) readViewPicture_ = nullptr;
 };
 
 /// A document in a view in a window of its own.
@@ -50,7 +43,8 @@ public:
     MoraCore::ACamera& camera() { return *view_->GetCamera(); }
     MoraCore::IDocumentEvo& document() { return *document_; }
     QWidget& widget() { return *widget_; }
-    QImage picture() { return Host::instance().picture(*view_); }
+    /// That the view of a document made last; null without a document.
+    QImage picture() const;
     bool opened() const { return opened_; }
 
     void press(Qt::MouseButton button, QPointF const& at, Qt::KeyboardModifiers held = {});
@@ -76,6 +70,7 @@ struct Pose {
     Triple back() const;
 };
 
+std::unique_ptr<MoraCore::IDocumentEvo> makeDocument();
 /// The sample that lies in the repository.
 std::string sampleFile();
 /// Runs what waits in the application's queue, for so long.
