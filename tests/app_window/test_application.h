@@ -18,5 +18,6 @@ inline void needApplication()
     static int count = 1;
     static char name[] = "test_app_window";
     static char* words[] = {name, nullptr};
-    static QApplication const application(count, words);
+    // Stays: at exit Qt's own libraries may be gone before it.
+    [[maybe_unused]] static auto const* const application = new QApplication(count, words);
 }

@@ -15,6 +15,7 @@ class TaggedDocument : public TestDocument
 public:
     TaggedDocument();
     void DefineRenderIds(std::vector<unsigned long long>& ids) override { Told = ids; }
+    using TestDocument::UnHighlight;
     void UnHighlight() override { ++Cleared; }
 
     HPS::SegmentKey Instance, Mesh, PmiView, Pmi;

@@ -53,7 +53,8 @@ public:
     Rendering::Mode GetRenderingMode() const;
 
     // Switches the shadow on a plane for all that is below the view's segment. The plane is laid level under
-    // what is visible now, `offset` percent of its extent below it, and takes the light from straight above.
+    // what is visible now, `offset` percent of its height below it, or of its width for what is flat, and takes
+    // the light from straight above.
     // The rest of the shadow's attributes stays. With nothing visible the plane stays where it is.
     View& SetSimpleShadow(bool state, float offset = 5);
 

@@ -144,8 +144,12 @@ View& View::SetSimpleShadow(bool state, float offset)
     Vector up(0, 0, 1), front(1, 0, 0);
     record->model.ShowOrientation(up, front);
     render::Vec3 const way = render::normalised({up.x, up.y, up.z}, {0, 0, 1});
-    double const low = -extent.support(way * -1), high = extent.support(way);
-    double const level = low - 0.01 * offset * std::max(high - low, 0.0);
+    auto across = [&](render::Vec3 const& axis) { return extent.support(axis) + extent.support(axis * -1); };
+    double const height = across(way);
+    // A plane through what is flat would hide it.
+    double const size =
+        height > 0 ? height : std::max({across({1, 0, 0}), across({0, 1, 0}), across({0, 0, 1})});
+    double const level = -extent.support(way * -1) - 0.01 * offset * size;
     control.SetSimpleShadowPlane(Plane(float(way.x), float(way.y), float(way.z), float(-level)));
     control.SetSimpleShadowLightDirection(Vector(float(way.x), float(way.y), float(way.z)));
     return *this;
