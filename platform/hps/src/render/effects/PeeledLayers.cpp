@@ -67,16 +67,17 @@ unsigned PeeledLayers::draw(Target const& target, PixelArea const& area, Transpa
     for (Surface& layer : layers_) layer.resize(w, h, samples);
     gathered_.resize(w, h, samples);
     unsigned const enough = smallestArea(how, area);
+    PixelArea const drawnArea = grown(area, w, h);
     unsigned const most = std::clamp(how.layers, 1u, mostLayers);
 
-    gathered_.bind(area);
+    gathered_.bind(drawnArea);
     float const nothing[4] = {0, 0, 0, 0}, nearest = 0;
     glDepthMask(GL_TRUE);
     glClearNamedFramebufferfv(gathered_.framebuffer(), GL_COLOR, 0, nothing);
     glClearNamedFramebufferfv(layers_[1].framebuffer(), GL_DEPTH, 0, &nearest);
     // What hides a layer for good is there from the start, what was peeled off before it is not drawn.
     auto begin = [&](Surface const& layer, Surface const& before) {
-        layer.bind(area);
+        layer.bind(drawnArea);
         target.blitTo(layer.framebuffer(), GL_DEPTH_BUFFER_BIT);
         glClearNamedFramebufferfv(layer.framebuffer(), GL_COLOR, 0, nothing);
         before.readDepth(peeledBinding);
@@ -91,7 +92,7 @@ unsigned PeeledLayers::draw(Target const& target, PixelArea const& area, Transpa
         glDepthMask(GL_TRUE);
         glDisable(GL_BLEND);
         draw();
-        more = gather(layer, area, everySample, samples) > enough;
+        more = gather(layer, drawnArea, everySample, samples) > enough;
         ++drawn;
     }
     if (more) { // what lies deeper than the last layer goes below it all, in whatever order it comes
@@ -102,7 +103,7 @@ unsigned PeeledLayers::draw(Target const& target, PixelArea const& area, Transpa
         glEnable(GL_BLEND);
         glBlendFunc(GL_ONE_MINUS_DST_ALPHA, GL_ONE);
         draw();
-        gather(rest, area, everySample, samples);
+        gather(rest, drawnArea, everySample, samples);
     }
 
     Features features;

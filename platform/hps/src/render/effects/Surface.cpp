@@ -96,6 +96,14 @@ void Surface::readDepth(unsigned binding) const
     glBindTextureUnit(binding, depth_);
 }
 
+PixelArea grown(PixelArea const& area, int width, int height)
+{
+    constexpr int rim = 2;
+    int const left = std::max(area.x - rim, 0), low = std::max(area.y - rim, 0);
+    return {left, low, std::min(area.x + area.width + rim, width) - left,
+            std::min(area.y + area.height + rim, height) - low};
+}
+
 void bindWithin(Target const& target, PixelArea const& area)
 {
     target.bind();

@@ -47,6 +47,10 @@ private:
     std::vector<unsigned> colours_;
 };
 
+/// The area with a rim. Software rendering resolves the rim of a scissored area from too few samples, so that
+/// one is cleared and drawn but never shown.
+PixelArea grown(PixelArea const& area, int width, int height);
+
 /// A target, to be drawn into within an area.
 void bindWithin(Target const& target, PixelArea const& area);
 

@@ -1,25 +1,9 @@
 #include "WeightedBlend.h"
 #include "full_screen.h"
-#include <algorithm>
 #include <epoxy/gl.h>
 
 namespace HPS::render
 {
-
-namespace
-{
-
-/// Software rendering resolves the rim of a scissored area from too few samples, so that the rim is cleared
-/// and resolved but never shown.
-PixelArea grown(PixelArea const& area, int width, int height)
-{
-    constexpr int rim = 2;
-    int const left = std::max(area.x - rim, 0), low = std::max(area.y - rim, 0);
-    return {left, low, std::min(area.x + area.width + rim, width) - left,
-            std::min(area.y + area.height + rim, height) - low};
-}
-
-} // namespace
 
 WeightedBlend::WeightedBlend()
     : sums_({GL_RGBA16F, GL_R16F}, GL_DEPTH_COMPONENT24), resolved_({GL_RGBA16F, GL_R16F})
