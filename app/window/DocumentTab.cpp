@@ -155,23 +155,23 @@ void DocumentTab::apply(ViewChoice const& choice)
     if (choice.mode) callView(rowOf(commandOf(*choice.mode)).viewSlot);
     if (choice.edges)
         if (auto* const options = View->GetRenderingOptions()) options->SetDisplayEdges(*choice.edges);
-    if (Painted)
-        placeCamera(choice);
-    else
-        Waiting = choice;
+    Waiting = choice;
+    if (Painted) placeCamera();
 }
 
 bool DocumentTab::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Paint && !Painted) {
         Painted = true;
-        QTimer::singleShot(0, this, [this] { placeCamera(Waiting); }); // behind the view's own handler
+        QTimer::singleShot(0, this, [this] { placeCamera(); }); // behind the view's own handler
     }
     return QWidget::eventFilter(watched, event);
 }
 
-void DocumentTab::placeCamera(ViewChoice const& choice)
+void DocumentTab::placeCamera()
 {
+    fit();
+    ViewChoice const& choice = Waiting;
     if (!choice.placesCamera() || !camera()) return;
     SceneBounds bounds;
     double x0 = 0, y0 = 0, z0 = 0, x1 = 0, y1 = 0, z1 = 0;

@@ -67,7 +67,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void placeCamera(ViewChoice const& choice);
+    void placeCamera();
     void makeTreePanel();
     void choose(ZELVizCore::RenderId const& id);
     void open(ZELVizCore::RenderId const& id);
@@ -77,7 +77,7 @@ private:
     std::unique_ptr<MoraCore::IView3DEvo> View;
     std::shared_ptr<OpenDocument> Current;
     TreePanel* Panel = nullptr;
-    ViewChoice Waiting; ///< for the first painting
+    ViewChoice Waiting; ///< as last applied; set up once the view was painted
     bool Painted = false;
     QFrame* Offer; ///< hidden unless the file has changed
     QFileSystemWatcher Watcher;
