@@ -2,6 +2,7 @@
 #include "GlyphStore.h"
 #include "merge.h"
 #include "plain_colour.h"
+#include "text_style.h"
 #include "wide.h"
 
 namespace HPS::render
@@ -97,23 +98,9 @@ void TextCompiler::add(DrawList& list, scene::SlotIndex slot, TextData const& te
     if (!(ground.em.size > 0) || !std::isfinite(ground.em.size)) return;
     Vec3 place = wide(text.position);
 
-    TextStyle style;
-    style.font = {attributes.font->Str(), *attributes.bold, *attributes.italic};
-    std::tie(style.alignment, style.frame, style.justification) = *attributes.alignment;
-    style.overline = *attributes.overline;
-    style.strikethrough = *attributes.strikethrough;
-    style.underline = *attributes.underline;
-    style.slant = *attributes.slant;
-    style.lineSpacing = *attributes.lineSpacing;
-    style.spacing = *attributes.spacing;
+    TextStyle style = styleOf(attributes);
     if (auto const [on, extra, extraUnits] = *attributes.extraSpace; on)
         style.extraSpace = inMultiplesOf(sizeOf(extra, extraUnits, objectScale), ground.em);
-    float angle = 0;
-    std::tie(style.rotation, angle) = *attributes.rotation;
-    style.angle = angle;
-    style.pathX = attributes.path->x;
-    style.pathY = attributes.path->y;
-    if (style.pathX == 0 && style.pathY == 0) style.pathX = 1;
 
     if (text.region && text.region->points.size() >= 2) {
         TextRegion const& region = *text.region;

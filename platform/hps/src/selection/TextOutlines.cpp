@@ -1,10 +1,12 @@
 #include "TextOutlines.h"
 #include "merge.h"
+#include "text_style.h"
 
 namespace HPS::selection
 {
 
 using render::Extent;
+using render::styleOf;
 using render::TextStyle;
 
 namespace
@@ -34,23 +36,6 @@ template <class Units> Size sizeOf(float size, Units units, double objectScale, 
         return {size, false};
     }
     return {};
-}
-
-TextStyle styleOf(TextAttributeData const& attributes)
-{
-    TextStyle style;
-    style.font = {attributes.font->Str(), *attributes.bold, *attributes.italic};
-    std::tie(style.alignment, style.frame, style.justification) = *attributes.alignment;
-    style.slant = *attributes.slant;
-    style.lineSpacing = *attributes.lineSpacing;
-    style.spacing = *attributes.spacing;
-    float angle = 0;
-    std::tie(style.rotation, angle) = *attributes.rotation;
-    style.angle = angle;
-    style.pathX = attributes.path->x;
-    style.pathY = attributes.path->y;
-    if (style.pathX == 0 && style.pathY == 0) style.pathX = 1;
-    return style;
 }
 
 /// Where a text is put, in its own coordinates.
@@ -112,6 +97,7 @@ std::optional<TextOutlines::Outline> TextOutlines::of(scene::SlotIndex slot, Tex
     double const objectScale = scale > 0 ? scale : 1;
 
     TextStyle style = styleOf(attributes);
+    style.overline = style.strikethrough = style.underline = false; // letters alone are found
     Ground const ground = groundOf(text, style);
     auto const [size, units] = *attributes.size;
     Size em = sizeOf(size, units, objectScale, frame);
