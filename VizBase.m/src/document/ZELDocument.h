@@ -132,6 +132,7 @@ public:
     void DefineRenderIds(std::vector<unsigned long long>& ids) override;
     /// Takes the mark off the tree.
     void UnHighlight() override;
+    bool ShowSceneRoot(HPS::SegmentKey& root) const override;
 
 protected:
     virtual bool initialize();

@@ -52,6 +52,13 @@ void ZELDocument::Reset()
     UpdateViews(false);
 }
 
+bool ZELDocument::ShowSceneRoot(HPS::SegmentKey& root) const
+{
+    if (!Renderer) return false;
+    root = Renderer->GetRootKey();
+    return true;
+}
+
 bool ZELDocument::buildBRepSceneGraph()
 {
     return false;

@@ -21,6 +21,8 @@ public:
     virtual void DefineRenderIds(std::vector<unsigned long long>& ids) = 0;
     /// Takes the mark off the tree.
     virtual void UnHighlight() = 0;
+    /// The segment above all of the document's scene; false without one.
+    virtual bool ShowSceneRoot(HPS::SegmentKey& root) const = 0;
 
 protected:
     ~ViewDocument() = default;

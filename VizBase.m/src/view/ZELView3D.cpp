@@ -3,6 +3,7 @@
 #include "SceneDefaults.h"
 #include "ViewDocument.h"
 #include "ZELHighlightOperator.h"
+#include "ZELPickRayOperator.h"
 #include "native_keys.h"
 
 #include <QPaintEvent>

@@ -21,6 +21,7 @@ namespace ZelVizBase
 
 class ViewDocument;
 class ZELHighlightOperator;
+class ZELPickRayOperator;
 
 /// The widget over a canvas of the scene library: window, default scene, camera and input of one view. It
 /// never paints through Qt; every change of the picture ends in `updateThis`. The host sees it as
@@ -120,7 +121,20 @@ public:
     void SelectionSetIsSticky(bool sticky) { SelectionSticky = sticky; }
     /// Hands the ids of what was clicked to the document's tree.
     void DefineRenderIds(std::vector<unsigned long long>& ids);
+    /// Rays in place of highlights, or back again; gives what held before. Throws std::logic_error if no
+    /// configuration has been taken yet.
     bool TogglePickRayOp();
+    /// Hands a ray to the host; false if nobody there listens. Throws std::logic_error without an adaptor.
+    bool NotifyPick(ZELVizCore::Ray const& ray);
+    // What shows within four pixels of one, counted from the window's top left. False, and the outputs
+    // untouched, for nothing.
+    /// In the world, on any of the things there.
+    bool PickPointOnModel(int x, int y, float& X, float& Y, float& Z) const;
+    /// Appends the keys from what was picked, at the front, to the root of the document's scene. What is no
+    /// B-rep wins, with the tagged segment above it; then vertices, then edges.
+    bool PickVisual(int x, int y, HPS::KeyPath& path) const;
+    /// At the pixel in which the ray starts.
+    bool PickVisual(ZELVizCore::Ray const& ray, HPS::KeyPath& path) const;
 
     // Without arguments, for menus and keys.
 public Q_SLOTS:
@@ -186,6 +200,13 @@ private:
     void sendKey(QKeyEvent const& event, HPS::KeyboardEvent::Action action);
     HPS::WindowPoint windowPoint(double x, double y) const;
     ZELHighlightOperator& highlightOperator() const;
+    ZELPickRayOperator& pickRayOperator() const;
+    void getArea(int x, int y, HPS::Rectangle& area) const;
+    HPS::SelectionResults pickSquare(int x, int y) const;
+    bool isVertexPicked(HPS::SelectionResults& results, HPS::SelectionItem& item) const;
+    bool isEdgePicked(HPS::SelectionResults& results, HPS::SelectionItem& item) const;
+    bool isFacePicked(HPS::SelectionResults& results, HPS::SelectionItem& item) const;
+    bool isNonBrepPicked(HPS::SelectionResults& results, HPS::SelectionItem& item) const;
     template <class Target> void highlight(Target const& target, bool clearFirst);
     template <class Target> void unHighlight(Target const& target);
     bool showVolume(HPS::SimpleSphere& sphere, HPS::SimpleCuboid& cuboid) const;
@@ -222,6 +243,7 @@ private:
     float GeometryCenter[3] = {0, 0, 0};
     HPS::SprocketPath ModelPath;
     std::shared_ptr<ZELHighlightOperator> HighlightOperator; ///< shared with the stack
+    std::shared_ptr<ZELPickRayOperator> PickRayOperator;
     std::unique_ptr<ZELVizCore::SelectionHolder> SelectionHolder;
 };
 

@@ -1,6 +1,7 @@
 // The view's operators by configuration.
 
 #include "ZELHighlightOperator.h"
+#include "ZELPickRayOperator.h"
 #include "ZELView3D.h"
 #include "tagged_segments.h"
 
@@ -36,6 +37,7 @@ void ZELView3D::InitOperators()
         }
         if (made != nullptr) stack.Push(made, static_cast<HPS::Operator::Priority>(config.GetPriority()));
     }
+    PickRayOperator = std::make_shared<ZELPickRayOperator>(this);
     ToggleHighlightOp();
 }
 

@@ -12,11 +12,6 @@ void ZELView3D::OnOperatorCuttingPlaneX() {}
 void ZELView3D::OnOperatorCuttingPlaneY() {}
 void ZELView3D::OnOperatorCuttingPlaneZ() {}
 
-bool ZELView3D::TogglePickRayOp()
-{
-    return false; // rays have no operator yet
-}
-
 // There is no browser yet, and so no dock.
 void ZELView3D::MakeSegmentAndPropertyBrowser(QWidget*, QMenu*) {}
 
