@@ -9,6 +9,8 @@
 #include "option_texts.h"
 #include "window/run_window.h"
 
+#include <mora/Settings.h>
+
 #include <cerrno>
 #include <clocale>
 #include <csignal>
@@ -67,7 +69,8 @@ ExitCode runHeadless(Options const& options, Console console)
         quiet.divertLibraries(LibraryOutput::Dropped);
         return runJob(options, target, quiet);
     };
-    Ending const ending = runIsolated(work, options.timeLimit);
+    double const timeLimit = options.timeLimit.value_or(ZELVizCore::Settings::Current().ReadTimeLimit);
+    Ending const ending = runIsolated(work, timeLimit);
     if (ending.cause.empty()) return ending.code;
     if (output) output->clearAway();
     return refuse(file, ending.code, ending.cause);

@@ -3,6 +3,8 @@
 #include "CadRenderer.h"
 #include "CadTree.h"
 
+#include <unistd.h>
+
 namespace ZelCad
 {
 
@@ -10,6 +12,7 @@ using NarMetaInfra::FileFormat;
 using NarMetaInfra::ZelIO;
 using NarMetaInfra::ZELProductStructure;
 using NarMetaInfra::ZELReference;
+using ZELVizCore::Settings;
 
 namespace
 {
@@ -20,6 +23,16 @@ MoraCore::IDocumentEvo::Extensions extensionsOf(std::vector<FileFormat> const& f
     for (FileFormat const& format : formats)
         for (std::wstring const& extension : format.extensions) extensions.emplace(extension, format.name);
     return extensions;
+}
+
+constexpr std::uint64_t MiB = 1 << 20;
+
+/// Bytes that a read in a process of its own may take.
+std::uint64_t memoryLimit(Settings const& settings)
+{
+    if (settings.ReadMemoryLimit > 0) return MiB * static_cast<unsigned>(settings.ReadMemoryLimit);
+    auto const pages = static_cast<std::uint64_t>(sysconf(_SC_PHYS_PAGES));
+    return pages / 4 * 3 * static_cast<std::uint64_t>(sysconf(_SC_PAGESIZE));
 }
 
 std::size_t countMeshes(std::shared_ptr<NarMetaVisu::SGContainer> const& visualisation,
@@ -102,16 +115,29 @@ CadDocument::Seconds CadDocument::GetTreeTime() const
     return OwnTree->GetRenderTime();
 }
 
-bool CadDocument::ReadAhead(wchar_t const* path, Progress progress)
+bool CadDocument::ReadAhead(wchar_t const* path, ReadGuard const& guard, Progress progress)
 {
+    Settings const& settings = Settings::Current();
+    IO->SetReadIsolated(guard.ownProcess, guard.seconds < 0 ? settings.ReadTimeLimit : guard.seconds,
+                        memoryLimit(settings));
+    IO->SetPublishMaterialsLater(true);
     AheadPath = path;
-    AheadResult = IO->Read(path, ProductStructure, progress);
+    AheadResult = read(path, progress);
+    IO->SetReadIsolated(false);
+    IO->SetPublishMaterialsLater(false);
     return AheadResult;
 }
 
 bool CadDocument::doImport(wchar_t const* path, Progress progress)
 {
-    if (std::exchange(AheadPath, {}) == path) return AheadResult;
+    if (std::exchange(AheadPath, {}) != path) return read(path, progress);
+    if (AheadResult) IO->PublishMaterials();
+    return AheadResult;
+}
+
+bool CadDocument::read(wchar_t const* path, Progress progress)
+{
+    IO->SetCacheLimit(std::uintmax_t{MiB} * static_cast<unsigned>(Settings::Current().CacheSize));
     return IO->Read(path, ProductStructure, progress);
 }
 

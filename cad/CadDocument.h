@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ZELDocument.h"
+#include "document_entry.h"
 
 #include <chrono>
 
@@ -23,7 +24,7 @@ public:
 
     /// Reads into a document that was not opened yet, by the settings of the time when it was made; see
     /// ReadDocumentAhead.
-    bool ReadAhead(wchar_t const* path, Progress progress);
+    bool ReadAhead(wchar_t const* path, ReadGuard const& guard, Progress progress);
 
     /// Also takes the body out of the scene and the tree.
     bool RemoveBodyFromPart(RenderId const& id) override;
@@ -56,6 +57,7 @@ protected:
 
 private:
     using Build = bool (ZelVizBase::ZELRenderer::*)(NarMetaInfra::ZELProductStructure const*);
+    bool read(wchar_t const* path, Progress progress);
     bool build(Build operation);
     std::shared_ptr<NarMetaInfra::ZELReference> findReference(std::wstring const& pid) const;
 

@@ -47,6 +47,35 @@ HPS::ShellKit shellOf(BrepBody const& body, BrepFace const& face)
     return kit;
 }
 
+/// A face of triangles with texture coordinates; nothing for any other, and for one whose arrays do not fit
+/// each other.
+std::optional<HPS::ShellKit> texturedShell(NarMetaVisu::FaceRep const& face)
+{
+    std::size_t const count = face.GetPoints().size() / 3;
+    if (count == 0 || face.GetNormals().size() != 3 * count ||
+        face.GetTextureCoordinates().size() != 2 * count)
+        return std::nullopt;
+    std::vector<int> facelist;
+    for (NarMetaVisu::PolygonRep const& polygon : face.GetPolygons()) {
+        if (polygon.GetPolygonType() != NarMetaVisu::VisuPolygonType::Triangles) return std::nullopt;
+        std::vector<int> const& offsets = polygon.GetIndices();
+        for (std::size_t i = 0; i + 2 < offsets.size(); i += 3) {
+            facelist.push_back(3);
+            for (std::size_t corner = i; corner < i + 3; ++corner) {
+                if (offsets[corner] < 0 || static_cast<std::size_t>(offsets[corner]) / 3 >= count)
+                    return std::nullopt;
+                facelist.push_back(offsets[corner] / 3);
+            }
+        }
+    }
+    HPS::ShellKit kit;
+    kit.SetPoints(triplesOf<HPS::Point>(face.GetPoints()));
+    kit.SetFacelist(std::move(facelist));
+    kit.data().vertexNormals.values = triplesOf<HPS::Vector>(face.GetNormals());
+    kit.SetVertexParametersByRange(0, face.GetTextureCoordinates());
+    return kit;
+}
+
 /// The given colour, or the default one where only an opacity is given.
 Colour colourOrDefault(std::optional<Colour> const& colour)
 {
@@ -129,6 +158,16 @@ void CadRenderer::insertVisuData(HPS::SegmentKey& segment, std::shared_ptr<ZELRe
         warn(L"Part of the visualisation data of \"" + reference->GetReferenceName() +
              L"\" cannot be shown.");
     if (reference->GetPmi()) hideAnnotations(*reference->GetPmi());
+}
+
+void CadRenderer::insert(HPS::SegmentKey& segment, std::shared_ptr<NarMetaVisu::Node> const& node,
+                         std::shared_ptr<NarMetaVisu::FaceRep> const& face, bool hasMaterial)
+{
+    std::optional<HPS::ShellKit> const shell = hasMaterial ? texturedShell(*face) : std::nullopt;
+    if (shell)
+        segment.InsertShell(*shell);
+    else
+        ZELRenderer::insert(segment, node, face, hasMaterial);
 }
 
 void CadRenderer::insertBodies(HPS::SegmentKey& segment, ZELReference const& reference,

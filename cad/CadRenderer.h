@@ -30,6 +30,7 @@ public:
 
 protected:
     using ZELRenderer::buildProductSceneGraph;
+    using ZELRenderer::insert;
 
     bool initPartReference(HPS::SegmentKey& partReferences,
                            std::shared_ptr<NarMetaInfra::ZELReference>& reference,
@@ -38,6 +39,9 @@ protected:
                                std::shared_ptr<NarMetaInfra::ZELReference>& reference,
                                HPS::SegmentKey& segment) override;
     bool buildProductSceneGraph(NarMetaInfra::ZELProductStructure const* structure) override;
+    /// A face with a material and texture coordinates becomes one shell that carries both.
+    void insert(HPS::SegmentKey& segment, std::shared_ptr<NarMetaVisu::Node> const& node,
+                std::shared_ptr<NarMetaVisu::FaceRep> const& face, bool hasMaterial) override;
 
 private:
     void insertVisuData(HPS::SegmentKey& segment,

@@ -8,10 +8,10 @@ MoraCore::IDocumentEvo* CreateDocument(MoraCore::AViewTree* tree)
     return new ZelCad::CadDocument(tree);
 }
 
-bool ReadDocumentAhead(MoraCore::IDocumentEvo& document, wchar_t const* path,
+bool ReadDocumentAhead(MoraCore::IDocumentEvo& document, wchar_t const* path, ReadGuard const& guard,
                        void (*progress)(double done, bool& cancel))
 {
-    return static_cast<ZelCad::CadDocument&>(document).ReadAhead(path, progress);
+    return static_cast<ZelCad::CadDocument&>(document).ReadAhead(path, guard, progress);
 }
 
 bool ReadViewPicture(MoraCore::IView3DEvo& view,

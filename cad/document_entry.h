@@ -7,6 +7,12 @@ class IDocumentEvo;
 class IView3DEvo;
 } // namespace MoraCore
 
+/// How a read beside the window is guarded.
+struct ReadGuard {
+    bool ownProcess = true; ///< a fault in the file or a limit ends that process alone
+    double seconds = -1;    ///< the longest that it may take, 0: no limit; negative: as the settings say
+};
+
 // What a host looks up in this library at run time, so that it needs neither it nor the plug-in at its link.
 extern "C" {
 
@@ -17,7 +23,7 @@ MoraCore::IDocumentEvo* CreateDocument(MoraCore::AViewTree* tree);
 /// Reads a file into an empty document of ours, by the current settings. It touches neither scene nor tree,
 /// so that it may run beside the thread that does. The next `Open` of the same path takes what was read, or
 /// fails with what is told in `GetErrorAndWarnings`.
-bool ReadDocumentAhead(MoraCore::IDocumentEvo& document, wchar_t const* path,
+bool ReadDocumentAhead(MoraCore::IDocumentEvo& document, wchar_t const* path, ReadGuard const& guard,
                        void (*progress)(double done, bool& cancel));
 
 /// Calls `take` with the picture of the last update of a view of the plug-in: four bytes a pixel, rows from

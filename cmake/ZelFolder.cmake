@@ -71,5 +71,7 @@ function(zel_test name)
     if(ARG_PRECOMPILED)
         zel_use_precompiled(${name} ${ARG_PRECOMPILED})
     endif()
-    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 300)
+    # What a test reads is kept in a cache of the build, not of whoever runs it.
+    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 300
+        ENVIRONMENT "XDG_CACHE_HOME=${CMAKE_BINARY_DIR}/cache")
 endfunction()

@@ -163,9 +163,10 @@ constexpr std::array Table{
     OptionRow{"settings", "FILE", "take the settings of this file instead of the user's own", setSettingsFile,
               ValueKind::File},
     OptionRow{"set", "NAME=VALUE", "change one setting; may be given again", addSetting, ValueKind::Setting},
-    OptionRow{"time-limit", "SECONDS", "give up after this time (600); 0 sets no limit", setTimeLimit},
+    OptionRow{"time-limit", "SECONDS", "give up after this time instead of the setting's; 0 sets no limit",
+              setTimeLimit},
     OptionRow{"no-isolation", "",
-              "work in this process instead of a guarded child: for debugging;\n"
+              "read in this process instead of a guarded child: for debugging;\n"
               "no time limit then, and a fault in a file ends the program",
               raise<&Options::withoutIsolation>},
     OptionRow{"version", "", "print the version", raise<&Options::version>},

@@ -31,7 +31,7 @@ struct Options {
     std::optional<std::string> settingsFile;
     std::vector<std::string> settings; ///< "Name=value", in the order in which they take effect
     bool withoutIsolation = false;
-    double timeLimit = 600; ///< seconds; 0 sets none
+    std::optional<double> timeLimit; ///< seconds; 0 sets none; absent: as the settings say
     bool version = false;
     bool help = false;
 

@@ -1,7 +1,5 @@
 #include "Plugin.h"
 
-#include "document_entry.h"
-
 #include <cstring>
 
 namespace zelview
@@ -65,9 +63,10 @@ std::unique_ptr<MoraCore::IDocumentEvo> Plugin::makeDocument(MoraCore::AViewTree
     return std::unique_ptr<MoraCore::IDocumentEvo>(Found->createDocument(&tree));
 }
 
-bool Plugin::readAhead(MoraCore::IDocumentEvo& document, std::wstring const& path, Progress progress) const
+bool Plugin::readAhead(MoraCore::IDocumentEvo& document, std::wstring const& path, ReadGuard const& guard,
+                       Progress progress) const
 {
-    return Found->readDocumentAhead(document, path.c_str(), progress);
+    return Found->readDocumentAhead(document, path.c_str(), guard, progress);
 }
 
 QImage Plugin::pictureOf(MoraCore::IView3DEvo& view) const

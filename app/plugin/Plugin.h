@@ -1,6 +1,7 @@
 #pragma once
 
 #include "SharedLibrary.h"
+#include "document_entry.h"
 
 #include <QImage>
 
@@ -35,7 +36,8 @@ public:
     std::unique_ptr<MoraCore::IDocumentEvo> makeDocument(MoraCore::AViewTree& tree) const;
     /// Reads a file into a document that nobody shows yet; `Open` with the same path then only builds.
     /// Touches no scene, so it may run beside the thread of the windows, one file at a time.
-    bool readAhead(MoraCore::IDocumentEvo& document, std::wstring const& path, Progress progress) const;
+    bool readAhead(MoraCore::IDocumentEvo& document, std::wstring const& path, ReadGuard const& guard,
+                   Progress progress) const;
     /// What a view shows, in device pixels; null before its first picture.
     QImage pictureOf(MoraCore::IView3DEvo& view) const;
 

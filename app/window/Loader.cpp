@@ -33,7 +33,8 @@ constexpr int PollMilliseconds = 30;
 
 } // namespace
 
-Loader::Loader(Plugin const& plugin, QObject* parent) : QObject(parent), Source(plugin)
+Loader::Loader(Plugin const& plugin, ReadGuard const& guard, QObject* parent)
+    : QObject(parent), Source(plugin), Guard(guard)
 {
     Poll.setInterval(PollMilliseconds);
     connect(&Poll, &QTimer::timeout, this, [this] {
@@ -70,16 +71,15 @@ void Loader::next()
     exchange().cancel = false;
     exchange().ended = false;
     emit started(Current.path);
-    Worker =
-        std::thread([&source = Source, &document = *Reading->document, path = Current.path.toStdWString()] {
-            try {
-                exchange().good = source.readAhead(document, path, takeProgress);
-            } catch (std::exception const&) {
-                exchange().good =
-                    false; // a reader tells its own faults by its result; this one had no memory
-            }
-            exchange().ended = true;
-        });
+    Worker = std::thread([&source = Source, &document = *Reading->document,
+                          path = Current.path.toStdWString(), guard = Guard] {
+        try {
+            exchange().good = source.readAhead(document, path, guard, takeProgress);
+        } catch (std::exception const&) {
+            exchange().good = false; // a reader tells its own faults by its result; this one had no memory
+        }
+        exchange().ended = true;
+    });
     Poll.start();
 }
 

@@ -26,7 +26,8 @@ struct LoadRequest {
     QPointer<QWidget> tab = {}; ///< for SameTab; may be closed meanwhile
 };
 
-/// Reads files in a thread of its own, one after the other, so that the window stays alive meanwhile. What is
+/// Reads files one after the other, each in a guarded process that a thread here waits for, so that the
+/// window stays alive whatever a file does. What is
 /// read is handed over on the thread of the window, which builds and shows it.
 class Loader final : public QObject
 {
@@ -34,7 +35,7 @@ class Loader final : public QObject
 
 public:
     /// @param plugin must outlive the loader
-    explicit Loader(Plugin const& plugin, QObject* parent = nullptr);
+    Loader(Plugin const& plugin, ReadGuard const& guard, QObject* parent = nullptr);
     ~Loader() override;
 
     void load(LoadRequest const& request);
@@ -55,6 +56,7 @@ private:
     void collect();
 
     Plugin const& Source;
+    ReadGuard Guard;
     std::deque<LoadRequest> Waiting;
     LoadRequest Current;
     std::shared_ptr<OpenDocument> Reading; ///< null: idle

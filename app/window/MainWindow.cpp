@@ -30,7 +30,7 @@ MainWindow::MainWindow(Plugin& plugin, Start start)
       Given(std::move(start)),
       Session(*this),
       Colours(Remembered.theme()),
-      Files(plugin),
+      Files(plugin, Given.guard),
       Pages(new QStackedWidget),
       Welcome(new StartPage),
       Tabs(new QTabWidget),

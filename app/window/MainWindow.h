@@ -37,6 +37,7 @@ public:
     struct Start {
         ViewChoice view;           ///< for every file that is opened
         bool savesSettings = true; ///< false: the settings in force are another file's
+        ReadGuard guard = {};      ///< of every file that is read
     };
 
     MainWindow(Plugin& plugin, Start start);

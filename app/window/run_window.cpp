@@ -36,7 +36,8 @@ ExitCode runWindow(Options const& options, Console const& console)
     std::string name = "zelview";
     char* words[] = {name.data(), nullptr};
     QApplication application(count, words);
-    // Qt takes the user's locale, in which readers would meet numbers with commas and names they cannot narrow.
+    // Qt takes the user's locale, in which readers would meet numbers with commas and names they cannot
+    // narrow.
     std::setlocale(LC_ALL, "C.UTF-8");
     QApplication::setApplicationName(QStringLiteral("zelview"));
     QApplication::setApplicationVersion(QStringLiteral(ZEL_VERSION));
@@ -52,7 +53,8 @@ ExitCode runWindow(Options const& options, Console const& console)
         return refuse(console, ExitCode::NoGraphics, *cause);
     std::unique_ptr<Plugin> const plugin = std::get<std::unique_ptr<Plugin>>(std::move(opened));
 
-    MainWindow window(*plugin, {options.view, !options.settingsFile});
+    ReadGuard const guard{!options.withoutIsolation, options.timeLimit.value_or(-1)};
+    MainWindow window(*plugin, {options.view, !options.settingsFile, guard});
     for (std::wstring const& warning : warnings)
         MoraCore::SessionMgr::Instance().CurrentSession().PrintMessage(warning,
                                                                        MoraCore::MessageType::Warning);

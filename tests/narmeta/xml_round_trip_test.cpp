@@ -20,13 +20,13 @@ protected:
     {
         FillFullModel(before_);
         text_ = *ZelXmlText(before_, nullptr);
-        auto const result = ReadZelXml(text_, {}, after_);
+        auto result = ReadZelXml(text_, {}, after_);
         ASSERT_EQ(result.outcome, IoOutcome::Done) << std::string(result.error.begin(), result.error.end());
         std::vector<std::wstring> warnings;
         CheckModel(after_, warnings);
         EXPECT_THAT(warnings, testing::IsEmpty());
+        materials_ = std::move(result.materials);
     }
-    void TearDown() override { MaterialContainer::Instance().Clear(); }
 
     std::shared_ptr<ZELReference> reference(std::wstring const& wanted) const
     {
@@ -36,6 +36,7 @@ protected:
     }
 
     ZELProductStructure before_, after_;
+    MaterialContainer materials_;
     std::string text_;
 };
 
@@ -123,16 +124,16 @@ TEST_F(ZelXmlRoundTrip, KeepsVisualisation)
     EXPECT_EQ(sets[0]->GetPoints()[0]->GetMarkerStyle(), 2005);
 }
 
-TEST_F(ZelXmlRoundTrip, FillsTheContainerOfMaterials)
+TEST_F(ZelXmlRoundTrip, KeepsMaterials)
 {
-    auto const& materials = MaterialContainer::Instance().GetMaterials();
+    auto const& materials = materials_.GetMaterials();
     ASSERT_EQ(materials.count(L"Holz"), 1u);
     auto const& material = *materials.at(L"Holz");
     float value = 0;
     EXPECT_TRUE(material.GetTransparencyCoefficient(value) && value == 0.5f);
     EXPECT_FALSE(material.GetDiffuseCoefficient(value));
     ASSERT_EQ(material.GetNormalTextures().size(), 1u);
-    auto const texture = MaterialContainer::Instance().GetTextures().at(L"grain");
+    auto const texture = materials_.GetTextures().at(L"grain");
     float rotation[3];
     EXPECT_TRUE(texture->GetTextureRotation(rotation) && rotation[2] == 0.25f);
     std::shared_ptr<TextureImage> image;
@@ -178,6 +179,14 @@ TEST(ZelIOFiles, WritesAndReadsThroughAFile)
     ASSERT_TRUE(io.Read(path.c_str(), &again, nullptr));
     EXPECT_EQ(again.GetProductName(), model.GetProductName());
     EXPECT_FALSE(io.IsGraphicalMode());
+    EXPECT_EQ(MaterialContainer::Instance().GetMaterials().count(L"Holz"), 1u);
+    MaterialContainer::Instance().Clear();
+    io.SetPublishMaterialsLater(true);
+    ASSERT_TRUE(io.Read(path.c_str(), &again, nullptr));
+    EXPECT_TRUE(MaterialContainer::Instance().GetMaterials().empty()) << "not published yet";
+    io.PublishMaterials();
+    EXPECT_EQ(MaterialContainer::Instance().GetMaterials().count(L"Holz"), 1u);
+    EXPECT_EQ(MaterialContainer::Instance().GetTextures().count(L"grain"), 1u);
     std::wstring report = L"old";
     io.GetTimerReport(report);
     EXPECT_EQ(report.find(L"old"), std::wstring::npos);

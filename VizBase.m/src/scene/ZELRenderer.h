@@ -110,8 +110,9 @@ protected:
                 std::shared_ptr<NarMetaVisu::PmiRep> const& pmi);
     void insert(HPS::SegmentKey& segment, std::shared_ptr<NarMetaVisu::Node> const& node,
                 std::shared_ptr<NarMetaVisu::TextRep> const& text);
-    void insert(HPS::SegmentKey& segment, std::shared_ptr<NarMetaVisu::Node> const& node,
-                std::shared_ptr<NarMetaVisu::FaceRep> const& face, bool hasMaterial);
+    /// Texture coordinates are left out here; a concrete renderer may take them along.
+    virtual void insert(HPS::SegmentKey& segment, std::shared_ptr<NarMetaVisu::Node> const& node,
+                        std::shared_ptr<NarMetaVisu::FaceRep> const& face, bool hasMaterial);
 
     /// One shell with the three corners of each triangle taken from `indices`, which number `points`. A strip
     /// or fan of fewer than three indices inserts nothing and gives an empty kit.
@@ -154,9 +155,32 @@ protected:
     void initializeLineStyles();
     std::string mapMarkerStyleToGlyphName(NarMetaVisu::VisuMarkerStyle style) const;
 
-    // Materials
+    // Materials. Once defined they stand until clearMaterials(), which empties the model's container, too.
     void initializeMaterials();
     void clearMaterials();
+    static HPS::Image::Format mapFormat(NarMetaVisu::ImagePixelFormat format);
+    /// Bytes of a channel; 0 for an unknown type.
+    static unsigned long long mapPixelSize(NarMetaVisu::ImagePixelDataType type);
+    static HPS::Material::Texture::Parameterization
+    mapParameterization(NarMetaVisu::Texture::TextureMappingMode mode);
+    std::string getTextureName(std::shared_ptr<NarMetaVisu::Texture> const& texture) const;
+    std::string getMaterialName(std::shared_ptr<NarMetaVisu::Material> const& material) const;
+    /// Where a texture's image is to be imported from, and as what. As it is, no file: an image named by its
+    /// path has no pixels.
+    virtual void prepImageImport(std::shared_ptr<NarMetaVisu::Texture> const& texture, std::string& file,
+                                 HPS::Image::Format& format);
+    bool importImage(std::shared_ptr<NarMetaVisu::Texture> const& texture, HPS::ImageKit& image);
+    /// As PNG; the kit stays as it is.
+    bool exportImage(std::string const& file, HPS::ImageKit const& image);
+    /// Images and textures share the texture's name.
+    void defineImage(std::shared_ptr<NarMetaVisu::Texture> const& texture, std::string& name,
+                     HPS::ImageDefinition& definition);
+    void defineTexture(std::shared_ptr<NarMetaVisu::Texture> const& texture);
+    void defineMaterial(std::shared_ptr<NarMetaVisu::Material> const& material, HPS::MaterialKit& kit);
+    void defineMaterialNoTexture(std::shared_ptr<NarMetaVisu::Material> const& material,
+                                 HPS::MaterialKit& kit);
+    void defineMaterialWithTexture(std::shared_ptr<NarMetaVisu::Material> const& material,
+                                   HPS::MaterialKit& kit);
 
     ZELDocument* Document;                                            ///< not owned
     std::map<std::string, HPS::SegmentKey> PartReferenceSegments;     ///< by narrowed PID

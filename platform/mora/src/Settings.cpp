@@ -27,6 +27,11 @@ constexpr Settings::Field fields[] = {
     {"DisplayFeaturesInTree", &Settings::DisplayFeaturesInTree, "list features below a part"},
     {"DisplayBrepInTree", &Settings::DisplayBrepInTree, "list bodies below a part"},
     {"ClassicalOrientation", &Settings::ClassicalOrientation, "Y is up instead of Z"},
+    {"ReadTimeLimit", &Settings::ReadTimeLimit, "seconds that reading a file may take, 0 for no limit", 0,
+     86400},
+    {"ReadMemoryLimit", &Settings::ReadMemoryLimit,
+     "MiB that reading a file may take, 0 for three quarters of the memory", 0, 1 << 30},
+    {"CacheSize", &Settings::CacheSize, "MiB of read models kept for a second open, 0 for none", 0, 1 << 20},
 };
 
 using Range = std::pair<int, int>;

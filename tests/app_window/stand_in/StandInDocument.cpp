@@ -128,7 +128,8 @@ MoraCore::IDocumentEvo* CreateDocument(MoraCore::AViewTree* tree)
     return new StandInDocument(tree);
 }
 
-bool ReadDocumentAhead(MoraCore::IDocumentEvo& document, wchar_t const* path, void (*progress)(double, bool&))
+bool ReadDocumentAhead(MoraCore::IDocumentEvo& document, wchar_t const* path, ReadGuard const&,
+                       void (*progress)(double, bool&))
 {
     return static_cast<StandInDocument&>(document).read(path, progress);
 }

@@ -28,6 +28,9 @@ public:
     bool DisplayFeaturesInTree = false; ///< list features below a part
     bool DisplayBrepInTree = false;     ///< list bodies below a part
     bool ClassicalOrientation = false;  ///< true: Y is up; false: Z is up
+    int ReadTimeLimit = 600;            ///< seconds a guarded read may take; 0: no limit
+    int ReadMemoryLimit = 0; ///< MiB a guarded read may take; 0: three quarters of the machine's memory
+    int CacheSize = 1024;    ///< MiB of read models kept for a second open; 0: none are kept
 
     /// The settings in force. A host may write to them.
     static Settings& Current();

@@ -6,6 +6,8 @@
 #include <array>
 #include <cstdlib>
 
+#include <dlfcn.h>
+
 #include <QCryptographicHash>
 #include <QFile>
 #include <QSaveFile>
@@ -17,6 +19,16 @@ namespace
 QString nameOf(std::filesystem::path const& path)
 {
     return QFile::decodeName(path.c_str());
+}
+
+/// Tells one build of this library from another, whose reader may make another model of the same file.
+std::string readerBuild()
+{
+    Dl_info library{};
+    std::error_code error;
+    if (!dladdr(reinterpret_cast<void const*>(&readerBuild), &library) || !library.dli_fname) return {};
+    auto const written = std::filesystem::last_write_time(library.dli_fname, error);
+    return error ? std::string() : std::to_string(written.time_since_epoch().count());
 }
 } // namespace
 
@@ -44,7 +56,7 @@ std::string ModelCache::keyOf(ReadRequest const& request) const
     // The name of the file gives the model its title.
     auto const options = request.path.stem().string() + '/' + std::to_string(request.graphical) +
                          std::to_string(request.persistentNames) + std::to_string(request.occurrenceData) +
-                         std::to_string(request.exactShapes);
+                         std::to_string(request.exactShapes) + '/' + readerBuild();
     hash.addData(QByteArrayView(options.data(), static_cast<qsizetype>(options.size())));
     return hash.result().toHex().toStdString();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <narmeta/io/ZelIO.h>
+#include <narmeta/visu/MaterialContainer.h>
 
 #include <filesystem>
 #include <span>
@@ -36,10 +37,12 @@ struct ReadResult {
     std::vector<StageTiming> timings;
     /// The model holds visualisation data, whatever was asked for.
     bool graphical = false;
+    /// What the model's faces look like; the process learns of it only when all went well.
+    NarMetaVisu::MaterialContainer materials = {};
 
     static ReadResult Failure(IoOutcome outcome, std::wstring error)
     {
-        return {outcome, std::move(error), {}, {}, false};
+        return {outcome, std::move(error), {}, {}, false, {}};
     }
 };
 

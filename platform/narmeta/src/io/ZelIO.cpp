@@ -106,7 +106,17 @@ bool ZelIO::Read(wchar_t const* path, ZELProductStructure* structure, Progress p
 
     graphical_ = result.graphical;
     structure->Swap(model);
+    materials_ = std::move(result.materials);
+    if (!publishesLater_) PublishMaterials();
     return true;
+}
+
+void ZelIO::PublishMaterials()
+{
+    auto& known = NarMetaVisu::MaterialContainer::Instance();
+    for (auto const& [name, texture] : materials_.GetTextures()) known.Add(texture);
+    for (auto const& [name, material] : materials_.GetMaterials()) known.Add(material);
+    materials_.Clear();
 }
 
 bool ZelIO::Write(wchar_t const* path, ZELProductStructure const* structure, Progress progress)

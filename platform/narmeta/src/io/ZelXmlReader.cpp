@@ -54,11 +54,9 @@ public:
         if (cancelled_) return ReadResult::Failure(IoOutcome::Cancelled, L"reading was stopped");
         if (source_.Failed()) return ReadResult::Failure(IoOutcome::Damaged, source_.Error());
 
-        // The container is the process's own: it hears of the new materials only when all went well.
-        for (auto const& [name, texture] : textures_) NarMetaVisu::MaterialContainer::Instance().Add(texture);
-        for (auto const& [name, material] : materials_)
-            NarMetaVisu::MaterialContainer::Instance().Add(material);
         ReadResult result;
+        for (auto const& [name, texture] : textures_) result.materials.Add(texture);
+        for (auto const& [name, material] : materials_) result.materials.Add(material);
         auto const parts = countParts(false);
         result.graphical = parts > 0 && parts == countParts(true);
         return result;

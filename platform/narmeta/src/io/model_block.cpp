@@ -115,8 +115,9 @@ ReadResult unpackModel(std::string_view piece, ReadRequest const& request, ZELPr
     auto result = resultOf(piece.substr(0, header.resultSize));
     if (result.outcome != IoOutcome::Done) return result;
     piece.remove_prefix(header.resultSize);
-    auto const read =
-        ReadZelXml(piece.substr(0, header.textSize), request, model, piece.substr(header.textSize));
-    return read.outcome == IoOutcome::Done ? result : read;
+    auto read = ReadZelXml(piece.substr(0, header.textSize), request, model, piece.substr(header.textSize));
+    if (read.outcome != IoOutcome::Done) return read;
+    result.materials = std::move(read.materials);
+    return result;
 }
 } // namespace NarMetaInfra

@@ -4,8 +4,6 @@
 #include "text_encoding.h"
 #include "texture_images.h"
 
-#include <narmeta/visu/MaterialContainer.h>
-
 #include <cmath>
 
 #include <QByteArray>
@@ -61,9 +59,8 @@ GltfTextureUse const* MaterialMaker::coordinateUse(Handle(XCAFDoc_VisMaterial) c
     return &*details->baseColour;
 }
 
-void MaterialMaker::publish() const
+void MaterialMaker::addTo(NarMetaVisu::MaterialContainer& container) const
 {
-    auto& container = NarMetaVisu::MaterialContainer::Instance();
     for (auto const& [key, texture] : Textures) container.Add(texture);
     for (auto const& [kernel, material] : Materials) container.Add(material);
 }
@@ -97,6 +94,9 @@ Material::Settings MaterialMaker::metallic(XCAFDoc_VisMaterial const& material, 
     add(settings.normalTextures, source.NormalTexture, details.normal);
     add(settings.emissiveColorTextures, source.EmissiveTexture, details.emissive);
     add(settings.ambientCoeffTextures, source.OcclusionTexture, details.occlusion, Channel::Red);
+    // Coefficients take the layers of colours; the darkening of hollows is to lie over the colour, not in its
+    // place.
+    if (!settings.ambientCoeffTextures.empty()) settings.diffuseCoeffTextures = settings.diffuseColorTextures;
     add(settings.specularCoeffTextures, source.MetallicRoughnessTexture, details.roughness,
         Channel::Smoothness);
     return settings;

@@ -4,7 +4,7 @@
 
 #include "gltf_materials.h"
 
-#include <narmeta/visu/Material.h>
+#include <narmeta/visu/MaterialContainer.h>
 
 #include <unordered_map>
 
@@ -28,8 +28,7 @@ public:
     /// What the coordinates of faces with this material have to go through; null for nothing.
     GltfTextureUse const* coordinateUse(Handle(XCAFDoc_VisMaterial) const& material) const;
 
-    /// Makes all of them known to the process's own container.
-    void publish() const;
+    void addTo(NarMetaVisu::MaterialContainer& container) const;
     /// One line for each image that can't be read.
     std::vector<std::string> const& warnings() const { return Warnings; }
 

@@ -41,7 +41,8 @@ public:
     void readProperties();
     /// Looks of components inside one use of their assembly only: that use gets an assembly of its own.
     void applyOverrides();
-    void publishMaterials();
+    /// What was met of materials so far, with warnings about images that can't be read.
+    void addMaterials(NarMetaVisu::MaterialContainer& container);
     /// Meshes and converts the parts one after the other; a part that fails stays without what it could not
     /// give, with a warning.
     void buildParts(BuildTimes& times, Message_ProgressRange const& range);

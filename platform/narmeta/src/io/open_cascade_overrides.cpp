@@ -9,9 +9,9 @@
 
 namespace NarMetaInfra
 {
-void ModelBuilder::publishMaterials()
+void ModelBuilder::addMaterials(NarMetaVisu::MaterialContainer& container)
 {
-    Materials.publish();
+    Materials.addTo(container);
     Document.warnings.insert(Document.warnings.end(), Materials.warnings().begin(),
                              Materials.warnings().end());
 }

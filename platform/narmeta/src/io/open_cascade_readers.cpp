@@ -124,7 +124,7 @@ ReadResult OpenCascadeReader::readInSession(ReadRequest const& request, ZELProdu
     builder.applyOverrides();
     if (!builder.hasContents())
         return ReadResult::Failure(IoOutcome::NothingToShow, L"the file holds nothing to show");
-    builder.publishMaterials();
+    builder.addMaterials(result.materials);
     progress->report(1.0);
     addWarnings(result, document);
     using Seconds = std::chrono::duration<double>;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <narmeta/infra/ZELProductStructure.h>
+#include <narmeta/visu/MaterialContainer.h>
 
 #include <chrono>
 #include <cstdint>
@@ -64,6 +65,11 @@ public:
     void SetCacheLimit(std::uintmax_t bytes) { cacheLimit_ = bytes; }
     /// Keeps the exact shapes of parts, which STEP and BREP are written from.
     void SetKeepExactShapes(bool keep) { exactShapes_ = keep; }
+    /// A read keeps the materials to itself until PublishMaterials: for a read in a thread beside the one
+    /// that uses the process's container.
+    void SetPublishMaterialsLater(bool later) { publishesLater_ = later; }
+    /// Enters the materials of the last read in the process's MaterialContainer; a second call does nothing.
+    void PublishMaterials();
 
     /// Fills @p structure, which keeps its contents if this gives false.
     bool Read(wchar_t const* path, ZELProductStructure* structure, Progress progress);
@@ -103,6 +109,8 @@ private:
     double secondsLimit_ = 0;
     std::uint64_t bytesLimit_ = 0;
     std::uintmax_t cacheLimit_ = 0;
+    bool publishesLater_ = false;
+    NarMetaVisu::MaterialContainer materials_; ///< of the last read, not published yet
     unsigned processors_ = 1;
     IoOutcome outcome_ = IoOutcome::Done;
     std::wstring error_;
