@@ -138,6 +138,7 @@ bool CadDocument::doImport(wchar_t const* path, Progress progress)
 bool CadDocument::read(wchar_t const* path, Progress progress)
 {
     IO->SetCacheLimit(std::uintmax_t{MiB} * static_cast<unsigned>(Settings::Current().CacheSize));
+    IO->SetKeepExactShapes(true);
     return IO->Read(path, ProductStructure, progress);
 }
 
