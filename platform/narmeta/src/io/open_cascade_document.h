@@ -27,6 +27,8 @@
 
 namespace NarMetaInfra
 {
+class PartMesher;
+
 /// What the file says about a reference beyond its shape.
 struct ProductMark {
     std::wstring id;   ///< PRODUCT id
@@ -98,6 +100,12 @@ struct LoadTimes {
     double transfer = 0.0;
 };
 
+/// What a translation has at hand beside the document.
+struct LoadSupport {
+    PartMesher& mesher; ///< for parts that are complete while others are still translated
+    LoadTimes& times;
+};
+
 struct LoadFailure {
     IoOutcome outcome;
     std::string cause; ///< one line for the user
@@ -107,13 +115,20 @@ struct LoadFailure {
 /// are looked for beside it.
 using LoadOutcome = std::optional<LoadFailure>;
 
-LoadOutcome loadStep(std::filesystem::path const&, KernelDocument&, LoadTimes&, Message_ProgressRange const&);
-LoadOutcome loadIges(std::filesystem::path const&, KernelDocument&, LoadTimes&, Message_ProgressRange const&);
-LoadOutcome loadBrep(std::filesystem::path const&, KernelDocument&, LoadTimes&, Message_ProgressRange const&);
-LoadOutcome loadGltf(std::filesystem::path const&, KernelDocument&, LoadTimes&, Message_ProgressRange const&);
-LoadOutcome loadObj(std::filesystem::path const&, KernelDocument&, LoadTimes&, Message_ProgressRange const&);
-LoadOutcome loadVrml(std::filesystem::path const&, KernelDocument&, LoadTimes&, Message_ProgressRange const&);
-LoadOutcome loadStl(std::filesystem::path const&, KernelDocument&, LoadTimes&, Message_ProgressRange const&);
+LoadOutcome loadStep(std::filesystem::path const&, KernelDocument&, LoadSupport const&,
+                     Message_ProgressRange const&);
+LoadOutcome loadIges(std::filesystem::path const&, KernelDocument&, LoadSupport const&,
+                     Message_ProgressRange const&);
+LoadOutcome loadBrep(std::filesystem::path const&, KernelDocument&, LoadSupport const&,
+                     Message_ProgressRange const&);
+LoadOutcome loadGltf(std::filesystem::path const&, KernelDocument&, LoadSupport const&,
+                     Message_ProgressRange const&);
+LoadOutcome loadObj(std::filesystem::path const&, KernelDocument&, LoadSupport const&,
+                    Message_ProgressRange const&);
+LoadOutcome loadVrml(std::filesystem::path const&, KernelDocument&, LoadSupport const&,
+                     Message_ProgressRange const&);
+LoadOutcome loadStl(std::filesystem::path const&, KernelDocument&, LoadSupport const&,
+                    Message_ProgressRange const&);
 
 /// Takes the placements of glTF nodes from the file, since the kernel evens out scales that differ along the
 /// axes.

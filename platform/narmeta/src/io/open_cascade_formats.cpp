@@ -83,9 +83,10 @@ void findRoots(RWMesh_CafReader const& reader, KernelDocument& document)
 }
 
 LoadOutcome loadMeshScene(RWMesh_CafReader& reader, char const* format, std::filesystem::path const& file,
-                          KernelDocument& document, LoadTimes& times, Message_ProgressRange const& range)
+                          KernelDocument& document, LoadSupport const& support,
+                          Message_ProgressRange const& range)
 {
-    StageClock const clock(times.parse);
+    StageClock const clock(support.times.parse);
     document.isMesh = true;
     reader.SetDocument(document.document);
     reader.SetSystemLengthUnit(MillimetreInMetres);
@@ -99,7 +100,7 @@ LoadOutcome loadMeshScene(RWMesh_CafReader& reader, char const* format, std::fil
 }
 } // namespace
 
-LoadOutcome loadIges(std::filesystem::path const& file, KernelDocument& document, LoadTimes& times,
+LoadOutcome loadIges(std::filesystem::path const& file, KernelDocument& document, LoadSupport const& support,
                      Message_ProgressRange const& range)
 {
     IGESControl_Controller::Init();
@@ -110,12 +111,12 @@ LoadOutcome loadIges(std::filesystem::path const& file, KernelDocument& document
     reader.SetLayerMode(true);
     document.hasByteNames = true;
     {
-        StageClock const clock(times.parse);
+        StageClock const clock(support.times.parse);
         auto status = IFSelect_RetVoid;
         auto const failure = guarded([&] { status = reader.ReadFile(file.c_str()); });
         if (failure || status != IFSelect_RetDone) return damaged("IGES", failure);
     }
-    StageClock const clock(times.transfer);
+    StageClock const clock(support.times.transfer);
     auto failure = guarded([&] { reader.Transfer(document.document, range); });
     if (range.UserBreak()) return std::nullopt;
     if (!document.hasShapes())
@@ -129,10 +130,10 @@ LoadOutcome loadIges(std::filesystem::path const& file, KernelDocument& document
     return std::nullopt;
 }
 
-LoadOutcome loadBrep(std::filesystem::path const& file, KernelDocument& document, LoadTimes& times,
+LoadOutcome loadBrep(std::filesystem::path const& file, KernelDocument& document, LoadSupport const& support,
                      Message_ProgressRange const& range)
 {
-    StageClock const clock(times.parse);
+    StageClock const clock(support.times.parse);
     TopoDS_Shape shape;
     // The kernel's parser looks for its next keyword beyond the end of a truncated file, for ever unless that
     // throws.
@@ -148,31 +149,31 @@ LoadOutcome loadBrep(std::filesystem::path const& file, KernelDocument& document
     return std::nullopt;
 }
 
-LoadOutcome loadGltf(std::filesystem::path const& file, KernelDocument& document, LoadTimes& times,
+LoadOutcome loadGltf(std::filesystem::path const& file, KernelDocument& document, LoadSupport const& support,
                      Message_ProgressRange const& range)
 {
     RWGltf_CafReader reader;
     // Lengths are metres and y points up by the format's own definition; the model has millimetres and z up.
     reader.SetSystemCoordinateSystem(RWMesh_CoordinateSystem_Zup);
-    auto outcome = loadMeshScene(reader, "glTF", file, document, times, range);
+    auto outcome = loadMeshScene(reader, "glTF", file, document, support, range);
     if (outcome || range.UserBreak()) return outcome;
     restoreGltfPlacements(file, document);
     document.materialDetails = readGltfMaterials(file);
     return outcome;
 }
 
-LoadOutcome loadObj(std::filesystem::path const& file, KernelDocument& document, LoadTimes& times,
+LoadOutcome loadObj(std::filesystem::path const& file, KernelDocument& document, LoadSupport const& support,
                     Message_ProgressRange const& range)
 {
     // The format states neither unit nor direction: numbers are taken as they are.
     RWObj_CafReader reader;
-    return loadMeshScene(reader, "OBJ", file, document, times, range);
+    return loadMeshScene(reader, "OBJ", file, document, support, range);
 }
 
-LoadOutcome loadStl(std::filesystem::path const& file, KernelDocument& document, LoadTimes& times,
+LoadOutcome loadStl(std::filesystem::path const& file, KernelDocument& document, LoadSupport const& support,
                     Message_ProgressRange const& range)
 {
-    StageClock const clock(times.parse);
+    StageClock const clock(support.times.parse);
     document.isMesh = true;
     Handle(Poly_Triangulation) triangles;
     auto const failure = guarded([&] { triangles = RWStl::ReadFile(file.c_str(), range); });

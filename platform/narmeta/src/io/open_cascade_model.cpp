@@ -81,8 +81,10 @@ std::shared_ptr<ExactShape const> exactShapeOf(std::vector<TopoDS_Shape> const& 
 }
 } // namespace
 
-ModelBuilder::ModelBuilder(KernelDocument& document, BuildOptions const& options, ZELProductStructure& model)
+ModelBuilder::ModelBuilder(KernelDocument& document, PartMesher& mesher, BuildOptions const& options,
+                           ZELProductStructure& model)
     : Document(document),
+      Mesher(mesher),
       Options(options),
       Model(model),
       Materials(document.materialDetails),
@@ -241,7 +243,11 @@ std::wstring ModelBuilder::unique(std::wstring pid)
 void ModelBuilder::buildParts(BuildTimes& times, Message_ProgressRange const& range)
 {
     double total = 0.0;
-    for (auto const& part : Parts) total += part.faceCount + 1;
+    for (auto const& part : Parts) {
+        total += part.faceCount + 1;
+        if (Document.isMesh) continue;
+        for (auto const& label : part.labels) Mesher.add(Shapes->GetShape(label));
+    }
     Message_ProgressScope scope(range, "parts", total);
     for (auto const& part : Parts) {
         auto const share = scope.Next(part.faceCount + 1);
@@ -267,11 +273,9 @@ void ModelBuilder::buildPart(Part const& part, BuildTimes& times, Message_Progre
         shapes.push_back(shape);
         if (Document.isMesh) continue;
         StageClock const clock(times.mesh);
-        auto const failure = guarded([&] {
-            tolerance = toleranceFor(shape);
-            tessellate(shape, tolerance, Options.parallel, share);
-        });
-        if (failure) warn("it could not be meshed completely (" + *failure + ")");
+        auto const outcome = Mesher.take(shape, share);
+        tolerance = outcome.tolerance;
+        if (outcome.failure) warn("it could not be meshed completely (" + *outcome.failure + ")");
     }
     if (scope.UserBreak()) return;
 

@@ -2,6 +2,7 @@
 
 // Only for sources of this folder that see Open CASCADE.
 
+#include "PartMesher.h"
 #include "StepAnnotations.h"
 #include "open_cascade_materials.h"
 #include "open_cascade_style.h"
@@ -15,7 +16,6 @@ namespace NarMetaInfra
 struct BuildOptions {
     bool graphical = false;
     bool entityNames = false;
-    bool parallel = false;
     bool exactShapes = false;
 };
 
@@ -29,7 +29,8 @@ struct BuildTimes {
 class ModelBuilder
 {
 public:
-    ModelBuilder(KernelDocument& document, BuildOptions const& options, ZELProductStructure& model);
+    ModelBuilder(KernelDocument& document, PartMesher& mesher, BuildOptions const& options,
+                 ZELProductStructure& model);
 
     void buildStructure();
     /// Reads the file's annotations. They are told apart from the parts since a part has to name what they
@@ -43,8 +44,8 @@ public:
     void applyOverrides();
     /// What was met of materials so far, with warnings about images that can't be read.
     void addMaterials(NarMetaVisu::MaterialContainer& container);
-    /// Meshes and converts the parts one after the other; a part that fails stays without what it could not
-    /// give, with a warning.
+    /// Meshes the parts side by side and converts them one after the other; a part that fails stays without
+    /// what it could not give, with a warning.
     void buildParts(BuildTimes& times, Message_ProgressRange const& range);
     bool hasContents() const { return HasContents; }
 
@@ -84,6 +85,7 @@ private:
     OwnColours ownColours(ZELReference const& reference) const;
 
     KernelDocument& Document;
+    PartMesher& Mesher;
     BuildOptions Options;
     ZELProductStructure& Model;
     MaterialMaker Materials;

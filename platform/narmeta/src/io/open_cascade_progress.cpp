@@ -11,9 +11,9 @@ void ReadProgress::report(double done)
     if (Request.Report(Last)) Cancelled = true;
 }
 
-void ReadProgress::Show(Message_ProgressScope const&, Standard_Boolean const)
+void ReadProgress::Show(Message_ProgressScope const&, Standard_Boolean const isForced)
 {
     constexpr double Step = 0.01;
-    if (auto const done = GetPosition(); done >= Last + Step) report(done);
+    if (auto const done = GetPosition(); isForced || done >= Last + Step) report(done);
 }
 } // namespace NarMetaInfra

@@ -18,7 +18,7 @@ namespace NarMetaInfra
 {
 namespace
 {
-using LoadFunction = LoadOutcome (*)(std::filesystem::path const&, KernelDocument&, LoadTimes&,
+using LoadFunction = LoadOutcome (*)(std::filesystem::path const&, KernelDocument&, LoadSupport const&,
                                      Message_ProgressRange const&);
 
 struct FormatEntry {
@@ -94,6 +94,7 @@ ReadResult OpenCascadeReader::readInSession(ReadRequest const& request, ZELProdu
     Handle(ReadProgress) const progress = new ReadProgress(request);
     Message_ProgressScope stages(progress->Start(), "read", 100);
     KernelDocument document;
+    PartMesher mesher(request.processors);
     document.title = wideFromBytes(request.path.stem().string());
     LoadTimes loadTimes;
     BuildTimes buildTimes;
@@ -103,15 +104,15 @@ ReadResult OpenCascadeReader::readInSession(ReadRequest const& request, ZELProdu
     if (progress->isCancelled()) return cancelled();
     std::error_code error;
     auto const path = std::filesystem::absolute(request.path, error);
-    auto const loaded = Entry.load(error ? request.path : path, document, loadTimes, stages.Next(50));
+    LoadSupport const support{mesher, loadTimes};
+    auto const loaded = Entry.load(error ? request.path : path, document, support, stages.Next(50));
     if (progress->isCancelled()) return cancelled();
     if (loaded) return ReadResult::Failure(loaded->outcome, wideFromBytes(loaded->cause));
 
     document.hideInvisibleLayers();
     result.graphical = request.graphical || document.isMesh;
-    ModelBuilder builder(
-        document, {result.graphical, request.persistentNames, request.processors > 1, request.exactShapes},
-        model);
+    ModelBuilder builder(document, mesher, {result.graphical, request.persistentNames, request.exactShapes},
+                         model);
     {
         StageClock const clock(buildTimes.convert);
         builder.buildStructure();

@@ -1,3 +1,4 @@
+#include "PartMesher.h"
 #include "open_cascade_document.h"
 #include "open_cascade_guard.h"
 #include "stage_clock.h"
@@ -5,8 +6,13 @@
 #include "step_text.h"
 
 #include <Interface_Static.hxx>
+#include <Message_ProgressScope.hxx>
 #include <STEPCAFControl_Controller.hxx>
 #include <STEPCAFControl_Reader.hxx>
+#include <StepBasic_ProductDefinition.hxx>
+#include <StepData_StepModel.hxx>
+#include <StepRepr_NextAssemblyUsageOccurrence.hxx>
+#include <TColStd_MapOfTransient.hxx>
 #include <TDF_LabelSequence.hxx>
 
 namespace NarMetaInfra
@@ -47,9 +53,45 @@ LoadOutcome parse(std::filesystem::path const& file, STEPCAFControl_Reader& read
     if (status != IFSelect_RetDone) return LoadFailure{IoOutcome::Damaged, message};
     return std::nullopt;
 }
+
+// Products that consist of no others but stand in an assembly.
+std::vector<Handle(StepBasic_ProductDefinition)> leafProducts(Interface_InterfaceModel const& model)
+{
+    std::vector<Handle(StepBasic_ProductDefinition)> leaves;
+    TColStd_MapOfTransient assemblies, seen;
+    std::vector<Handle(StepRepr_NextAssemblyUsageOccurrence)> uses;
+    for (Standard_Integer i = 1; i <= model.NbEntities(); ++i) {
+        auto const use = Handle(StepRepr_NextAssemblyUsageOccurrence)::DownCast(model.Value(i));
+        if (use.IsNull()) continue;
+        uses.push_back(use);
+        assemblies.Add(use->RelatingProductDefinition());
+    }
+    for (auto const& use : uses) {
+        auto const product = use->RelatedProductDefinition();
+        if (!product.IsNull() && !assemblies.Contains(product) && seen.Add(product))
+            leaves.push_back(product);
+    }
+    return leaves;
+}
+
+// The parts of assemblies first, one by one: while the next is translated, the last is meshed. The
+// translation of the whole finds them done.
+void translateParts(STEPControl_Reader& reader, PartMesher& mesher, Message_ProgressRange const& range)
+{
+    auto const parts = leafProducts(*reader.Model());
+    if (parts.size() < 2 || mesher.threads() < 2) return;
+    Message_ProgressScope scope(range, "parts", static_cast<double>(parts.size()));
+    for (auto const& part : parts) {
+        if (!scope.More()) return;
+        // What fails here fails again with the whole, which reports it.
+        bool isDone = false;
+        static_cast<void>(guarded([&] { isDone = reader.TransferEntity(part, scope.Next()); }));
+        if (isDone) mesher.add(reader.Shape(reader.NbShapes()));
+    }
+}
 } // namespace
 
-LoadOutcome loadStep(std::filesystem::path const& file, KernelDocument& document, LoadTimes& times,
+LoadOutcome loadStep(std::filesystem::path const& file, KernelDocument& document, LoadSupport const& support,
                      Message_ProgressRange const& range)
 {
     STEPCAFControl_Controller::Init();
@@ -65,12 +107,15 @@ LoadOutcome loadStep(std::filesystem::path const& file, KernelDocument& document
     reader.SetMatMode(false);
     reader.SetPropsMode(false);
     {
-        StageClock const clock(times.parse);
+        StageClock const clock(support.times.parse);
         if (auto failure = parse(file, reader, document)) return failure;
     }
-    StageClock const clock(times.transfer);
+    StageClock const clock(support.times.transfer);
     auto failure = guarded([&] {
-        if (reader.NbRootsForTransfer() > 0) reader.Transfer(document.document, range);
+        if (reader.NbRootsForTransfer() == 0) return;
+        Message_ProgressScope scope(range, "transfer", 100);
+        translateParts(reader.ChangeReader(), support.mesher, scope.Next(90));
+        reader.Transfer(document.document, scope.Next(10));
     });
     if (range.UserBreak()) return std::nullopt;
     if (!document.hasShapes()) {

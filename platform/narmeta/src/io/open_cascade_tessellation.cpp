@@ -75,9 +75,9 @@ void tessellate(TopoDS_Shape const& shape, TessellationTolerance const& toleranc
 void setKernelThreads(unsigned count)
 {
     OSD_Parallel::SetUseOcctThreads(true);
-    auto const others = static_cast<int>(std::clamp(count, 1u, 256u)) - 1;
-    auto const& pool = OSD_ThreadPool::DefaultPool(others);
-    if (pool->NbThreads() != others + 1 && !pool->IsInUse()) pool->Init(others);
+    auto const threads = static_cast<int>(std::clamp(count, 1u, 256u));
+    auto const& pool = OSD_ThreadPool::DefaultPool(threads); // the caller's thread is one of them
+    if (pool->NbThreads() != threads && !pool->IsInUse()) pool->Init(threads);
     pool->SetNbDefaultThreadsToLaunch(pool->NbThreads());
 }
 } // namespace NarMetaInfra

@@ -39,10 +39,10 @@ void colourFaces(KernelDocument& document, TDF_Label const& label, TopoDS_Shape 
 }
 } // namespace
 
-LoadOutcome loadVrml(std::filesystem::path const& file, KernelDocument& document, LoadTimes& times,
+LoadOutcome loadVrml(std::filesystem::path const& file, KernelDocument& document, LoadSupport const& support,
                      Message_ProgressRange const& range)
 {
-    StageClock const clock(times.parse);
+    StageClock const clock(support.times.parse);
     document.isMesh = true;
     TopoDS_Shape shape;
     bool isWhole = false;
