@@ -127,6 +127,7 @@ double openBy(std::string_view way, unsigned processors, fs::path const& file)
     NarMetaInfra::ZELProductStructure model;
     io.SetNumProcessors(processors);
     io.SetReadIsolated(way == "isolated");
+    io.SetKeepExactShapes(way != "plain"); // as the window does
     if (way == "cached") io.SetCacheLimit(1u << 30);
     auto const start = Clock::now();
     if (!io.Read(file.wstring().c_str(), &model, nullptr)) return -1.0;

@@ -1,0 +1,89 @@
+#include "open_cascade_step_reader.h"
+
+#include "open_cascade_guard.h"
+
+#include <Message_ProgressScope.hxx>
+#include <STEPCAFControl_ExternFile.hxx>
+#include <STEPConstruct_ExternRefs.hxx>
+#include <StepBasic_ProductDefinition.hxx>
+#include <StepData_StepModel.hxx>
+#include <StepRepr_NextAssemblyUsageOccurrence.hxx>
+#include <TColStd_MapOfTransient.hxx>
+#include <TDF_LabelSequence.hxx>
+
+namespace NarMetaInfra
+{
+namespace
+{
+// Products that consist of no others but stand in an assembly.
+std::vector<Handle(StepBasic_ProductDefinition)> leafProducts(Interface_InterfaceModel const& model)
+{
+    std::vector<Handle(StepBasic_ProductDefinition)> leaves;
+    TColStd_MapOfTransient assemblies, seen;
+    std::vector<Handle(StepRepr_NextAssemblyUsageOccurrence)> uses;
+    for (Standard_Integer i = 1; i <= model.NbEntities(); ++i) {
+        auto const use = Handle(StepRepr_NextAssemblyUsageOccurrence)::DownCast(model.Value(i));
+        if (use.IsNull()) continue;
+        uses.push_back(use);
+        assemblies.Add(use->RelatingProductDefinition());
+    }
+    for (auto const& use : uses) {
+        auto const product = use->RelatedProductDefinition();
+        if (!product.IsNull() && !assemblies.Contains(product) && seen.Add(product))
+            leaves.push_back(product);
+    }
+    return leaves;
+}
+} // namespace
+
+StepReader::StepReader()
+{
+    SetNameMode(true);
+    SetColorMode(true);
+    SetLayerMode(true);
+    SetSHUOMode(true);
+    // These fail as a whole on files whose shapes are good.
+    SetGDTMode(false);
+    SetViewMode(false);
+    SetMatMode(false);
+    SetPropsMode(false);
+}
+
+// What fails here fails again with the whole, which reports it.
+void StepReader::translateAhead(KernelDocument& document, PartMesher& mesher,
+                                std::filesystem::path const& folder, Message_ProgressRange const& range)
+{
+    if (mesher.threads() < 2) return;
+    auto& reader = ChangeReader();
+    auto const parts = leafProducts(*reader.Model());
+    STEPConstruct_ExternRefs references(reader.WS());
+    references.LoadExternRefs();
+    auto const fileCount = references.NbExternRefs();
+    Message_ProgressScope scope(range, "parts", static_cast<double>(parts.size()) + fileCount);
+    for (auto const& part : parts) {
+        auto const share = scope.Next();
+        if (parts.size() < 2 || !scope.More()) break;
+        bool isDone = false;
+        static_cast<void>(guarded([&] { isDone = reader.TransferEntity(part, share); }));
+        if (isDone) mesher.add(reader.Shape(reader.NbShapes()));
+    }
+    for (Standard_Integer i = 1; i <= fileCount && scope.More(); ++i) {
+        auto const* const name = references.FileName(i);
+        auto const share = scope.Next();
+        if (name && *name && !references.ProdDef(i).IsNull())
+            static_cast<void>(guarded([&] { readExternal(name, document, mesher, folder, share); }));
+    }
+}
+
+void StepReader::readExternal(std::string const& name, KernelDocument& document, PartMesher& mesher,
+                              std::filesystem::path const& folder, Message_ProgressRange const& range)
+{
+    auto const path = folder / name;
+    if (!std::filesystem::is_regular_file(path)) return;
+    ReadExternFile(name.c_str(), path.c_str(), document.document, range);
+    TDF_LabelSequence labels;
+    document.shapes()->GetShapes(labels);
+    for (auto const& label : labels)
+        if (XCAFDoc_ShapeTool::IsSimpleShape(label)) mesher.add(XCAFDoc_ShapeTool::GetShape(label));
+}
+} // namespace NarMetaInfra
