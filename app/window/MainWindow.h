@@ -87,6 +87,7 @@ private:
     void goToTab(int step);
     void findInTree();
     void savePicture(DocumentTab& tab);
+    void keepThumbnail(DocumentTab& tab);
     void saveAs(DocumentTab& tab);
     void showPreferences();
     void showTreeMenu(DocumentTab& tab, ZELVizCore::RenderId const& id, QPoint const& position);

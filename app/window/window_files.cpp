@@ -17,8 +17,10 @@
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTabWidget>
+#include <QTimer>
 #include <QToolButton>
 
+#include <chrono>
 #include <map>
 
 namespace zelview
@@ -117,6 +119,17 @@ DocumentTab* MainWindow::addTab()
     return tab;
 }
 
+// Some time after the file is shown: whoever asks for a picture waits for it, and the first one takes longest.
+void MainWindow::keepThumbnail(DocumentTab& tab)
+{
+    using namespace std::chrono_literals;
+    QTimer::singleShot(1s, &tab, [this, &tab, path = tab.path()] {
+        if (tab.path() != path) return;
+        Thumbnails::store(path, tab.picture());
+        showRecent();
+    });
+}
+
 void MainWindow::finished(LoadRequest const& request, std::shared_ptr<OpenDocument> document, bool read,
                           bool cancelled)
 {
@@ -154,8 +167,8 @@ void MainWindow::finished(LoadRequest const& request, std::shared_ptr<OpenDocume
             Tabs->setTabText(Tabs->indexOf(tab), name);
             Tabs->setTabToolTip(Tabs->indexOf(tab), request.path);
             Remembered.noteOpened(request.path);
-            Thumbnails::store(request.path, tab->picture());
             showRecent();
+            keepThumbnail(*tab);
         } else if (isNew) {
             delete tab;
         }

@@ -50,6 +50,8 @@ public:
     QImage seen() const
     {
         QApplication::processEvents();
+        Picture finished;
+        canvas.ReadPixels(finished); // what is wanted is made and shown now
         return screen()->grabWindow(winId()).toImage().convertToFormat(QImage::Format_RGB32);
     }
 

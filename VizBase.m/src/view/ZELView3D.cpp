@@ -8,6 +8,7 @@
 
 #include <QPaintEvent>
 #include <QResizeEvent>
+#include <QTimer>
 
 namespace ZelVizBase
 {
@@ -202,6 +203,11 @@ void ZELView3D::SetWindowSize(int width, int height)
 
 void ZELView3D::paintEvent(QPaintEvent*)
 {
+    if (HPS::World::IsDrawing()) {
+        // To wait here for a picture would hold up the whole window.
+        QTimer::singleShot(10, this, qOverload<>(&QWidget::update));
+        return;
+    }
     // The first view of a process starts isometric; a later one keeps the camera that it has.
     static bool firstPaint = true;
     if (firstPaint) {

@@ -28,6 +28,10 @@ public:
     // operation that may run on a thread of its own while others use the database; it has to be over before
     // the first update of a canvas. False if there is no device: the update tells why.
     static bool PrepareGraphics(int width, int height);
+
+    // A picture is being made beside the caller, who would wait for it in the next call that concerns the
+    // scene.
+    static bool IsDrawing();
 };
 
 } // namespace HPS

@@ -53,6 +53,8 @@ void Subscriptions::tidy()
 namespace
 {
 
+thread_local HeldMessages* holder = nullptr;
+
 void raise(Event const& event) noexcept
 {
     try {
@@ -66,12 +68,28 @@ void raise(Event const& event) noexcept
 
 void raiseError(UTF8 const& message)
 {
-    raise(ErrorEvent(message));
+    if (holder)
+        holder->add({raiseError, message});
+    else
+        raise(ErrorEvent(message));
 }
 
 void raiseWarning(UTF8 const& message)
 {
-    raise(WarningEvent(message));
+    if (holder)
+        holder->add({raiseWarning, message});
+    else
+        raise(WarningEvent(message));
+}
+
+HeldMessages::HeldMessages()
+{
+    holder = this;
+}
+
+HeldMessages::~HeldMessages()
+{
+    holder = nullptr;
 }
 
 } // namespace HPS::scene

@@ -1,4 +1,5 @@
 #include "store.h"
+#include "SceneGate.h"
 #include "user_data.h"
 #include <algorithm>
 
@@ -39,6 +40,7 @@ Store::Store()
 Store& Store::instance()
 {
     static Store& store = *new Store;
+    SceneGate::pass();
     return store;
 }
 

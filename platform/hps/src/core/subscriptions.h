@@ -1,5 +1,7 @@
 #pragma once
 #include <hps/EventDispatcher.h>
+#include <utility>
+#include <vector>
 
 namespace HPS::scene
 {
@@ -40,5 +42,26 @@ template <class F> void Subscriptions::remove(F&& wanted)
 // Tells the database's handlers of a fault in what was asked. Never throws.
 void raiseError(UTF8 const& message);
 void raiseWarning(UTF8 const& message);
+
+// While one lives, what is raised on its thread is kept for another thread to tell: handlers are called on
+// the thread of the caller and on no other. One at a time on a thread.
+class HeldMessages
+{
+public:
+    struct Message {
+        void (*raise)(UTF8 const&); // one of the two above
+        UTF8 text;
+    };
+    HeldMessages();
+    ~HeldMessages();
+    HeldMessages(HeldMessages const&) = delete;
+    HeldMessages& operator=(HeldMessages const&) = delete;
+
+    std::vector<Message> take() { return std::exchange(messages_, {}); }
+    void add(Message message) { messages_.push_back(std::move(message)); }
+
+private:
+    std::vector<Message> messages_;
+};
 
 } // namespace HPS::scene

@@ -55,10 +55,16 @@ bool WidgetPresenter::showScreen(Screen& screen) const
     return true;
 }
 
+bool WidgetPresenter::isSeen() const
+{
+    QWindow const* const window = widget_.isNull() ? nullptr : widget_->windowHandle();
+    return window != nullptr && window->isExposed();
+}
+
 void WidgetPresenter::present(Picture const& picture)
 {
-    QWindow* const window = widget_.isNull() ? nullptr : widget_->windowHandle();
-    if (window == nullptr || !window->isExposed()) return;
+    if (!isSeen()) return;
+    QWindow* const window = widget_->windowHandle();
     if (store_ == nullptr || window_ != window) {
         store_ = std::make_unique<QBackingStore>(window);
         window_ = window;
@@ -75,6 +81,18 @@ void WidgetPresenter::present(Picture const& picture)
     painter.end();
     store_->endPaint();
     store_->flush(all);
+}
+
+void WidgetPresenter::callBack(std::function<void()> next)
+{
+    QMetaObject::invokeMethod(&caller_, std::move(next), Qt::QueuedConnection);
+}
+
+void WidgetPresenter::whenIdle(std::function<void()> next)
+{
+    using namespace std::chrono_literals;
+    // What lies in the queue, a widget's wish to be painted too, comes before any timer.
+    QTimer::singleShot(1ms, Qt::PreciseTimer, &caller_, std::move(next));
 }
 
 bool WidgetPresenter::requestFrame(std::function<void()> next)

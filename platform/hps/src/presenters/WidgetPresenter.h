@@ -1,5 +1,6 @@
 #pragma once
 #include "Presenter.h"
+#include <QObject>
 #include <QPointer>
 
 QT_BEGIN_NAMESPACE
@@ -25,13 +26,18 @@ public:
     bool showScreen(Screen& screen) const override;
     /// Nothing happens while the window is not exposed; it asks to be painted once it is.
     void present(Picture const& picture) override;
-    /// By the application's event loop.
+    /// All by the application's event loop.
+    bool isSeen() const override;
+    bool callsBack() const override { return true; }
+    void callBack(std::function<void()> next) override;
+    void whenIdle(std::function<void()> next) override;
     bool requestFrame(std::function<void()> next) override;
 
 private:
     QPointer<QWidget> widget_; ///< not owned
     QPointer<QWindow> window_; ///< that `store_` was made for
     std::unique_ptr<QBackingStore> store_;
+    QObject caller_; ///< on the widget's thread; what it was to call dies with it
 };
 
 /// Null if the handle is not that of a widget of this process, or there is no application for widgets.

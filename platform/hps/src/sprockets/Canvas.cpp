@@ -4,6 +4,7 @@
 #include "InteractionWatch.h"
 #include "Presenter.h"
 #include "Stopwatch.h"
+#include "canvas_update.h"
 #include "records.h"
 #include "store.h"
 #include "subscriptions.h"
@@ -15,21 +16,6 @@
 
 namespace HPS
 {
-namespace
-{
-
-bool inTransition(Layout const& layout)
-{
-    auto const& registry = Registry::instance();
-    auto const* const record = registry.find(layout);
-    return record != nullptr && std::ranges::any_of(record->layers, [&](LayoutRecord::Layer const& layer) {
-               auto const* const view = registry.find(layer.view);
-               return view != nullptr && view->transition != nullptr;
-           });
-}
-
-} // namespace
-
 WindowKey Canvas::GetWindowKey() const
 {
     auto const* const record = Registry::instance().find(*this);
@@ -107,45 +93,25 @@ bool Canvas::ShowSize(int& width, int& height) const
 
 bool Canvas::Update(Window::UpdateType type, double timeLimit) const
 {
-    auto* const record = Registry::instance().find(*this);
-    if (record == nullptr) return false;
-    int width = 0, height = 0;
-    if (record->presenter != nullptr && record->presenter->showSize(width, height))
-        Canvas(*this).SetSize(width, height);
-    UpdateRequest const request{type, timeLimit,
-                                record->watch->interacting() || inTransition(record->layout)};
-    std::string const before = record->failure.Str();
-    record->failure = record->picture->update(*record, request, record->report);
-    // The same fault at every picture is told once.
-    if (!record->failure.Empty() && record->failure.Str() != before) scene::raiseError(record->failure);
-    bool const present = record->presenter != nullptr && type != Window::UpdateType::CompileOnly &&
-                         (record->picture->isNew() || type == Window::UpdateType::Refresh);
-    // Told only now: who hears of it may change the scene.
-    for (std::string const& text : render::FontLibrary::instance().takeWarnings())
-        Database::GetEventDispatcher().InjectEvent(WarningEvent(text));
-    Picture picture;
-    if (present && ReadPixels(picture)) record->presenter->present(picture);
-    return record->failure.Empty();
+    return updateCanvas(*this, {type, timeLimit});
 }
 
 UpdateNotifier Canvas::UpdateWithNotifier(Window::UpdateType type) const
 {
-    return UpdateNotifier(Update(type));
+    Update(type);
+    auto const* const record = settled(*this);
+    return UpdateNotifier(record != nullptr && record->failure.Empty());
 }
 
 bool Canvas::ReadPixels(Picture& picture) const
 {
-    auto* const record = Registry::instance().find(*this);
-    if (record == nullptr) return false;
-    render::Stopwatch reading;
-    bool const done = record->picture->read(picture);
-    record->report.readMilliseconds = reading.milliseconds();
-    return done;
+    auto* const record = settled(*this);
+    return record != nullptr && readPicture(*record, picture);
 }
 
 bool Canvas::ShowUpdateReport(UpdateReport& report) const
 {
-    auto const* const record = Registry::instance().find(*this);
+    auto const* const record = settled(*this);
     if (record == nullptr) return false;
     report = record->report;
     return true;
@@ -153,7 +119,7 @@ bool Canvas::ShowUpdateReport(UpdateReport& report) const
 
 bool Canvas::ShowFailure(UTF8& cause) const
 {
-    auto const* const record = Registry::instance().find(*this);
+    auto const* const record = settled(*this);
     if (record == nullptr || record->failure.Empty()) return false;
     cause = record->failure;
     return true;

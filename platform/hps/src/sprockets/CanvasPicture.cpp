@@ -2,6 +2,7 @@
 #include "Device.h"
 #include "Frame.h"
 #include "MeshStore.h"
+#include "PictureThread.h"
 #include "SceneCompiler.h"
 #include "ShaderLibrary.h"
 #include "Stopwatch.h"
@@ -64,7 +65,10 @@ void startAnew(render::Device& device)
 } // namespace
 
 CanvasPicture::CanvasPicture() = default;
-CanvasPicture::~CanvasPicture() = default;
+CanvasPicture::~CanvasPicture()
+{
+    if (target_ || quick_ || !layers_.empty()) PictureThread::instance().run([this] { forget(); });
+}
 
 void CanvasPicture::matchLayers(LayoutRecord const* layout)
 {

@@ -16,13 +16,6 @@ class Target;
 namespace HPS
 {
 
-/// What is asked of an update.
-struct UpdateRequest {
-    Window::UpdateType type = Window::UpdateType::Default;
-    double timeLimit = -1;    ///< seconds; negative for none
-    bool interacting = false; ///< somebody moves something about; a picture soon counts more than a full one
-};
-
 /// The graphics side of a canvas: its picture, and for each layer of its layout what is drawn there.
 /// Asks for the graphics device at the first update, not before.
 class CanvasPicture

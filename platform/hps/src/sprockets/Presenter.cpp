@@ -1,4 +1,5 @@
 #include "Presenter.h"
+#include <utility>
 
 namespace HPS
 {
@@ -13,9 +14,9 @@ PresenterMaker& registeredMaker()
 
 } // namespace
 
-void setPresenterMaker(PresenterMaker maker)
+PresenterMaker setPresenterMaker(PresenterMaker maker)
 {
-    registeredMaker() = maker;
+    return std::exchange(registeredMaker(), maker);
 }
 
 std::unique_ptr<Presenter> makePresenter(WindowHandle window)

@@ -1,4 +1,5 @@
 #include "FontLibrary.h"
+#include "SceneGate.h"
 #include "records.h"
 #include "warm_up.h"
 #include <hps/World.h>
@@ -51,6 +52,11 @@ UTF8 const& World::GetMaterialLibraryDirectory()
 bool World::PrepareGraphics(int width, int height)
 {
     return width > 0 && height > 0 && render::warmUp(width, height, CanvasRecord{}.samples);
+}
+
+bool World::IsDrawing()
+{
+    return scene::SceneGate::isClosed();
 }
 
 } // namespace HPS

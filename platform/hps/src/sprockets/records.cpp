@@ -5,6 +5,7 @@
 #include "InteractionWatch.h"
 #include "OperatorStack.h"
 #include "Presenter.h"
+#include "SceneGate.h"
 #include <algorithm>
 
 namespace HPS
@@ -20,6 +21,7 @@ Registry& Registry::instance()
 {
     // Never destroyed: a canvas that outlives main must not reach for a graphics driver that is gone.
     static Registry* const registry = new Registry;
+    scene::SceneGate::pass();
     return *registry;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 #include "SlotTable.h"
 #include "corner.h"
+#include "subscriptions.h"
 #include <hps/ApplicationWindowOptionsKit.h>
 #include <hps/CameraKit.h>
 #include <hps/Canvas.h>
@@ -54,6 +55,21 @@ struct LayoutRecord {
     std::vector<Layer> layers; ///< from back to front
 };
 
+/// What is asked of an update.
+struct UpdateRequest {
+    Window::UpdateType type = Window::UpdateType::Default;
+    double timeLimit = -1;    ///< seconds; negative for none
+    bool interacting = false; ///< somebody moves something about; a picture soon counts more than a full one
+};
+
+/// A picture that is being made beside the caller, or is made and waits for the caller's next look.
+struct PendingPicture {
+    std::string failure;
+    bool present = false; ///< `picture` is to be shown
+    Picture picture;
+    std::vector<scene::HeldMessages::Message> messages;
+};
+
 struct CanvasRecord {
     CanvasRecord();
     ~CanvasRecord();
@@ -70,6 +86,9 @@ struct CanvasRecord {
     std::unique_ptr<InteractionWatch> watch;
     std::unique_ptr<Presenter> presenter; ///< null where no window shows the canvas
     std::unique_ptr<InputRouter> input;
+    std::optional<UpdateRequest> wanted;     ///< and not begun
+    bool scheduled = false;                  ///< the window's event loop will look at what is wanted
+    std::unique_ptr<PendingPicture> pending; ///< begun; null: what was is shown and told
     UpdateReport report;
     UTF8 failure; ///< of the last update
 };

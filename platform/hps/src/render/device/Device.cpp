@@ -172,6 +172,12 @@ void Device::release()
         eglMakeCurrent(display_, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
 }
 
+void Device::releaseCurrent()
+{
+    if (EGLDisplay const display = eglGetCurrentDisplay(); display != EGL_NO_DISPLAY)
+        eglMakeCurrent(display, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
+}
+
 bool Device::makeCurrent()
 {
     if (context_ == nullptr) return false;

@@ -21,6 +21,8 @@ public:
 
     /// Lets the context go from the calling thread, so that another one can take it.
     void release();
+    /// Of whatever device is current on this thread; opens none.
+    static void releaseCurrent();
 
     /// True once the driver has taken the context away, with all that was in it.
     bool lost();
