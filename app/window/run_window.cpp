@@ -7,7 +7,9 @@
 #include <QFileInfo>
 #include <QMessageBox>
 
+#include <algorithm>
 #include <clocale>
+#include <cstdlib>
 #include <unistd.h>
 
 namespace zelview
@@ -26,6 +28,19 @@ ExitCode refuse(Console const& console, ExitCode code, std::string const& cause)
     return code;
 }
 
+QtMessageHandler formerHandler = nullptr;
+
+/// Qt calls exit() when the display goes away. What that tears down may be in use by a thread that draws, so
+/// the process ends here instead.
+void endWithTheDisplay(QtMsgType type, QMessageLogContext const& context, QString const& text)
+{
+    formerHandler(type, context, text);
+    static constexpr QLatin1String Ends[] = {QLatin1String("The X11 connection broke"),
+                                             QLatin1String("The Wayland connection broke")};
+    if (std::ranges::any_of(Ends, [&](QLatin1String words) { return text.startsWith(words); }))
+        std::_Exit(static_cast<int>(ExitCode::NoGraphics));
+}
+
 } // namespace
 
 ExitCode runWindow(Options const& options, Console const& console)
@@ -35,6 +50,7 @@ ExitCode runWindow(Options const& options, Console const& console)
     int count = 1;
     std::string name = "zelview";
     char* words[] = {name.data(), nullptr};
+    formerHandler = qInstallMessageHandler(endWithTheDisplay);
     QApplication application(count, words);
     // Qt takes the user's locale, in which readers would meet numbers with commas and names they cannot
     // narrow.

@@ -51,7 +51,8 @@ QString MainWindow::openFilter() const
     MoraCore::AViewTree nowhere;
     std::map<QString, QStringList> patterns; // by the name of the format
     QStringList all;
-    for (auto const& [extension, name] : Source.makeDocument(nowhere)->ValidImportExtensions()) {
+    auto const document = Source.makeDocument(nowhere); // what it gives lives as long as it does
+    for (auto const& [extension, name] : document->ValidImportExtensions()) {
         QString const small = QStringLiteral("*.") + QString::fromStdWString(extension).toLower();
         QStringList const both{small, small.toUpper()};
         patterns[QString::fromStdWString(name)] += both;

@@ -116,6 +116,23 @@ TEST_F(RealWindow, keysChangeWhatIsSeenAndQuitEndsWell)
     EXPECT_EQ(Zelview.exitCode(), 0) << Zelview.readAllStandardError().constData();
 }
 
+TEST_F(RealWindow, theOpenDialogReadsWhatIsTyped)
+{
+    QString const other = Home.filePath("other.zel_xml");
+    ASSERT_TRUE(QFile::copy(Sample, other));
+    start({Sample});
+    ASSERT_TRUE(waitForTitle("machine.zel_xml"));
+    press("ctrl+o");
+    ASSERT_TRUE(waitForTitle("^Open$"));
+    QTest::qSleep(500); // until the field of the name has the keys
+    xdotool({"type", "--delay", "5", other});
+    press("Return");
+    EXPECT_TRUE(waitForTitle("other.zel_xml"));
+    press("ctrl+q");
+    ASSERT_TRUE(Zelview.waitForFinished(20'000));
+    EXPECT_EQ(Zelview.exitCode(), 0) << Zelview.readAllStandardError().constData();
+}
+
 TEST_F(RealWindow, aDisplayThatGoesAwayEndsTheProgram)
 {
     start({Sample});
@@ -123,4 +140,5 @@ TEST_F(RealWindow, aDisplayThatGoesAwayEndsTheProgram)
     Server.terminate();
     ASSERT_TRUE(Zelview.waitForFinished(20'000));
     EXPECT_EQ(Zelview.exitStatus(), QProcess::NormalExit) << "it crashed";
+    EXPECT_EQ(Zelview.exitCode(), 6);
 }

@@ -23,7 +23,11 @@ PictureThread::~PictureThread()
         ends_ = true;
     }
     wanted_.notify_one();
-    thread_.join();
+    // A process that exits in the middle of a picture may have ended the driver's own threads already.
+    if (SceneGate::isClosed())
+        thread_.detach();
+    else
+        thread_.join();
 }
 
 void PictureThread::run(std::function<void()> const& work)
