@@ -16,6 +16,7 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QProgressBar>
+#include <QScreen>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTabWidget>
@@ -180,7 +181,7 @@ void MainWindow::makeStatusBar()
 
 void MainWindow::restoreLayout()
 {
-    resize(1200, 800);
+    resize(QSize(1200, 800).boundedTo(screen()->availableSize() * 0.9));
     restoreGeometry(Remembered.geometry());
     restoreState(Remembered.docks());
 }
