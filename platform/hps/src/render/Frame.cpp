@@ -9,7 +9,20 @@
 namespace HPS::render
 {
 
-FrameCounts Frame::draw(Target const& target, DrawList const& list, Scene const& wanted)
+namespace
+{
+
+constexpr unsigned coloursAndDepths = GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT;
+
+} // namespace
+
+bool Frame::keepsGroundOf(Target const& target) const
+{
+    return ground_ != nullptr && ground_->width() == target.width() && ground_->height() == target.height() &&
+           ground_->samples() == target.samples();
+}
+
+FrameCounts Frame::draw(Target const& target, DrawList const& list, Scene const& wanted, Ground ground)
 {
     Scene const scene = atQuality(wanted);
     FrameCounts counts;
@@ -24,8 +37,8 @@ FrameCounts Frame::draw(Target const& target, DrawList const& list, Scene const&
     upload(context);
     context.instanceBuffer = buffers_.instances();
     strokes_.upload(context);
-    visible_.choose(context);
-    drawSteps(context);
+    if (ground != Ground::TakeKept) visible_.choose(context);
+    drawSteps(context, ground);
     return counts;
 }
 
@@ -38,9 +51,30 @@ void Frame::upload(FrameContext& context)
     buffers_.bindMaterials();
 }
 
-void Frame::drawSteps(FrameContext& context)
+void Frame::drawSteps(FrameContext& context, Ground ground)
 {
     sections_.prepare(context);
+    if (ground == Ground::TakeKept) {
+        lights_.draw(context);
+        ground_->blitTo(context.target.framebuffer(), coloursAndDepths);
+        context.target.bind();
+        glEnable(GL_MULTISAMPLE);
+        glDepthMask(GL_TRUE);
+        setSceneState();
+    } else {
+        drawGround(context);
+    }
+    if (ground == Ground::DrawAndKeep) {
+        if (ground_ == nullptr) ground_ = std::make_unique<Target>();
+        ground_->resize(context.target.width(), context.target.height(), context.target.samples());
+        context.target.blitTo(ground_->framebuffer(), coloursAndDepths);
+    }
+    highlight_.draw(context);
+    overlay_.draw(context, visible_);
+}
+
+void Frame::drawGround(FrameContext& context)
+{
     context.shadowed = shadows_.draw(context, visible_);
     planes_.prepare(context);
     lights_.draw(context);
@@ -60,8 +94,6 @@ void Frame::drawSteps(FrameContext& context)
     planes_.draw(context);
     transparent_.draw(context, visible_);
     effects_.finish(context, visible_);
-    highlight_.draw(context);
-    overlay_.draw(context, visible_);
 }
 
 } // namespace HPS::render

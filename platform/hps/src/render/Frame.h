@@ -12,9 +12,17 @@
 #include "ShadowStep.h"
 #include "StrokeBuffers.h"
 #include "TransparentStep.h"
+#include <memory>
 
 namespace HPS::render
 {
+
+/// What a frame does with all that lies under its highlights.
+enum class Ground {
+    Draw,
+    DrawAndKeep, ///< for frames to come
+    TakeKept,    ///< of the last frame that kept it
+};
 
 /// Draws draw lists into targets; one per canvas. Keeps the instances of the last list on the device, so that
 /// a frame that differs by the camera alone uploads no more than its list of visible records.
@@ -22,13 +30,21 @@ class Frame
 {
 public:
     /// Needs the device's context to be current. What the target holds stays below the new picture unless the
-    /// scene has a background. The picture is complete once the target is resolved.
-    FrameCounts draw(Target const& target, DrawList const& list, Scene const& scene);
+    /// scene has a background. The picture is complete once the target is resolved. `ground` may be taken if
+    /// it is kept for the target and nothing but the scene's highlights has changed since the last frame.
+    FrameCounts draw(Target const& target, DrawList const& list, Scene const& scene,
+                     Ground ground = Ground::Draw);
+    /// True if the last frame's ground is kept, for a target of this size.
+    bool keepsGroundOf(Target const& target) const;
+    /// Lets go of what is kept: highlights no longer change on their own.
+    void dropGround() { ground_.reset(); }
 
 private:
     void upload(FrameContext& context);
-    void drawSteps(FrameContext& context);
+    void drawGround(FrameContext& context);
+    void drawSteps(FrameContext& context, Ground ground);
 
+    std::unique_ptr<Target> ground_; ///< colours and depths below the highlights; null: not kept
     StrokeBuffers strokes_;
     Buffer frameBlock_;
     ListBuffers buffers_;

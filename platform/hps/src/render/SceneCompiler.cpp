@@ -100,6 +100,12 @@ SceneCompiler::Result SceneCompiler::update(std::span<KeyIndex const> path, bool
     if (rehighlight) makeHighlight();
     sweepHeld();
     result.changed = otherStyle || fromScratch || shown_ > 0 || list_.version != version || otherScene;
+    // A camera above the view, an option of the window: what is marked otherwise may be about all of it.
+    result.onlyHighlight =
+        otherScene && !otherStyle && !fromScratch && shown_ == 0 && list_.version == version &&
+        std::none_of(marks_.begin(), marks_.end(), [&](ChangeMark const& mark) {
+            return matters(mark) && (mark.changes != Change::Highlight || mark.slot != path_.front().slot);
+        });
     result.listMade = fromScratch;
     result.shownSegments = shown_;
     result.uploadedMeshes = meshes.uploads() - uploads;

@@ -35,6 +35,7 @@ class SceneCompiler final : private OccurrenceListener
 public:
     struct Result {
         bool changed = false;            ///< a new picture would differ
+        bool onlyHighlight = false;      ///< in its highlights alone
         bool listMade = false;           ///< from scratch
         std::uint32_t shownSegments = 0; ///< occurrences whose records were looked at
         std::uint32_t uploadedMeshes = 0;

@@ -81,12 +81,13 @@ void CanvasPicture::matchLayers(LayoutRecord const* layout)
         layers_.push_back({layout->layers[i].view, std::make_unique<render::SceneCompiler>(),
                            std::make_unique<render::Frame>(), std::make_unique<render::SubwindowPainter>()});
     drawn_ = false;
+    unseen_ = Changed::Anything;
 }
 
-bool CanvasPicture::compile(CanvasRecord const& canvas, LayoutRecord const& layout, bool fromScratch,
-                            UpdateReport& report)
+CanvasPicture::Changed CanvasPicture::compile(CanvasRecord const& canvas, LayoutRecord const& layout,
+                                              bool fromScratch, UpdateReport& report)
 {
-    bool changed = false;
+    Changed changed = Changed::Nothing;
     for (std::size_t i = 0; i < layers_.size(); ++i) {
         Layer& layer = layers_[i];
         auto* const view = Registry::instance().find(layer.view);
@@ -96,7 +97,8 @@ bool CanvasPicture::compile(CanvasRecord const& canvas, LayoutRecord const& layo
         std::array const path{canvas.window.Index(), canvas.include.Index(), layout.segment.Index(),
                               place.segment.Index(), place.include.Index(),  view->segment.Index()};
         auto const result = layer.compiler->update(path, fromScratch, faceStyle(view->mode));
-        changed = changed || result.changed;
+        if (result.changed)
+            changed = std::max(changed, result.onlyHighlight ? Changed::Highlights : Changed::Anything);
         report.compiledViews += result.listMade ? 1 : 0;
         report.uploadedMeshes += result.uploadedMeshes;
         report.uploadMilliseconds += result.uploadMilliseconds;
@@ -104,20 +106,30 @@ bool CanvasPicture::compile(CanvasRecord const& canvas, LayoutRecord const& layo
     return changed;
 }
 
-void CanvasPicture::draw(render::Target& target, UpdateReport& report)
+bool CanvasPicture::draw(render::Target& target, bool highlightsOnly, UpdateReport& report)
 {
+    using render::Ground;
     if (layers_.empty()) {
         render::Frame().draw(target, {}, {});
-        return;
+        return true;
     }
+    bool whole = true;
     for (std::size_t i = 0; i < layers_.size(); ++i) {
         render::Scene scene = layers_[i].compiler->scene();
         scene.background.shown = i == 0;
         scene.quality = quality_;
         scene.smallest = quality_ == render::Quality::Interactive ? smallest_ : 0;
-        add(report, layers_[i].frame->draw(target, layers_[i].compiler->list(), scene));
+        // A second layer lies over the highlights of the first, so that there is no ground of one alone.
+        render::Frame& frame = *layers_[i].frame;
+        bool const keeps = keepsGround_ && layers_.size() == 1 && quality_ == render::Quality::Resting;
+        Ground ground = keeps ? Ground::DrawAndKeep : Ground::Draw;
+        if (keeps && highlightsOnly && frame.keepsGroundOf(target)) ground = Ground::TakeKept;
+        if (!keeps) frame.dropGround();
+        whole = ground != Ground::TakeKept;
+        add(report, frame.draw(target, layers_[i].compiler->list(), scene, ground));
         add(report, layers_[i].subwindows->draw(target, layers_[i].compiler->subwindows(), scene));
     }
+    return whole;
 }
 
 // There is no clock behind this: the last picture at rest tells what one costs.
@@ -147,6 +159,7 @@ void CanvasPicture::forget()
     quick_.reset();
     shown_ = nullptr;
     drawn_ = memoryTold_ = false;
+    unseen_ = Changed::Anything;
 }
 
 std::string CanvasPicture::update(CanvasRecord const& canvas, UpdateRequest const& request,
@@ -173,10 +186,13 @@ std::string CanvasPicture::attempt(CanvasRecord const& canvas, UpdateRequest con
     Stopwatch compiling;
     auto const* const layout = Registry::instance().find(canvas.layout);
     matchLayers(layout);
-    bool const changed =
-        layout != nullptr && compile(canvas, *layout, request.type == UpdateType::Exhaustive, report);
+    Changed const changed = layout != nullptr
+                                ? compile(canvas, *layout, request.type == UpdateType::Exhaustive, report)
+                                : Changed::Nothing;
     report.compileMilliseconds = compiling.milliseconds();
-    if (changed) drawn_ = false;
+    // Until there is a new picture all changes count together.
+    unseen_ = drawn_ ? changed : std::max(unseen_, changed);
+    if (changed != Changed::Nothing) drawn_ = false;
     if (request.type == UpdateType::CompileOnly) return {};
 
     Stopwatch drawing;
@@ -190,13 +206,16 @@ std::string CanvasPicture::attempt(CanvasRecord const& canvas, UpdateRequest con
     bool const quick = quality == render::Quality::Interactive;
     if (quick && quick_ == nullptr) quick_ = std::make_unique<render::Target>();
     render::Target& target = quick ? *quick_ : *target_;
+    bool const highlightsOnly = shown_ == &target && onDemand && unseen_ == Changed::Highlights;
+    keepsGround_ = keepsGround_ || highlightsOnly;
     target.resize(canvas.width, canvas.height, quick ? 1 : canvas.samples);
-    draw(target, report);
+    bool const whole = draw(target, highlightsOnly, report);
+    unseen_ = Changed::Nothing;
     target.resolve();
     shown_ = &target;
     drawn_ = isNew_ = true;
     report.drawMilliseconds = drawing.milliseconds();
-    learn(report.drawMilliseconds);
+    if (whole) learn(report.drawMilliseconds);
     return faults();
 }
 

@@ -49,9 +49,13 @@ private:
     };
     std::string attempt(CanvasRecord const& canvas, UpdateRequest const& request, UpdateReport& report);
     void matchLayers(LayoutRecord const* layout);
-    bool compile(CanvasRecord const& canvas, LayoutRecord const& layout, bool fromScratch,
-                 UpdateReport& report);
-    void draw(render::Target& target, UpdateReport& report);
+    /// What an update found to be different.
+    enum class Changed { Nothing, Highlights, Anything };
+    Changed compile(CanvasRecord const& canvas, LayoutRecord const& layout, bool fromScratch,
+                    UpdateReport& report);
+    /// `highlightsOnly`: nothing else has changed since the last picture in this target. False if what lies
+    /// under the highlights was not drawn but taken from there.
+    bool draw(render::Target& target, bool highlightsOnly, UpdateReport& report);
     render::Quality qualityFor(UpdateRequest const& request) const;
     void learn(double milliseconds);
     std::string faults();
@@ -61,9 +65,11 @@ private:
     render::Target const* shown_ = nullptr;              ///< of these, the one drawn last
     render::Quality quality_ = render::Quality::Resting; ///< of the picture
     double restingMilliseconds_ = 0;                     ///< that the last picture at rest took
-    double smallest_ = 0;       ///< pixels; what is smaller is left out while interacting
-    std::vector<Layer> layers_; ///< as in the layout
-    bool drawn_ = false;        ///< the target shows what was compiled
+    double smallest_ = 0;                ///< pixels; what is smaller is left out while interacting
+    std::vector<Layer> layers_;          ///< as in the layout
+    bool drawn_ = false;                 ///< the target shows what was compiled
+    Changed unseen_ = Changed::Anything; ///< since the last picture
+    bool keepsGround_ = false;           ///< highlights have changed on their own, and may do so again
     bool isNew_ = false;
     bool memoryTold_ = false; ///< that graphics memory did not suffice
 };
