@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QScopedValueRollback>
+#include <QTimer>
 #include <QTreeView>
 #include <QVBoxLayout>
 
@@ -31,6 +32,7 @@ TreePanel::TreePanel(HostTree& tree, QWidget* parent)
     View->setUniformRowHeights(true); // otherwise every row is measured
     View->setContextMenuPolicy(Qt::CustomContextMenu);
     View->setExpandsOnDoubleClick(false);
+    View->setSelectionMode(QAbstractItemView::ExtendedSelection);
     View->header()->setStretchLastSection(false);
     View->header()->setSectionResizeMode(TreeModel::NameColumn, QHeaderView::Stretch);
     View->header()->setSectionResizeMode(TreeModel::VisibleColumn, QHeaderView::Fixed);
@@ -52,6 +54,7 @@ TreePanel::TreePanel(HostTree& tree, QWidget* parent)
             [this](QModelIndex const& index) {
                 if (!Silent) emit chosen(index.isValid() ? Model.pathOf(index) : RenderId());
             });
+    connect(View->selectionModel(), &QItemSelectionModel::selectionChanged, this, &TreePanel::tellSelected);
     connect(View, &QTreeView::activated, this, [this](QModelIndex const& index) {
         if (index.isValid()) emit opened(Model.pathOf(index));
     });
@@ -60,9 +63,11 @@ TreePanel::TreePanel(HostTree& tree, QWidget* parent)
         if (index.isValid()) emit menuWanted(Model.pathOf(index), View->viewport()->mapToGlobal(position));
     });
     connect(&tree, &HostTree::rewritten, this, &TreePanel::refresh);
-    connect(&tree, &HostTree::highlighted, this, &TreePanel::reveal);
+    connect(&tree, &HostTree::highlighted, this, &TreePanel::mark);
     connect(&tree, &HostTree::highlightCleared, this, [this] {
         QScopedValueRollback const quiet(Silent, true);
+        Marks.clear();
+        MarksShown = 0;
         View->selectionModel()->clear();
     });
 }
@@ -82,9 +87,65 @@ void TreePanel::focusSearch()
     Field->selectAll();
 }
 
+void TreePanel::tellSelected()
+{
+    if (Silent) return;
+    std::vector<RenderId> ids;
+    for (QModelIndex const& index : View->selectionModel()->selectedRows())
+        ids.push_back(Model.pathOf(index));
+    emit selected(ids);
+}
+
+// The first mark is seen at once. Those that follow are shown together: a view looks at all it has selected
+// whenever one more is.
+void TreePanel::mark(RenderId const& id)
+{
+    Marks.push_back(id);
+    if (Marks.size() == 1) {
+        reveal(id);
+        MarksShown = 1;
+    } else if (Marks.size() == MarksShown + 1) {
+        QTimer::singleShot(0, this, &TreePanel::showMarks);
+    }
+}
+
+void TreePanel::showMarks()
+{
+    QScopedValueRollback const quiet(Silent, true);
+    QItemSelection selection;
+    for (; MarksShown < Marks.size(); ++MarksShown) {
+        QModelIndex const index = nearest(Marks[MarksShown]);
+        if (!index.isValid()) continue;
+        // Neighbours are one range.
+        bool const follows = !selection.isEmpty() && selection.back().parent() == index.parent() &&
+                             selection.back().bottom() + 1 == index.row();
+        if (follows)
+            selection.back() = QItemSelectionRange(selection.back().topLeft(), index);
+        else
+            selection.append(QItemSelectionRange(index));
+    }
+    View->selectionModel()->select(selection, QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    if (!selection.isEmpty()) View->scrollTo(selection.back().bottomRight());
+}
+
+QModelIndex TreePanel::nearest(RenderId id) const
+{
+    QModelIndex index = Model.indexOf(id);
+    while (!index.isValid() && id.Length() > 0) {
+        id.SetLength(id.Length() - 1);
+        index = Model.indexOf(id);
+    }
+    return index;
+}
+
+QString TreePanel::nameOf(RenderId const& id) const
+{
+    return nearest(id).data().toString();
+}
+
 void TreePanel::reveal(RenderId const& id)
 {
-    QModelIndex const index = Model.indexOf(id);
+    QModelIndex const index = nearest(id);
     if (!index.isValid()) return;
     QScopedValueRollback const quiet(Silent, true);
     View->setCurrentIndex(index); // which also opens the way to it
@@ -129,8 +190,10 @@ bool TreePanel::eventFilter(QObject* watched, QEvent* event)
         case Qt::Key_Return:
         case Qt::Key_Enter:
             goToMatch(key->modifiers() & Qt::ShiftModifier ? -1 : 1);
-            if (QModelIndex const index = View->currentIndex(); index.isValid() && !Matches.empty())
+            if (QModelIndex const index = View->currentIndex(); index.isValid() && !Matches.empty()) {
                 emit chosen(Model.pathOf(index));
+                tellSelected();
+            }
             return true;
         case Qt::Key_Down:
             View->setFocus(Qt::TabFocusReason);

@@ -30,12 +30,17 @@ public:
     void refresh();
     void focusSearch();
     TreeModel& model() { return Model; }
-    /// Opens the way to a node, shows and selects it without telling so.
+    /// Opens the way to a node, or to the nearest one above that the tree has, shows and selects it without
+    /// telling so.
     void reveal(RenderId const& id);
+    /// Of a node, or of the nearest one above that the tree has; empty for none.
+    QString nameOf(RenderId const& id) const;
 
 signals:
     /// The user chose a node; an empty path: none.
     void chosen(ZELVizCore::RenderId const& id);
+    /// The user changed which nodes are selected.
+    void selected(std::vector<ZELVizCore::RenderId> const& ids);
     /// The user opened a node by a double click or by Return.
     void opened(ZELVizCore::RenderId const& id);
     void menuWanted(ZELVizCore::RenderId const& id, QPoint const& globalPosition);
@@ -44,6 +49,10 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    QModelIndex nearest(RenderId id) const;
+    void tellSelected();
+    void mark(RenderId const& id);
+    void showMarks();
     void search(QString const& text);
     void goToMatch(int step);
     void showCount();
@@ -54,7 +63,9 @@ private:
     QLabel* Count;
     QTreeView* View;
     std::vector<TreeModel::Position> Matches;
-    int Match = -1; ///< the one in sight, in Matches
+    int Match = -1;              ///< the one in sight, in Matches
+    std::vector<RenderId> Marks; ///< by the document, since the last clearing; shown but for those that wait
+    std::size_t MarksShown = 0;
     bool Silent = false;
 };
 

@@ -2,6 +2,7 @@
 
 #include "CameraPose.h"
 #include "TreePanel.h"
+#include "ViewHand.h"
 #include "commands.h"
 
 #include <mora/ACamera.h>
@@ -37,8 +38,13 @@ QByteArray signatureOf(char const* slot)
 } // namespace
 
 DocumentTab::DocumentTab(Plugin& plugin, QWidget* parent)
-    : QWidget(parent), Source(plugin), View(plugin.makeView()), Offer(new QFrame)
+    : QWidget(parent),
+      Source(plugin),
+      View(plugin.makeView()),
+      Hand(std::make_unique<ViewHand>(*View)),
+      Offer(new QFrame)
 {
+    connect(Hand.get(), &ViewHand::selectionChanged, this, &DocumentTab::selectionChanged);
     QWidget* const widget = View->GetWidget();
     widget->setAccessibleName(tr("3D view"));
     widget->setMinimumSize(64, 64);
@@ -83,6 +89,7 @@ DocumentTab::DocumentTab(Plugin& plugin, QWidget* parent)
 DocumentTab::~DocumentTab()
 {
     delete Panel;
+    Hand.reset();
     // The view holds on to its document, and the adaptor to the view.
     delete View->GetWidget();
     View.reset();
@@ -127,7 +134,8 @@ void DocumentTab::makeTreePanel()
     });
     Panel->refresh();
     connect(Panel, &QObject::destroyed, this, [this] { Panel = nullptr; });
-    connect(Panel, &TreePanel::chosen, this, &DocumentTab::choose);
+    connect(Panel, &TreePanel::chosen, this, &DocumentTab::nodeChosen);
+    connect(Panel, &TreePanel::selected, this, &DocumentTab::choose);
     connect(Panel, &TreePanel::opened, this, &DocumentTab::open);
     connect(Panel, &TreePanel::menuWanted, this, &DocumentTab::treeMenuWanted);
 }
@@ -137,11 +145,17 @@ MoraCore::ACamera* DocumentTab::camera() const
     return View->GetCamera();
 }
 
-void DocumentTab::choose(RenderId const& id)
+void DocumentTab::choose(std::vector<RenderId> const& ids)
 {
-    document().UnHighlight(View.get());
-    if (id.Length() > 0) document().Highlight(id, View.get());
-    emit nodeChosen(id);
+    Hand->select(ids);
+    emit nodeChosen(ids.empty() ? RenderId() : ids.back()); // whether or not the scene has it
+}
+
+void DocumentTab::selectionChanged()
+{
+    if (!hasDocument()) return;
+    std::vector<RenderId> const selected = Hand->selection();
+    emit nodeChosen(selected.empty() ? RenderId() : selected.back());
 }
 
 void DocumentTab::open(RenderId const& id)
@@ -236,8 +250,7 @@ void DocumentTab::fit()
 void DocumentTab::selectNothing()
 {
     document().UnSelect(View.get());
-    document().UnHighlight(View.get());
-    View->UnHighlightAll();
+    Hand->clearSelection();
 }
 
 void DocumentTab::setParallel(bool parallel)

@@ -18,6 +18,7 @@ namespace zelview
 {
 
 class TreePanel;
+class ViewHand;
 
 /// One view with the document in it: the page of a tab. The view is reached by the host's interface alone.
 class DocumentTab final : public QWidget
@@ -37,6 +38,7 @@ public:
     MoraCore::IDocumentEvo& document() const { return *Current->document; }
     MoraCore::IView3DEvo& view() const { return *View; }
     MoraCore::ACamera* camera() const;
+    ViewHand& hand() const { return *Hand; }
     /// The tree beside the view; null without a document. Owned by this tab unless a parent took it.
     TreePanel* treePanel() const { return Panel; }
 
@@ -69,12 +71,14 @@ protected:
 private:
     void placeCamera();
     void makeTreePanel();
-    void choose(ZELVizCore::RenderId const& id);
+    void choose(std::vector<ZELVizCore::RenderId> const& ids);
+    void selectionChanged();
     void open(ZELVizCore::RenderId const& id);
     void watch();
 
     Plugin& Source;
     std::unique_ptr<MoraCore::IView3DEvo> View;
+    std::unique_ptr<ViewHand> Hand; ///< goes before the view
     std::shared_ptr<OpenDocument> Current;
     TreePanel* Panel = nullptr;
     ViewChoice Waiting; ///< as last applied; set up once the view was painted

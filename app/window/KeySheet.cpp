@@ -1,6 +1,7 @@
 #include "KeySheet.h"
 
 #include "commands.h"
+#include "mouse_texts.h"
 
 #include <QDialogButtonBox>
 #include <QHeaderView>
@@ -26,9 +27,23 @@ QString keysOf(CommandRow const& row)
     return shown.join(QStringLiteral(", "));
 }
 
+QTreeWidgetItem* addGroup(QTreeWidget& list, QString const& title)
+{
+    auto* const group = new QTreeWidgetItem(&list, {title});
+    QFont bold = list.font();
+    bold.setBold(true);
+    group->setFont(0, bold);
+    return group;
+}
+
+void addGestures(QTreeWidgetItem& group, std::vector<std::pair<QString, QString>> const& gestures)
+{
+    for (auto const& [what, gesture] : gestures) new QTreeWidgetItem(&group, {what, gesture});
+}
+
 } // namespace
 
-KeySheet::KeySheet(QWidget* parent) : QDialog(parent)
+KeySheet::KeySheet(MoraCore::MouseStyle const& style, QWidget* parent) : QDialog(parent)
 {
     setWindowTitle(tr("Keys"));
     auto* const list = new QTreeWidget;
@@ -40,13 +55,16 @@ KeySheet::KeySheet(QWidget* parent) : QDialog(parent)
     for (CommandRow const& row : commandTable()) {
         if (!*row.keys) continue;
         if (!group || shown != row.menu) {
-            group = new QTreeWidgetItem(list, {plainText(titleOf(row.menu))});
-            QFont bold = list->font();
-            bold.setBold(true);
-            group->setFont(0, bold);
+            group = addGroup(*list, plainText(titleOf(row.menu)));
             shown = row.menu;
         }
         new QTreeWidgetItem(group, {plainText(row.text), keysOf(row)});
+    }
+    addGestures(*addGroup(*list, tr("Mouse")), commonGestures());
+    for (MoraCore::MouseStyle const& known : MoraCore::MouseStyles) {
+        bool const inUse = &known == &style;
+        QString const name = inUse ? tr("%1 (in use)").arg(tr(known.name)) : tr(known.name);
+        addGestures(*addGroup(*list, name), cameraGestures(known));
     }
     list->expandAll();
     list->resizeColumnToContents(0);

@@ -2,16 +2,19 @@
 
 #include <QDialog>
 
+#include <mora/mouse_styles.h>
+
 namespace zelview
 {
 
-/// The keys of all commands, by menu.
+/// The keys of all commands, by menu, and what the mouse does.
 class KeySheet final : public QDialog
 {
     Q_OBJECT
 
 public:
-    explicit KeySheet(QWidget* parent = nullptr);
+    /// @param style of the mouse that is in use
+    explicit KeySheet(MoraCore::MouseStyle const& style, QWidget* parent = nullptr);
 };
 
 } // namespace zelview

@@ -175,6 +175,7 @@ void MainWindow::makeStatusBar()
     statusBar()->addPermanentWidget(Progress);
     statusBar()->addPermanentWidget(Cancel);
     statusBar()->addPermanentWidget(Counts);
+    makeHandLabels();
     Progress->hide();
     Cancel->hide();
 }

@@ -11,6 +11,7 @@
 
 #include <QMainWindow>
 
+#include <mora/IViewInteraction.h>
 #include <mora/Settings.h>
 
 #include <map>
@@ -27,6 +28,7 @@ namespace zelview
 class DocumentTab;
 class PropertyPanel;
 class StartPage;
+class TreePanel;
 
 /// The window of the program: documents in tabs, beside them the tree, the properties and the messages.
 class MainWindow final : public QMainWindow
@@ -90,6 +92,13 @@ private:
     void keepThumbnail(DocumentTab& tab);
     void saveAs(DocumentTab& tab);
     void showPreferences();
+    // The mouse in the views (window_hand.cpp)
+    void makeHandLabels();
+    void followHand(DocumentTab& tab);
+    void applyHandPreferences();
+    void showViewMenu(DocumentTab& tab, QPoint const& position);
+    static QString pointedText(TreePanel const* tree, MoraCore::PointedAt const& at);
+
     void showTreeMenu(DocumentTab& tab, ZELVizCore::RenderId const& id, QPoint const& position);
     void applySetting(ZELVizCore::Settings::Field const& field);
     void about();
@@ -126,6 +135,8 @@ private:
     QProgressBar* Progress = nullptr;
     QToolButton* Cancel = nullptr;
     QLabel* Counts = nullptr;
+    QLabel* Pointed = nullptr;   ///< name and place of what lies under the mouse
+    QLabel* StyleName = nullptr; ///< of the mouse
 };
 
 } // namespace zelview

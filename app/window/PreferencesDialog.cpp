@@ -1,5 +1,7 @@
 #include "PreferencesDialog.h"
 
+#include "mouse_texts.h"
+
 #include <QCheckBox>
 #include <QColorDialog>
 #include <QComboBox>
@@ -54,6 +56,7 @@ PreferencesDialog::PreferencesDialog(WindowPreferences& window, QWidget* parent)
     auto* const content = new QWidget;
     auto* const form = new QFormLayout(content);
     addWindowChoices(*form, window);
+    addHandChoices(*form, window);
     addSettings(*form);
     auto* const scroll = new QScrollArea;
     scroll->setWidget(content);
@@ -90,6 +93,33 @@ void PreferencesDialog::addWindowChoices(QFormLayout& form, WindowPreferences& w
     connect(reload, &QComboBox::currentIndexChanged, this,
             [&window](int index) { window.setReloadMode(static_cast<ReloadMode>(index)); });
     form.addRow(tr("When a file changes"), reload);
+}
+
+void PreferencesDialog::addHandChoices(QFormLayout& form, WindowPreferences& window)
+{
+    auto* const style = new QComboBox;
+    for (MoraCore::MouseStyle const& known : MoraCore::MouseStyles) {
+        style->addItem(tr(known.name));
+        style->setItemData(style->count() - 1, mouseTexts(known).join(QLatin1Char('\n')), Qt::ToolTipRole);
+    }
+    style->setCurrentText(tr(window.mouseStyle().name));
+    style->setAccessibleName(tr("Mouse"));
+    style->setObjectName(QStringLiteral("mouse style"));
+    connect(style, &QComboBox::currentIndexChanged, this, [this, &window](int index) {
+        window.setMouseStyle(MoraCore::MouseStyles[static_cast<std::size_t>(index)]);
+        emit handChanged();
+    });
+    form.addRow(tr("Mouse"), style);
+
+    auto* const hovering = new QCheckBox;
+    hovering->setChecked(window.hovering());
+    hovering->setAccessibleName(tr("Light up what the mouse points at"));
+    hovering->setObjectName(QStringLiteral("hovering"));
+    connect(hovering, &QCheckBox::toggled, this, [this, &window](bool on) {
+        window.setHovering(on);
+        emit handChanged();
+    });
+    form.addRow(tr("Light up under the mouse"), hovering);
 }
 
 void PreferencesDialog::addSettings(QFormLayout& form)

@@ -26,10 +26,13 @@ signals:
     /// A field of the current settings has another value.
     void settingChanged(ZELVizCore::Settings::Field const& field);
     void themeChanged(zelview::ThemeChoice theme);
+    /// The style of the mouse, or whether it lights up what it points at.
+    void handChanged();
 
 private:
     QWidget* makeEditor(ZELVizCore::Settings::Field const& field);
     void addSettings(QFormLayout& form);
+    void addHandChoices(QFormLayout& form, WindowPreferences& window);
     void addWindowChoices(QFormLayout& form, WindowPreferences& window);
     void restoreDefaults();
 

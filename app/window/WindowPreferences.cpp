@@ -60,6 +60,31 @@ void WindowPreferences::setTheme(ThemeChoice theme)
     write("Theme", QString::fromLatin1(ThemeWords[static_cast<std::size_t>(theme)]));
 }
 
+MoraCore::MouseStyle const& WindowPreferences::mouseStyle() const
+{
+    QString const word = read("MouseStyle").toString();
+    auto const found = std::ranges::find_if(MoraCore::MouseStyles, [&](MoraCore::MouseStyle const& style) {
+        return word == QLatin1String(style.word);
+    });
+    return found == MoraCore::MouseStyles.end() ? MoraCore::MouseStyles.front() : *found;
+}
+
+void WindowPreferences::setMouseStyle(MoraCore::MouseStyle const& style)
+{
+    write("MouseStyle", QString::fromLatin1(style.word));
+}
+
+bool WindowPreferences::hovering() const
+{
+    QVariant const kept = read("Hovering");
+    return !kept.isValid() || kept.toBool();
+}
+
+void WindowPreferences::setHovering(bool hovering)
+{
+    write("Hovering", hovering);
+}
+
 QString WindowPreferences::folder() const
 {
     return read("Folder").toString();

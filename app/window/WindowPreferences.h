@@ -3,6 +3,8 @@
 #include <QByteArray>
 #include <QStringList>
 
+#include <mora/mouse_styles.h>
+
 namespace zelview
 {
 
@@ -21,6 +23,12 @@ public:
     void setReloadMode(ReloadMode mode);
     ThemeChoice theme() const;
     void setTheme(ThemeChoice theme);
+    /// One of MoraCore::MouseStyles.
+    MoraCore::MouseStyle const& mouseStyle() const;
+    void setMouseStyle(MoraCore::MouseStyle const& style);
+    /// What lies under the mouse lights up.
+    bool hovering() const;
+    void setHovering(bool hovering);
     /// Folder of the last file opened; empty before the first.
     QString folder() const;
     /// Files opened last, the latest first.

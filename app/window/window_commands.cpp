@@ -5,6 +5,7 @@
 #include "MainWindow.h"
 #include "PreferencesDialog.h"
 #include "TreePanel.h"
+#include "ViewHand.h"
 #include "panels.h"
 
 #include <mora/ARendererTree.h>
@@ -76,6 +77,8 @@ std::span<MainWindow::Operation const> MainWindow::operations()
              window.currentTab()->selectNothing();
              window.Properties->clear();
          }},
+        {Command::SelectParent, [](MainWindow& window) { window.currentTab()->hand().selectParents(); }},
+        {Command::ZoomSelection, [](MainWindow& window) { window.currentTab()->hand().zoomToSelection(); }},
         {Command::Preferences, [](MainWindow& window) { window.showPreferences(); }},
         {Command::Fit, [](MainWindow& window) { window.currentTab()->fit(); }},
         {Command::Projection,
@@ -89,7 +92,7 @@ std::span<MainWindow::Operation const> MainWindow::operations()
         {Command::PreviousTab, [](MainWindow& window) { window.goToTab(-1); }},
         {Command::Keys,
          [](MainWindow& window) {
-             auto* const sheet = new KeySheet(&window);
+             auto* const sheet = new KeySheet(window.Remembered.mouseStyle(), &window);
              sheet->setAttribute(Qt::WA_DeleteOnClose);
              sheet->show();
          }},
@@ -168,6 +171,7 @@ void MainWindow::showPreferences()
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(dialog, &PreferencesDialog::settingChanged, this, &MainWindow::applySetting);
     connect(dialog, &PreferencesDialog::themeChanged, &Colours, &Theme::choose);
+    connect(dialog, &PreferencesDialog::handChanged, this, &MainWindow::applyHandPreferences);
     dialog->show();
 }
 

@@ -117,6 +117,7 @@ DocumentTab* MainWindow::addTab()
             [this, tab](auto const& id, QPoint const& position) { showTreeMenu(*tab, id, position); });
     connect(tab, &DocumentTab::nodeChosen, this,
             [this, tab](auto const& id) { Properties->show(tab->document(), id); });
+    followHand(*tab);
     return tab;
 }
 

@@ -92,6 +92,29 @@ TEST_P(HighlightGround, TheSceneBelowIsDrawnOnce)
     EXPECT_EQ(last.triangles, 0u);
 }
 
+TEST_F(ScenePictures, ASegmentThatNoWindowShowsSaysNothingAboutTheWay)
+{
+    SegmentKey part = model.GetLibraryKey().Subsegment("parts").Subsegment("part");
+    insertSquare(part, 0, 0.5f);
+    SegmentKey const place = root.Subsegment(), other = root.Subsegment();
+    IncludeKey const include = SegmentKey(place).IncludeSegment(part);
+    HighlightControl lights = canvas.GetWindowKey().GetHighlightControl();
+    render::Image const dark = picture();
+    struct {
+        char const* what;
+        KeyArray path;
+        bool lit;
+    } const cases[] = {{"library above the model", {part, include, place, model.GetLibraryKey(), root}, true},
+                       {"owner of the part", {part, part.Owner(), include, place}, true},
+                       {"another place", {part, include, other}, false},
+                       {"another place and the library", {part, other, model.GetLibraryKey()}, false}};
+    for (auto const& [what, path, lit] : cases) {
+        SCOPED_TRACE(what);
+        lights.Highlight(KeyPath(path), HighlightOptionsKit::GetDefault());
+        EXPECT_EQ(picture().bytes != dark.bytes, lit);
+    }
+}
+
 // Whatever else changes with a highlight is drawn.
 TEST_F(ScenePictures, AHighlightThatComesWithAnotherChangeDrawsTheScene)
 {

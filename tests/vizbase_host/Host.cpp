@@ -46,9 +46,9 @@ Host::Host()
     factory_->load();
 }
 
-std::unique_ptr<MoraCore::IDocumentEvo> makeDocument()
+std::unique_ptr<MoraCore::IDocumentEvo> makeDocument(MoraCore::AViewTree* tree)
 {
-    return std::make_unique<ZelCad::CadDocument>();
+    return std::make_unique<ZelCad::CadDocument>(tree);
 }
 
 QImage Window::picture() const
@@ -66,7 +66,7 @@ Window::Window(std::string const& file)
     widget_.reset(view_->GetWidget());
     widget_->resize(width, height);
     if (!file.empty()) {
-        document_ = makeDocument();
+        document_ = makeDocument(&tree_);
         view_->AttachDocument(document_.get());
         opened_ = document_->Open(std::wstring(file.begin(), file.end()).c_str());
     }

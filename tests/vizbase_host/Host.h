@@ -6,6 +6,7 @@
 #include <memory>
 #include <mora/ACamera.h>
 #include <mora/APluginFactory.h>
+#include <mora/AViewTree.h>
 #include <mora/IDocumentEvo.h>
 #include <mora/IView3DEvo.h>
 #include <mora/Settings.h>
@@ -42,6 +43,7 @@ public:
     MoraCore::IView3DEvo& view() { return *view_; }
     MoraCore::ACamera& camera() { return *view_->GetCamera(); }
     MoraCore::IDocumentEvo& document() { return *document_; }
+    MoraCore::AViewTree const& tree() const { return tree_; }
     QWidget& widget() { return *widget_; }
     /// That the view of a document made last; null without a document.
     QImage picture() const;
@@ -53,6 +55,7 @@ public:
     void wheel(QPointF const& at, int delta);
 
 private:
+    MoraCore::AViewTree tree_;
     std::unique_ptr<MoraCore::IDocumentEvo> document_; ///< outlives the view that shows it
     std::unique_ptr<MoraCore::IView3DEvo> view_;
     std::unique_ptr<QWidget> widget_;
@@ -70,7 +73,8 @@ struct Pose {
     Triple back() const;
 };
 
-std::unique_ptr<MoraCore::IDocumentEvo> makeDocument();
+/// @param tree must outlive the document; null: none
+std::unique_ptr<MoraCore::IDocumentEvo> makeDocument(MoraCore::AViewTree* tree = nullptr);
 /// The sample that lies in the repository.
 std::string sampleFile();
 /// Runs what waits in the application's queue, for so long.

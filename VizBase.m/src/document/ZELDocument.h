@@ -190,6 +190,19 @@ protected:
     ZELRenderTree* Tree = nullptr;                                 ///< not owned here
 
 private:
+    /// Second value of every id of this model's tree.
+    unsigned long long modelId() const;
+    /// What an id leads to beside a path.
+    struct Target {
+        bool isPmi = false;
+        unsigned long long pmiId = 0; ///< 0: the group of annotations itself
+        std::shared_ptr<NarMetaInfra::ZELInstance> instance;
+        std::shared_ptr<NarMetaInfra::ZELReference> reference; ///< the last one on the way; null: the product
+        NarMetaPmi::PMIAnnotationType type = NarMetaPmi::PMIAnnotationType::Any;
+    };
+    bool findTarget(RenderId const& id, HPS::KeyPath& path, Target& target) const;
+    bool showAnnotationKey(Target const& target, HPS::Key& key) const;
+
     ZELDocument(ZELDocument const&) = delete;
     ZELDocument& operator=(ZELDocument const&) = delete;
 

@@ -1,5 +1,6 @@
 #include "View3DEvo.h"
 
+#include "ViewInteraction.h"
 #include "ZELView3D.h"
 
 namespace ZelVizBase
@@ -122,6 +123,12 @@ void View3DEvo::UnhideBody(unsigned long long id)
 void View3DEvo::HideBody(unsigned long long id)
 {
     if (ZELView3D* const shown = view()) shown->HideBody(id);
+}
+
+MoraCore::IViewInteraction* View3DEvo::GetInteraction()
+{
+    ZELView3D* const shown = view();
+    return shown != nullptr ? shown->GetInteraction() : nullptr;
 }
 
 } // namespace ZelVizBase

@@ -36,6 +36,7 @@ public:
     void UnHighlightAll() override;
     void UnhideBody(unsigned long long id) override;
     void HideBody(unsigned long long id) override;
+    MoraCore::IViewInteraction* GetInteraction() override;
 
 private:
     ZELView3D* view() const;

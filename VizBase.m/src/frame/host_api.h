@@ -13,6 +13,7 @@
 #include <mora/IDocumentEvo.h>
 #include <mora/IMenuAction.h>
 #include <mora/IView3DEvo.h>
+#include <mora/IViewInteraction.h>
 #include <mora/RenderId.h>
 #include <mora/RenderingOptions.h>
 #include <mora/SessionMgr.h>

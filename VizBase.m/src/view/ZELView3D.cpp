@@ -2,6 +2,7 @@
 
 #include "SceneDefaults.h"
 #include "ViewDocument.h"
+#include "ViewInteraction.h"
 #include "ZELHighlightOperator.h"
 #include "ZELPickRayOperator.h"
 #include "native_keys.h"
@@ -76,6 +77,7 @@ ZELView3D::~ZELView3D()
     Options->UnregisterListener(this);
     if (Evo != nullptr) Evo->SetViewImpl(nullptr);
     TheView.GetOperatorControl().UnsetEverything();
+    Interaction.reset();
     TheView.DetachModel();
     TheCanvas.Delete();
     TheView.Delete();
@@ -90,6 +92,7 @@ ViewDocument* ZELView3D::document() const
 void ZELView3D::AttachDocument(MoraCore::IDocumentEvo* attached)
 {
     if (dynamic_cast<ViewDocument*>(attached) == nullptr) return;
+    if (Interaction != nullptr) Interaction->ClearSelection();
     Document = attached;
     TheView.DetachModel();
     HPS::Model const model = document()->GetModel();

@@ -20,6 +20,7 @@ namespace ZelVizBase
 {
 
 class ViewDocument;
+class ViewInteraction;
 class ZELHighlightOperator;
 class ZELPickRayOperator;
 
@@ -54,6 +55,8 @@ public:
     /// The adaptor that the host has; not owned. The camera is to be made anew behind it.
     void SetView3DEvo(MoraCore::IView3DEvo* evo) { Evo = evo; }
 
+    /// What was attached last; null before. Not owned.
+    MoraCore::IDocumentEvo* GetDocument() const { return Document; }
     HPS::Canvas Canvas() const { return TheCanvas; }
     HPS::View View() const { return TheView; }
     HPS::HighlightOptionsKit HighlightOptionsKit() const { return HighlightOptions; }
@@ -136,6 +139,14 @@ public:
     /// At the pixel in which the ray starts.
     bool PickVisual(ZELVizCore::Ray const& ray, HPS::KeyPath& path) const;
 
+    /// Brings what a path shows to fill the view, seen from the same direction; a path that shows nothing
+    /// leaves the camera. False only without a camera.
+    bool ZoomTo(HPS::KeyPath const& path);
+
+    /// Clicks, boxes and hovering. From the first call on an operator that tells clicks from drags stands in
+    /// the place of the one that selects at once.
+    ViewInteraction* GetInteraction();
+
     // Without arguments, for menus and keys.
 public Q_SLOTS:
     void OnOperatorCuttingPlaneX();
@@ -203,6 +214,7 @@ private:
     ZELPickRayOperator& pickRayOperator() const;
     void getArea(int x, int y, HPS::Rectangle& area) const;
     HPS::SelectionResults pickSquare(int x, int y) const;
+    bool computeZoomCamera(HPS::KeyPath const& path, HPS::CameraKit& fitted) const;
     bool isVertexPicked(HPS::SelectionResults& results, HPS::SelectionItem& item) const;
     bool isEdgePicked(HPS::SelectionResults& results, HPS::SelectionItem& item) const;
     bool isFacePicked(HPS::SelectionResults& results, HPS::SelectionItem& item) const;
@@ -245,6 +257,7 @@ private:
     std::shared_ptr<ZELHighlightOperator> HighlightOperator; ///< shared with the stack
     std::shared_ptr<ZELPickRayOperator> PickRayOperator;
     std::unique_ptr<ZELVizCore::SelectionHolder> SelectionHolder;
+    std::unique_ptr<ViewInteraction> Interaction; ///< null: nobody has asked for it
 };
 
 } // namespace ZelVizBase

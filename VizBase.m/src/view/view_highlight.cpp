@@ -1,6 +1,7 @@
 // What is lit up in a view, and the tree's share in it.
 
 #include "ViewDocument.h"
+#include "ViewInteraction.h"
 #include "ZELView3D.h"
 
 namespace ZelVizBase
@@ -63,6 +64,7 @@ void ZELView3D::UnHighlight(HPS::KeyPath const& path)
 void ZELView3D::UnHighlightAll(bool update)
 {
     TheCanvas.GetWindowKey().GetHighlightControl().UnhighlightEverything();
+    if (Interaction != nullptr) Interaction->HighlightsGone();
     if (update) updateThis(redraw);
     if (ViewDocument* const shown = document()) shown->UnHighlight();
 }

@@ -1,5 +1,6 @@
 // The view's operators by configuration.
 
+#include "ViewInteraction.h"
 #include "ZELHighlightOperator.h"
 #include "ZELPickRayOperator.h"
 #include "ZELView3D.h"
@@ -28,7 +29,9 @@ void ZELView3D::InitOperators()
             made = std::make_shared<HPS::ZoomOperator>(buttons, modifiers);
             break;
         case OperatorHighlight:
-            HighlightOperator = std::make_shared<ZELHighlightOperator>(buttons, modifiers, this);
+            HighlightOperator = Interaction != nullptr
+                                    ? Interaction->MakeOperator(buttons, modifiers)
+                                    : std::make_shared<ZELHighlightOperator>(buttons, modifiers, this);
             break; // pushed below
         case OperatorMouseWheel:
             made = std::make_shared<HPS::MouseWheelOperator>(HPS::MouseWheelOperator::ZoomType::MousePosition,
@@ -50,6 +53,15 @@ void ZELView3D::ConfigureOperators(ZELOpConfigurator const& configurator)
     InitOperators();
     enableHighlightOp();
     TheView.GetNavigationCubeControl().SetInteractivity(true);
+}
+
+ViewInteraction* ZELView3D::GetInteraction()
+{
+    if (Interaction == nullptr) {
+        Interaction = std::make_unique<ViewInteraction>(*this);
+        Interaction->SetMouseStyle(MoraCore::MouseStyles.front());
+    }
+    return Interaction.get();
 }
 
 ZELHighlightOperator& ZELView3D::highlightOperator() const

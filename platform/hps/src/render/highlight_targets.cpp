@@ -39,6 +39,18 @@ private:
     std::span<KeyIndex const> rest_;
 };
 
+/// Neither it nor what owns it is included anywhere or belongs to a window.
+bool isNeverShown(KeyIndex key)
+{
+    SegmentRecord const* segment = store().resolve<SegmentRecord>(key);
+    if (segment == nullptr) return false;
+    for (SlotIndex slot = key.slot; segment != nullptr; segment = store().at<SegmentRecord>(slot)) {
+        if (!segment->includers.empty() || store().at<WindowRecord>(slot) != nullptr) return false;
+        slot = segment->owner;
+    }
+    return true;
+}
+
 } // namespace
 
 HighlightTargets highlightTargets(OccurrenceTree const& tree, std::span<KeyIndex const> path,
@@ -53,7 +65,9 @@ HighlightTargets highlightTargets(OccurrenceTree const& tree, std::span<KeyIndex
                                         [](KeyIndex key) { return store().resolve(key) == nullptr; }))
             continue;
         SlotIndex const leaf = keys.back().slot;
-        auto const upper = keys.first(keys.size() - 1);
+        std::vector<KeyIndex> known(keys.begin(), keys.end() - 1);
+        std::erase_if(known, isNeverShown);
+        std::span<KeyIndex const> const upper(known);
         auto holds = [&](OccurrenceId id) { return above(id, upper); };
         if (auto const* const geometry = store().at<GeometryRecord>(leaf)) {
             // The owner may stand at the end of what remains, or be left out.

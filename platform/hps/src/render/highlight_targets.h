@@ -15,7 +15,8 @@ struct HighlightTarget {
 using HighlightTargets = std::map<OccurrenceId, HighlightTarget>;
 
 /// `path` leads from the window down to the segment at the tree's top. Costs what the highlights name: their
-/// segments' occurrences are looked up, not searched for.
+/// segments' occurrences are looked up, not searched for. A segment that no window can show, as the library of
+/// a model, says nothing about where a highlight is meant.
 HighlightTargets highlightTargets(OccurrenceTree const& tree, std::span<KeyIndex const> path,
                                   scene::Highlights const& highlights);
 

@@ -11,6 +11,7 @@ namespace MoraCore
 
 class ACamera;
 class IDocumentEvo;
+class IViewInteraction;
 
 /// How much of a view is drawn anew.
 enum class UpdateType : int {
@@ -57,6 +58,9 @@ public:
     virtual void UnHighlightAll() = 0;
     virtual void UnhideBody(unsigned long long id) = 0;
     virtual void HideBody(unsigned long long id) = 0;
+    /// Clicks, boxes and hovering, in place of the plain operators from the first call on. Owned by the view;
+    /// null for a view that has none of it.
+    virtual IViewInteraction* GetInteraction() { return nullptr; }
 
     /// The object behind the interface, whose type the view's maker knows. Not owned.
     void SetViewImpl(void* view) { view_ = view; }

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "host_api.h"
+#include "hps_api.h"
+
+#include <vector>
+
+namespace ZelVizBase
+{
+
+class ZELView3D;
+
+/// What is selected in a view by hand: key paths, each from a geometry or a segment up to the window. They
+/// are lit up together, kept as the view's active selection, entered in its SelectionHolder and marked in the
+/// document's tree.
+class ViewSelection
+{
+public:
+    /// Who is told of a change: the tree knows already what was chosen in it.
+    enum class Tells { Tree, Nobody };
+
+    /// `view` is not owned and must outlive this.
+    explicit ViewSelection(ZELView3D& view) : View(view) {}
+
+    void Replace(HPS::KeyPathArray const& paths, Tells tells = Tells::Tree);
+    void Add(HPS::KeyPathArray const& paths);
+    /// Takes a path away that is selected.
+    void Toggle(HPS::KeyPath const& path);
+    /// The highlights are gone already.
+    void Forget();
+
+    bool Contains(HPS::KeyPath const& path) const;
+    HPS::KeyPathArray const& Paths() const { return Selected; }
+    /// Paths to what holds each of them in its place; none at the top.
+    HPS::KeyPathArray Parents() const;
+    /// In the world; not valid if there is none.
+    HPS::SimpleCuboid Extent() const;
+    std::vector<ZELVizCore::RenderId> Ids() const;
+
+private:
+    void tellTree() const;
+
+    ZELView3D& View;
+    HPS::KeyPathArray Selected;
+};
+
+/// The node that a path leads to, by the document shown in a view; empty without one.
+ZELVizCore::RenderId nodeOf(ZELView3D const& view, HPS::KeyPath const& path);
+
+} // namespace ZelVizBase
