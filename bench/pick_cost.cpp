@@ -8,6 +8,7 @@
 #include "SceneDefaults.h"
 #include "affine.h"
 #include "geometry_records.h"
+#include "lattice.h"
 #include "walk.h"
 #include <algorithm>
 #include <chrono>
@@ -16,7 +17,6 @@
 #include <filesystem>
 #include <functional>
 #include <hps/SelectionControl.h>
-#include <numbers>
 #include <random>
 #include <set>
 
@@ -33,48 +33,6 @@ double milliseconds(std::function<void()> const& work)
     auto const start = std::chrono::steady_clock::now();
     work();
     return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
-
-void addPart(SegmentKey part, int triangles, std::mt19937& random)
-{
-    int const rows = std::max(3, int(std::sqrt(triangles / 4.0))), columns = rows * 2;
-    std::vector<Point> points;
-    std::vector<int> faces;
-    for (int r = 0; r <= rows; ++r)
-        for (int c = 0; c < columns; ++c) {
-            double const polar = std::numbers::pi * r / rows, turn = 2 * std::numbers::pi * c / columns;
-            points.emplace_back(float(0.4 * std::sin(polar) * std::cos(turn)), float(0.4 * std::cos(polar)),
-                                float(0.4 * std::sin(polar) * std::sin(turn)));
-        }
-    for (int r = 0; r < rows; ++r)
-        for (int c = 0; c < columns; ++c) {
-            int const a = r * columns + c, b = r * columns + (c + 1) % columns;
-            faces.insert(faces.end(), {3, a, b, a + columns, 3, b, b + columns, a + columns});
-        }
-    part.InsertShell(points, faces);
-    std::uniform_real_distribution<float> anywhere(-0.4f, 0.4f);
-    std::vector<Point> chain;
-    for (int i = 0; i <= 400; ++i) chain.emplace_back(anywhere(random), anywhere(random), anywhere(random));
-    part.InsertLine(chain);
-    for (int i = 0; i < 20; ++i) part.InsertMarker({anywhere(random), anywhere(random), anywhere(random)});
-}
-
-std::vector<SegmentKey> fillLattice(Model const& model, int instances, int triangles)
-{
-    constexpr int Parts = 20;
-    std::mt19937 random(1);
-    std::vector<SegmentKey> parts, places;
-    for (int i = 0; i < Parts; ++i) {
-        parts.push_back(model.GetLibraryKey().Subsegment("part " + std::to_string(i)));
-        addPart(parts.back(), triangles, random);
-    }
-    int const side = int(std::ceil(std::cbrt(instances)));
-    for (int i = 0; i < instances; ++i) {
-        places.push_back(model.GetSegmentKey().Subsegment());
-        places.back().IncludeSegment(parts[std::size_t(i % Parts)]);
-        places.back().GetModellingMatrixControl().Translate(i % side, i / side % side, i / side / side);
-    }
-    return places;
 }
 
 /// All shells where they are shown.
@@ -238,7 +196,7 @@ int main(int argc, char** argv)
         int const instances = argc > 1 ? std::atoi(argv[1]) : 10000,
                   triangles = argc > 2 ? std::atoi(argv[2]) : 2000;
         if (instances < 1 || triangles < 1) return 1;
-        places = fillLattice(model, instances, triangles);
+        places = bench::fillLattice(model, instances, triangles);
     }
     Canvas canvas = Factory::CreateOffScreenCanvas(Width, Height);
     View view = Factory::CreateView();

@@ -125,6 +125,11 @@ void TreePanel::showMarks()
             selection.append(QItemSelectionRange(index));
     }
     View->selectionModel()->select(selection, QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    constexpr int fewBranches = 50; // opening more would hide the tree's shape
+    if (selection.size() <= fewBranches)
+        for (QItemSelectionRange const& range : selection)
+            for (QModelIndex above = range.parent(); above.isValid(); above = above.parent())
+                View->expand(above);
     if (!selection.isEmpty()) View->scrollTo(selection.back().bottomRight());
 }
 
@@ -141,6 +146,12 @@ QModelIndex TreePanel::nearest(RenderId id) const
 QString TreePanel::nameOf(RenderId const& id) const
 {
     return nearest(id).data().toString();
+}
+
+TreePanel::RenderId TreePanel::nodeOf(RenderId const& id) const
+{
+    QModelIndex const index = nearest(id);
+    return index.isValid() ? Model.pathOf(index) : RenderId();
 }
 
 void TreePanel::reveal(RenderId const& id)

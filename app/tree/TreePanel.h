@@ -33,8 +33,9 @@ public:
     /// Opens the way to a node, or to the nearest one above that the tree has, shows and selects it without
     /// telling so.
     void reveal(RenderId const& id);
-    /// Of a node, or of the nearest one above that the tree has; empty for none.
+    // Of a node, or of the nearest one above that the tree has; empty for none.
     QString nameOf(RenderId const& id) const;
+    RenderId nodeOf(RenderId const& id) const;
 
 signals:
     /// The user chose a node; an empty path: none.

@@ -155,7 +155,7 @@ void DocumentTab::selectionChanged()
 {
     if (!hasDocument()) return;
     std::vector<RenderId> const selected = Hand->selection();
-    emit nodeChosen(selected.empty() ? RenderId() : selected.back());
+    emit nodeChosen(selected.empty() || !Panel ? RenderId() : Panel->nodeOf(selected.back()));
 }
 
 void DocumentTab::open(RenderId const& id)

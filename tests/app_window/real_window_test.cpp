@@ -2,6 +2,8 @@
 
 #include <QDir>
 #include <QImage>
+#include <QMap>
+#include <QPoint>
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QStandardPaths>
@@ -73,6 +75,23 @@ protected:
 
     void press(QString const& key) const { xdotool({"key", "--clearmodifiers", key}); }
 
+    /// The middle of the view, about: right of the docks.
+    QPoint middleOfView() const
+    {
+        QString const id =
+            xdotool({"search", "--onlyvisible", "--name", "machine.zel_xml"}).split('\n').first();
+        QMap<QString, int> geometry;
+        for (QString const& line : xdotool({"getwindowgeometry", "--shell", id}).split('\n'))
+            geometry[line.section('=', 0, 0)] = line.section('=', 1).toInt();
+        return {geometry["X"] + geometry["WIDTH"] * 63 / 100, geometry["Y"] + geometry["HEIGHT"] * 45 / 100};
+    }
+    void moveMouse(QPoint const& to) const
+    {
+        xdotool({"mousemove", QString::number(to.x()), QString::number(to.y())});
+        QTest::qSleep(300);
+    }
+    void moveMouseAway() const { moveMouse({2, 2}); }
+
     /// The picture that F12 leaves behind.
     QImage picture() const
     {
@@ -131,6 +150,39 @@ TEST_F(RealWindow, theOpenDialogReadsWhatIsTyped)
     press("ctrl+q");
     ASSERT_TRUE(Zelview.waitForFinished(20'000));
     EXPECT_EQ(Zelview.exitCode(), 0) << Zelview.readAllStandardError().constData();
+}
+
+TEST_F(RealWindow, thePointerSelectsTurnsAndLightsUp)
+{
+    start({Sample});
+    ASSERT_TRUE(waitForTitle("machine.zel_xml"));
+    moveMouseAway();
+    QImage const dark = picture();
+    ASSERT_FALSE(dark.isNull());
+    QPoint const middle = middleOfView();
+
+    moveMouse(middle);
+    EXPECT_NE(picture(), dark) << "what it points at lights up";
+    moveMouseAway();
+    EXPECT_EQ(picture(), dark) << "and leaves no trace";
+
+    moveMouse(middle);
+    xdotool({"click", "1"});
+    moveMouseAway();
+    EXPECT_NE(picture(), dark) << "what was clicked stays lit";
+    press("Escape");
+    EXPECT_EQ(picture(), dark);
+
+    moveMouse(middle);
+    xdotool({"mousedown", "1"});
+    moveMouse(middle + QPoint(40, 10));
+    moveMouse(middle + QPoint(80, 20));
+    xdotool({"mouseup", "1"});
+    moveMouseAway();
+    QImage const turned = picture();
+    EXPECT_NE(turned, dark);
+    press("Escape");
+    EXPECT_EQ(picture(), turned) << "a drag selects nothing";
 }
 
 TEST_F(RealWindow, aDisplayThatGoesAwayEndsTheProgram)

@@ -1,31 +1,23 @@
 // The window over a plug-in that only notes what is asked of it: commands, tabs, loading, settings.
 
 #include "DocumentTab.h"
-#include "MainWindow.h"
 #include "TreePanel.h"
+#include "Window.h"
 #include "panels.h"
-#include "test_application.h"
 
 #include <QAccessible>
 #include <QApplication>
 #include <QDockWidget>
 #include <QDropEvent>
-#include <QFile>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QSignalSpy>
-#include <QTabWidget>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QToolButton>
 #include <QTreeView>
 
 #include <mora/ACamera.h>
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <set>
@@ -34,94 +26,14 @@ using namespace zelview;
 using testing::Contains;
 using testing::ElementsAre;
 
-namespace
-{
-
-std::vector<std::string> calls()
-{
-    std::vector<std::string> list;
-    for (QString const& call : qApp->property("calls").toStringList()) list.push_back(call.toStdString());
-    return list;
-}
-
-class Window : public testing::Test
-{
-protected:
-    Window()
-    {
-        needApplication();
-        qApp->setProperty("calls", QStringList());
-        QFile::remove(QString::fromStdWString(ZELVizCore::Settings::FilePath()));
-        ZELVizCore::Settings::Current() = ZELVizCore::Settings();
-        auto opened = Plugin::open();
-        EXPECT_TRUE(std::holds_alternative<std::unique_ptr<Plugin>>(opened)) << std::get<std::string>(opened);
-        Loaded = std::get<std::unique_ptr<Plugin>>(std::move(opened));
-        remake();
-    }
-
-    ~Window() override { Shown.reset(); }
-
-    void remake(ViewChoice const& view = {})
-    {
-        Shown.reset();
-        Shown = std::make_unique<MainWindow>(*Loaded, MainWindow::Start{view, true});
-        Shown->show();
-        Shown->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(Shown.get()));
-    }
-
-    QString write(QString const& name, QByteArray const& words) const
-    {
-        QFile file(Folder.filePath(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(words);
-        return file.fileName();
-    }
-
-    /// Opens and waits until all files are done; whether the last one is shown.
-    bool open(QStringList const& paths, Placement placement = Placement::NewTab)
-    {
-        QSignalSpy spy(Shown.get(), &MainWindow::loaded);
-        Shown->open(paths, placement);
-        for (int i = 0; i < 500 && spy.count() < paths.size(); ++i) spy.wait(20);
-        EXPECT_EQ(spy.count(), paths.size());
-        return !spy.isEmpty() && spy.last()[1].toBool();
-    }
-
-    void press(Command command) { Shown->action(command)->trigger(); }
-
-    QStringList messages(MoraCore::MessageType type)
-    {
-        QStringList texts;
-        QString const kind = type == MoraCore::MessageType::Error ? "Error" : "Warning";
-        MessageModel& model = Shown->messages();
-        for (int row = 0; row < model.rowCount(); ++row)
-            if (model.index(row, MessageModel::KindColumn).data() == kind)
-                texts << model.index(row, MessageModel::TextColumn).data().toString();
-        return texts;
-    }
-
-    QString currentText() const
-    {
-        auto const* const tabs = Shown->findChild<QTabWidget*>();
-        return tabs->tabText(tabs->currentIndex());
-    }
-
-    QTemporaryDir Folder;
-    std::unique_ptr<Plugin> Loaded;
-    std::unique_ptr<MainWindow> Shown;
-};
-
-} // namespace
-
 TEST_F(Window, drivesThePlugInInTheOrderThatItExpects)
 {
     EXPECT_THAT(calls(), ElementsAre("CreatePlugin", "describe", "load"));
     ASSERT_TRUE(open({write("a.words", "parts 3")}));
     std::vector<std::string> const all = calls();
-    ASSERT_GE(all.size(), 5U);
+    ASSERT_GE(all.size(), 4U);
     EXPECT_EQ(all[3], "createInstance ZELView3D");
-    EXPECT_EQ(all[4], "AttachDocument");
+    EXPECT_EQ(std::ranges::count(all, "AttachDocument"), 1);
     Shown.reset();
     Loaded.reset();
     EXPECT_EQ(calls().back(), "unload");

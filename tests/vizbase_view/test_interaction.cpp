@@ -276,6 +276,14 @@ TEST_F(InteractionTest, ARightClickWantsAMenuAndARightDragPans)
     EXPECT_TRUE(Heard.Menus.empty());
     QTest::mouseRelease(&View, Qt::RightButton, {}, OnMesh + QPoint(1, 1));
     EXPECT_EQ(Heard.Menus, std::vector<QPoint>{OnMesh});
+    EXPECT_EQ(Marking.Marked, (std::vector<Ids>{{22, 33}})) << "it is about what lies there";
+    click(OnFace);
+    Hand.SelectParents();
+    QTest::mouseClick(&View, Qt::RightButton, {}, OnFace);
+    EXPECT_EQ(litFronts(), std::vector<HPS::Key>{Body}) << "or about what is selected around it";
+    QTest::mouseClick(&View, Qt::RightButton, {}, OnNothing);
+    EXPECT_EQ(litFronts(), std::vector<HPS::Key>{Body});
+    Heard.Menus.resize(1);
     HPS::CameraKit const before = camera();
     drag(Qt::RightButton, {}, OnMesh, OnMesh + QPoint(20, 0));
     EXPECT_EQ(Heard.Menus.size(), 1U);
@@ -291,7 +299,7 @@ TEST_F(InteractionTest, RaysEndWhatTheHandDoes)
     QTest::mouseMove(&View, OnFace);
     EXPECT_TRUE(lit().empty());
     View.TogglePickRayOp();
-    QTest::mouseMove(&View, OnFace);
+    QTest::mouseMove(&View, OnFace + QPoint(1, 0));
     EXPECT_EQ(lit().size(), 1U);
 }
 

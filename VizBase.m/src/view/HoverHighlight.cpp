@@ -67,7 +67,7 @@ MoraCore::PointedAt HoverHighlight::Follow(HPS::WindowPoint const& place)
         Node = path.Empty() ? ZELVizCore::RenderId() : nodeOf(View, path);
     }
     at.id = Node;
-    light(Selection.Contains(path) ? HPS::KeyPath() : path);
+    light(Selection.Covers(path) ? HPS::KeyPath() : path);
     return at;
 }
 

@@ -188,6 +188,8 @@ void ViewInteraction::SelectBox(HPS::WindowPoint const& from, HPS::WindowPoint c
 void ViewInteraction::OpenMenu(HPS::WindowPoint const& place)
 {
     PointAway();
+    HPS::KeyPath const path = wholeOf(itemAt(View.Canvas().GetWindowKey(), place));
+    if (!path.Empty() && !Selection.Covers(path)) change([&] { Selection.Replace({path}); });
     QPoint const at = inWidget(place);
     if (Listener != nullptr) Listener->OnMenuWanted(at.x(), at.y());
 }

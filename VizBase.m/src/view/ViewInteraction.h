@@ -45,6 +45,7 @@ public:
     void HideBox();
     /// The instances that lie wholly inside for a box drawn to the right, or all that it touches.
     void SelectBox(HPS::WindowPoint const& from, HPS::WindowPoint const& to, bool adding);
+    /// It is about what is selected, which becomes what lies there if that is something else.
     void OpenMenu(HPS::WindowPoint const& place);
 
 private:

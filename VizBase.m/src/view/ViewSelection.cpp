@@ -82,9 +82,12 @@ HPS::KeyPathArray ViewSelection::Parents() const
     return parents;
 }
 
-bool ViewSelection::Contains(HPS::KeyPath const& path) const
+bool ViewSelection::Covers(HPS::KeyPath const& path) const
 {
-    return std::ranges::find(Selected, path) != Selected.end();
+    return std::ranges::any_of(Selected, [&](HPS::KeyPath const& selected) {
+        return selected.Size() <= path.Size() &&
+               std::equal(selected.begin(), selected.end(), path.end() - selected.Size());
+    });
 }
 
 HPS::SimpleCuboid ViewSelection::Extent() const

@@ -29,7 +29,8 @@ public:
     /// The highlights are gone already.
     void Forget();
 
-    bool Contains(HPS::KeyPath const& path) const;
+    /// A path, or one to what holds it, is selected.
+    bool Covers(HPS::KeyPath const& path) const;
     HPS::KeyPathArray const& Paths() const { return Selected; }
     /// Paths to what holds each of them in its place; none at the top.
     HPS::KeyPathArray Parents() const;

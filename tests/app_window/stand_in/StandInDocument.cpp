@@ -89,8 +89,8 @@ public:
     void Reset() override {}
     bool Render(bool) override { return true; }
     void Highlight(EntityId const&, IView3DEvo*) override {}
-    void Highlight(RenderId const&, IView3DEvo*) override {}
-    void UnHighlight(IView3DEvo*) const override {}
+    void Highlight(RenderId const& id, IView3DEvo*) override { Tree->HighlightItem(id); }
+    void UnHighlight(IView3DEvo*) const override { Tree->ClearHighlight(); }
     void Select(EntityId const&, IView3DEvo*) override {}
     void Select(RenderId const&, IView3DEvo*) override {}
     void UnSelect(IView3DEvo*) const override {}

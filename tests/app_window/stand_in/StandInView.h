@@ -1,8 +1,7 @@
 #pragma once
 
-#include <QCoreApplication>
-#include <QStringList>
-#include <QVariant>
+#include "StandInHand.h"
+
 #include <QWidget>
 
 #include <mora/ACamera.h>
@@ -10,13 +9,6 @@
 
 #include <string>
 #include <vector>
-
-/// Every call that the host made, in order; kept on the application object, where the test finds it.
-inline void note(QString const& call)
-{
-    QStringList calls = QCoreApplication::instance()->property("calls").toStringList();
-    QCoreApplication::instance()->setProperty("calls", calls << call);
-}
 
 class StandInWidget final : public QWidget
 {
@@ -89,11 +81,13 @@ public:
     bool SelectionIsSticky() override { return false; }
     void SelectionSetIsSticky(bool) override {}
     void UnHighlightAll() override { note("UnHighlightAll"); }
-    void UnhideBody(unsigned long long) override {}
-    void HideBody(unsigned long long) override {}
+    void UnhideBody(unsigned long long id) override { note(QString("UnhideBody %1").arg(id)); }
+    void HideBody(unsigned long long id) override { note(QString("HideBody %1").arg(id)); }
+    MoraCore::IViewInteraction* GetInteraction() override { return &Hand; }
 
 private:
     StandInWidget* Widget = new StandInWidget;
     ZELVizCore::RenderingOptions Options;
     StandInCamera Camera{this};
+    StandInHand Hand;
 };
