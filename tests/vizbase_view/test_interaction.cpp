@@ -213,13 +213,17 @@ TEST_F(InteractionTest, HoveringDrawsNothingOfTheScene)
 {
     View.View().GetAxisTriadControl().SetVisibility(false);
     Hand.SetHovering(true);
-    // The first highlight finds a changed scene, the second one that such changes come alone.
-    QTest::mouseMove(&View, OnMesh);
-    QTest::mouseMove(&View, OnFace);
-    for (QPoint const& at : {OnMesh, OnFace, OnMesh}) {
+    auto const reportAt = [&](QPoint const& at) {
         QTest::mouseMove(&View, at);
         HPS::UpdateReport report;
-        View.Canvas().ShowUpdateReport(report);
+        View.Canvas().ShowUpdateReport(report); // which waits for the picture
+        return report;
+    };
+    // The first highlight finds a changed scene, the second one that such changes come alone.
+    reportAt(OnMesh);
+    reportAt(OnFace);
+    for (QPoint const& at : {OnMesh, OnFace, OnMesh}) {
+        HPS::UpdateReport const report = reportAt(at);
         EXPECT_LE(report.triangles, 2U) << "that of the thing under the mouse";
         EXPECT_LE(report.records, 1U);
     }

@@ -12,6 +12,7 @@
 #include <hps/PanOperator.h>
 #include <hps/SelectOperator.h>
 #include <hps/SprocketPath.h>
+#include <hps/TouchOperator.h>
 #include <hps/WindowKey.h>
 #include <hps/World.h>
 #include <hps/ZoomOperator.h>

@@ -5,7 +5,9 @@
 #include "picked_paths.h"
 
 #include <QEvent>
+#include <QNativeGestureEvent>
 #include <QScopedValueRollback>
+#include <QTouchEvent>
 #include <algorithm>
 #include <cmath>
 
@@ -47,7 +49,8 @@ ZELOpConfigurator configuratorOf(MouseStyle const& style)
     return configurator;
 }
 
-ViewInteraction::ViewInteraction(ZELView3D& view) : View(view), Selection(view), Band(view)
+ViewInteraction::ViewInteraction(ZELView3D& view)
+    : View(view), Selection(view), Band(view), Touches(view, view.Canvas().GetWindowKey())
 {
     View.installEventFilter(this);
 }
@@ -63,6 +66,8 @@ std::shared_ptr<ZELHighlightOperator> ViewInteraction::MakeOperator(HPS::MouseBu
 void ViewInteraction::SetMouseStyle(MouseStyle const& style)
 {
     View.ConfigureOperators(configuratorOf(style));
+    View.View().GetOperatorControl().Push(std::make_shared<HPS::TouchOperator>(),
+                                          HPS::Operator::Priority::Low);
 }
 
 void ViewInteraction::SetHovering(bool hovering)
@@ -88,7 +93,23 @@ void ViewInteraction::PointAway()
 
 bool ViewInteraction::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::Leave) PointAway();
+    switch (event->type()) {
+    case QEvent::Leave:
+        PointAway();
+        break;
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+    case QEvent::TouchEnd:
+    case QEvent::TouchCancel:
+        Touches.Take(*static_cast<QTouchEvent*>(event));
+        event->accept();
+        return true;
+    case QEvent::NativeGesture:
+        if (Touches.Take(*static_cast<QNativeGestureEvent*>(event))) return true;
+        break;
+    default: // an enumeration of hundreds
+        break;
+    }
     return QObject::eventFilter(watched, event);
 }
 

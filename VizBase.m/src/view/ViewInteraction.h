@@ -2,6 +2,7 @@
 
 #include "HoverHighlight.h"
 #include "RubberBand.h"
+#include "TouchInput.h"
 #include "ViewSelection.h"
 #include "ZELOpConfigurator.h"
 
@@ -58,6 +59,7 @@ private:
     ViewSelection Selection;
     std::unique_ptr<HoverHighlight> Hover; ///< null: off
     RubberBand Band;
+    TouchInput Touches;
     bool Replacing = false; ///< the selection itself takes highlights off
 };
 
