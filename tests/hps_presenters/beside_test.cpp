@@ -163,6 +163,32 @@ TEST_F(Beside, aCanvasMayGoWhileItsPictureIsMade)
     other.Delete();
 }
 
+TEST_F(Beside, whoeverWaitsForTheThreadGetsItsTurn)
+{
+    std::array<Canvas, 3> others;
+    for (Canvas& other : others) {
+        other = Factory::CreateCanvas(WindowHandle(2), "other");
+        other.AttachViewAsLayout(TheView);
+        other.Update();
+    }
+    TheCanvas.Update();
+    // All four are begun while the first is under way, so that three wait; one of these goes, and one has its
+    // picture made by somebody who cannot wait.
+    for (int i = 0; i < 4; ++i) {
+        std::unique_lock lock(TheLoop.mutex);
+        auto const next = std::move(TheLoop.due.front());
+        TheLoop.due.pop_front();
+        lock.unlock();
+        next();
+    }
+    others[1].Delete();
+    Picture picture;
+    EXPECT_TRUE(others[2].ReadPixels(picture));
+    TheLoop.turn(3);
+    EXPECT_EQ(TheLoop.shown.size(), 3U) << "the first, the one in a hurry, and the last";
+    for (Canvas& other : others) other.Delete();
+}
+
 TEST_F(Beside, aWindowThatIsNotSeenHasNoPictureMade)
 {
     TheLoop.seen = false;

@@ -85,14 +85,14 @@ void WidgetPresenter::present(Picture const& picture)
 
 void WidgetPresenter::callBack(std::function<void()> next)
 {
-    QMetaObject::invokeMethod(&caller_, std::move(next), Qt::QueuedConnection);
+    QMetaObject::invokeMethod(QCoreApplication::instance(), std::move(next), Qt::QueuedConnection);
 }
 
 void WidgetPresenter::whenIdle(std::function<void()> next)
 {
     using namespace std::chrono_literals;
     // What lies in the queue, a widget's wish to be painted too, comes before any timer.
-    QTimer::singleShot(1ms, Qt::PreciseTimer, &caller_, std::move(next));
+    QTimer::singleShot(1ms, Qt::PreciseTimer, QCoreApplication::instance(), std::move(next));
 }
 
 bool WidgetPresenter::requestFrame(std::function<void()> next)

@@ -1,6 +1,5 @@
 #pragma once
 #include "Presenter.h"
-#include <QObject>
 #include <QPointer>
 
 QT_BEGIN_NAMESPACE
@@ -24,10 +23,11 @@ public:
     /// Width and height of the widget times its device pixel ratio.
     bool showSize(int& width, int& height) const override;
     bool showScreen(Screen& screen) const override;
+    bool isSeen() const override;
     /// Nothing happens while the window is not exposed; it asks to be painted once it is.
     void present(Picture const& picture) override;
-    /// All by the application's event loop.
-    bool isSeen() const override;
+    /// All by the application's event loop; the first two whether or not the widget lives to see it, for
+    /// other canvases may wait for their turn.
     bool callsBack() const override { return true; }
     void callBack(std::function<void()> next) override;
     void whenIdle(std::function<void()> next) override;
@@ -37,7 +37,6 @@ private:
     QPointer<QWidget> widget_; ///< not owned
     QPointer<QWindow> window_; ///< that `store_` was made for
     std::unique_ptr<QBackingStore> store_;
-    QObject caller_; ///< on the widget's thread; what it was to call dies with it
 };
 
 /// Null if the handle is not that of a widget of this process, or there is no application for widgets.

@@ -111,10 +111,12 @@ void start(Canvas const& canvas)
         make(*record, request);
         record->presenter->callBack([canvas] {
             conclude(canvas);
-            if (queue().empty()) return;
-            Canvas const next = queue().front();
-            queue().pop_front();
-            start(next);
+            // Of those that waited, one may be gone, or have its picture already.
+            while (!queue().empty() && !scene::SceneGate::isClosed()) {
+                Canvas const next = queue().front();
+                queue().pop_front();
+                start(next);
+            }
         });
     });
 }
