@@ -38,7 +38,7 @@ struct UpdateReport {
     std::uint32_t uploadedMeshes = 0;
 };
 
-// Told when an update is done. Updates are done on return, so there is never anything left to wait for.
+// Told when an update is done.
 class UpdateNotifier
 {
 public:
@@ -79,6 +79,11 @@ public:
     // and negative for none, or while a mouse button is held and pictures would not follow the hand, effects
     // and what is tiny are left out; the next update without a limit, or the release, brings the full
     // picture. False if no picture could be made, or not all of it, see `ShowFailure`.
+    //
+    // In a window this returns at once, with true: the window's event loop has the picture made by a thread
+    // of the library when nothing else is due, and shows it; updates until then join. A call that concerns the
+    // scene waits while that thread is at work. To wait for the picture itself, ask for it, or use the other
+    // one, which waits in any case.
     bool Update(Window::UpdateType type = Window::UpdateType::Default, double timeLimit = -1) const;
     UpdateNotifier UpdateWithNotifier(Window::UpdateType type = Window::UpdateType::Default) const;
 

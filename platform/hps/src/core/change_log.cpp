@@ -38,6 +38,7 @@ bool ChangeCursor::read(std::vector<ChangeMark>& marks)
 
 void ChangeLog::mark(SlotIndex slot, Change changes)
 {
+    if (recorder != nullptr) recorder(slot, changes);
     if (std::all_of(cursors_.begin(), cursors_.end(), [](auto const* cursor) { return cursor->lost_; }))
         return;
     if (slot >= last_.size()) last_.resize(std::max<std::size_t>(slot + 1, last_.size() * 2));

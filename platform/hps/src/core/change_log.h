@@ -65,6 +65,9 @@ class ChangeLog
 public:
     void mark(SlotIndex slot, Change changes);
 
+    // Called at each write, before repeats join, for whoever keeps a record of them; null for nobody.
+    void (*recorder)(SlotIndex slot, Change changes) = nullptr;
+
 private:
     friend class ChangeCursor;
     static constexpr std::size_t limit = 1 << 20; // marks; who is that far behind starts afresh
