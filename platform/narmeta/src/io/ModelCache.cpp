@@ -43,8 +43,8 @@ std::filesystem::path ModelCache::userFolder()
 
 bool ModelCache::takes(std::string_view extension)
 {
-    static constexpr std::array<std::string_view, 9> Single = {"stp",  "step", "p21", "igs", "iges",
-                                                               "brep", "brp",  "stl", "glb"};
+    static constexpr std::array<std::string_view, 12> Single = {"stp", "step", "p21", "igs", "iges", "brep",
+                                                                "brp", "stl",  "glb", "ply", "off",  "3mf"};
     return std::ranges::find(Single, extension) != Single.end();
 }
 

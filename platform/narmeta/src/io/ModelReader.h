@@ -67,6 +67,8 @@ public:
     /// @p head: the first bytes of the file, up to ReaderRegistry::HeadSize. @p extension: in lower case, no
     /// dot.
     virtual Confidence Recognise(std::string_view head, std::string_view extension) const = 0;
+    /// A bad file may take the whole process along, so that files are always read in one of their own.
+    virtual bool IsFragile() const { return false; }
     /// @p model is empty at the start and thrown away unless the outcome is Done. Must not throw.
     virtual ReadResult Read(ReadRequest const& request, ZELProductStructure& model) const = 0;
 };

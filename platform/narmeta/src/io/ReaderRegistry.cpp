@@ -1,6 +1,7 @@
 #include "ReaderRegistry.h"
 
 #include "ZelXmlFormat.h"
+#include "mesh_library_reader.h"
 #include "open_cascade_readers.h"
 
 #include <algorithm>
@@ -15,6 +16,7 @@ ReaderRegistry const& ReaderRegistry::BuiltIn()
         ReaderRegistry made;
         made.Add(std::make_unique<ZelXmlReader>());
         RegisterOpenCascadeReaders(made);
+        RegisterMeshLibraryReaders(made);
         return made;
     }();
     return registry;

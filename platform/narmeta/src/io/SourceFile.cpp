@@ -7,6 +7,7 @@
 #include <QSaveFile>
 
 #include <algorithm>
+#include <fstream>
 
 namespace NarMetaInfra
 {
@@ -62,6 +63,18 @@ SourceFile SourceFile::Open(wchar_t const* path)
         return refuse(L" cannot be read: " + device.errorString().toStdWString());
     file.head = head.toStdString();
     return file;
+}
+
+std::wstring ReadWholeFile(std::filesystem::path const& path, std::string& bytes)
+{
+    std::error_code error;
+    auto const size = std::filesystem::file_size(path, error);
+    std::ifstream stream(path, std::ios::binary);
+    if (error || !stream) return L"the file can't be read";
+    bytes.assign(size, '\0');
+    if (!stream.read(bytes.data(), static_cast<std::streamsize>(size)))
+        return L"the file got shorter while it was read";
+    return {};
 }
 
 std::wstring ReplaceFile(std::wstring const& path, std::string const& text)

@@ -27,6 +27,10 @@ std::string LowerExtension(std::wstring const& path);
 /// The last part of the path in double quotes.
 std::wstring Quoted(std::wstring const& path);
 
+/// Fills @p bytes with a file. Gives the cause if that fails, as when the file gets shorter meanwhile, empty
+/// otherwise.
+std::wstring ReadWholeFile(std::filesystem::path const& path, std::string& bytes);
+
 /// Writes the text beside @p path and moves it there, so that a file is never half new. Gives the cause if
 /// that fails, empty otherwise.
 std::wstring ReplaceFile(std::wstring const& path, std::string const& text);

@@ -87,9 +87,10 @@ bool ZelIO::Read(wchar_t const* path, ZELProductStructure* structure, Progress p
         kept = cache.load(key, request, model);
         if (kept) kept->timings.clear();
     }
-    auto result = kept          ? std::move(*kept)
-                  : isIsolated_ ? readInProcess(request, {secondsLimit_, bytesLimit_}, model)
-                                : reader->Read(request, model);
+    auto result = kept ? std::move(*kept)
+                  : isIsolated_ || reader->IsFragile()
+                      ? readInProcess(request, {secondsLimit_, bytesLimit_}, model)
+                      : reader->Read(request, model);
     auto const spent = stopwatch.Lap();
     if (result.timings.empty()) result.timings.push_back({L"Reading", spent, false});
     timings_.insert(timings_.end(), result.timings.begin(), result.timings.end());

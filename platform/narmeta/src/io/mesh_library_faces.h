@@ -1,0 +1,30 @@
+#pragma once
+
+// Only for sources of this folder that see the mesh library.
+
+#include <narmeta/infra/BrepBody.h>
+
+#include <assimp/color4.h>
+
+struct aiMesh;
+
+namespace NarMetaInfra
+{
+/// Triangles of one colour.
+struct MeshPatch {
+    std::vector<float> points, normals, textureCoordinates;
+    std::vector<std::uint32_t> triangles;
+    std::optional<Colour> colour; ///< of its own, beside the mesh's material
+    std::optional<unsigned short> alpha;
+};
+
+/// The triangles of a mesh, with normals. Where its points have colours of their own, triangles of one mean
+/// colour make a patch each; colours that hardly differ become one if there would be too many.
+std::vector<MeshPatch> patchesOf(aiMesh const& mesh);
+
+/// Lines become edges of the body, points its vertices.
+void addCurvesAndPoints(aiMesh const& mesh, BrepBody& body);
+
+unsigned short byteOf(float channel);
+Colour colourOf(aiColor4D const& colour);
+} // namespace NarMetaInfra
