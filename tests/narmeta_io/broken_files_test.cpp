@@ -21,6 +21,36 @@ struct BrokenFile {
     IoOutcome outcome;
 };
 
+// Each level uses the next one twice; the last one is a triangle, or uses the first again.
+std::string endlessGltf(int levels, bool isRing)
+{
+    std::string text =
+        "{\"asset\":{\"version\":\"2.0\"},\"scene\":0,\"scenes\":[{\"nodes\":[0]}],\"nodes\":[";
+    for (int i = 0; i < levels; ++i) {
+        auto const next = std::to_string(i + 1);
+        text += "{\"children\":[" + next + "," + next + "]},";
+    }
+    return text + (isRing ? "{\"children\":[0]}" : "{\"mesh\":0}") + "],\"meshes\":[]}";
+}
+
+std::string endlessStep(int levels, bool isRing)
+{
+    auto text = Header + "#1=APPLICATION_CONTEXT('');\n#2=PRODUCT_CONTEXT('',#1,'');\n"
+                         "#3=PRODUCT_DEFINITION_CONTEXT('',#1,'');\n";
+    auto const definition = [](int level) { return "#" + std::to_string(10 * level + 12); };
+    int use = 1'000'000;
+    for (int i = 0; i <= levels; ++i) {
+        auto const number = std::to_string(10 * i + 10), formation = std::to_string(10 * i + 11);
+        text += "#" + number + "=PRODUCT('" + number + "','','',(#2));\n#" + formation +
+                "=PRODUCT_DEFINITION_FORMATION('','',#" + number + ");\n" + definition(i) +
+                "=PRODUCT_DEFINITION('','',#" + formation + ",#3);\n";
+        for (int k = 0; k < 2 && (i < levels || isRing); ++k)
+            text += "#" + std::to_string(use++) + "=NEXT_ASSEMBLY_USAGE_OCCURRENCE('','',''," +
+                    definition(i) + "," + definition(i < levels ? i + 1 : 0) + ",$);\n";
+    }
+    return text + Footer;
+}
+
 BrokenFile const BrokenFiles[] = {
     {"empty", "", IoOutcome::Damaged},
     {"random text", "This is a letter, not a model.\n", IoOutcome::Damaged},
@@ -35,6 +65,10 @@ BrokenFile const BrokenFiles[] = {
     {"gltf cut off", "{\"asset\":{\"version\":\"2.0\"},\"meshes\":[{\"primitives\":[", IoOutcome::Damaged},
     {"brep cut off", "DBRep_DrawableShape\n\nCASCADE Topology V1, (c) Matra-Datavision\nLocations 1\n",
      IoOutcome::Damaged},
+    {"gltf of too many places", endlessGltf(40, false), IoOutcome::Damaged},
+    {"gltf that contains itself", endlessGltf(3, true), IoOutcome::Damaged},
+    {"step of too many places", endlessStep(40, false), IoOutcome::Damaged},
+    {"step that contains itself", endlessStep(3, true), IoOutcome::Damaged},
     {"iges header only", "                                                                        S      1\n",
      IoOutcome::Damaged},
 };
@@ -107,6 +141,35 @@ TEST(BrokenFiles, ABrepFileThatEndsEarlyIsDamagedWhereverItEnds)
         auto const read =
             ReadSupport::read(folder.write("cut.brep", std::string_view(bytes).substr(0, length)));
         EXPECT_EQ(read->result.outcome, IoOutcome::Damaged) << length;
+    }
+}
+
+// What a mesh in text has lost is said, wherever it was cut.
+TEST(BrokenFiles, AMeshInTextThatEndsEarlyIsShownWithAWarning)
+{
+    std::string const facet =
+        " facet normal 0 0 1\n  outer loop\n   vertex 0 0 0\n   vertex 1 0 0\n   vertex 0 1 0\n"
+        "  endloop\n endfacet\n";
+    std::string const stl = "solid plate\n" + facet + facet + facet,
+                      obj = "v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n";
+    struct {
+        char const* name;
+        std::string bytes;
+        bool isWhole;
+    } const files[] = {
+        {"whole.stl", stl + "endsolid plate\n", true},
+        {"cut.stl", stl, false},
+        {"line.stl", stl + facet.substr(0, 30), false},
+        {"whole.obj", obj, true},
+        {"no_newline.obj", obj + "f 3 2 1", true},
+        {"cut.obj", obj + "f 1 2", false},
+        {"point.obj", obj + "v 1", false},
+    };
+    TemporaryFolder const folder;
+    for (auto const& file : files) {
+        auto const read = ReadSupport::read(folder.write(file.name, file.bytes));
+        EXPECT_EQ(read->result.outcome, IoOutcome::Done) << file.name;
+        EXPECT_EQ(read->result.warnings.empty(), file.isWhole) << file.name;
     }
 }
 

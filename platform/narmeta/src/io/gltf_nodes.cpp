@@ -1,5 +1,8 @@
 #include "gltf_nodes.h"
 
+#include "place_count.h"
+
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 
@@ -112,5 +115,27 @@ std::optional<std::vector<GltfNode>> readGltfNodes(std::filesystem::path const& 
     auto const nodes = document["nodes"].toArray();
     qsizetype unmet = nodes.size();
     return nodesOf(scene["nodes"].toArray(), nodes, 0, unmet);
+}
+
+std::string refusalOfGltf(QJsonObject const& document)
+{
+    auto const nodes = document["nodes"].toArray();
+    auto const count = static_cast<std::size_t>(nodes.size());
+    UseGraph uses(count);
+    std::vector<bool> isUsed(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        for (auto const& child : nodes.at(static_cast<qsizetype>(i)).toObject()["children"].toArray()) {
+            auto const number = static_cast<std::size_t>(std::max(child.toInt(-1), -1));
+            if (number >= count) continue;
+            uses[i].push_back(number);
+            isUsed[number] = true;
+        }
+    }
+    std::vector<std::size_t> roots;
+    for (std::size_t i = 0; i < count; ++i)
+        if (!isUsed[i]) roots.push_back(i);
+    // A ring has no beginning.
+    if (roots.empty() && count > 0) roots.push_back(0);
+    return refusalOfPlaces(uses, roots);
 }
 } // namespace NarMetaInfra

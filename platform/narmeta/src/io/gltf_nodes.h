@@ -3,6 +3,7 @@
 #include <array>
 #include <filesystem>
 #include <optional>
+#include <string>
 #include <vector>
 
 class QJsonObject;
@@ -20,6 +21,9 @@ struct GltfNode {
 
 /// The structure of a .gltf or .glb file; empty if it can't be read.
 QJsonObject readGltfJson(std::filesystem::path const& file);
+
+/// Why the nodes of a scene must not be followed, in words for the user; empty if they may be.
+std::string refusalOfGltf(QJsonObject const& document);
 
 /// The root nodes of the default scene of a .gltf or .glb file. Nothing if the file's structure can't be
 /// followed.

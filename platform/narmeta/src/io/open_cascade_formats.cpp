@@ -1,3 +1,5 @@
+#include "gltf_nodes.h"
+#include "mesh_text_check.h"
 #include "open_cascade_document.h"
 #include "open_cascade_guard.h"
 #include "stage_clock.h"
@@ -13,6 +15,7 @@
 #include <IGESControl_Controller.hxx>
 #include <Interface_Static.hxx>
 #include <Message_ProgressScope.hxx>
+#include <QJsonObject>
 #include <RWGltf_CafReader.hxx>
 #include <RWObj_CafReader.hxx>
 #include <RWStl.hxx>
@@ -37,6 +40,11 @@ LoadFailure damaged(char const* format, std::optional<std::string> const& cause 
 LoadFailure nothing(char const* format)
 {
     return {IoOutcome::NothingToShow, "the " + std::string(format) + " file holds nothing to show"};
+}
+
+std::string endsEarly(char const* format)
+{
+    return "the " + std::string(format) + " file ends early; what it lost is missing from the model";
 }
 
 // The last record of an IGES file has the letter T in column 73.
@@ -121,8 +129,7 @@ LoadOutcome loadIges(std::filesystem::path const& file, KernelDocument& document
     if (range.UserBreak()) return std::nullopt;
     if (!document.hasShapes())
         return failure || !isIgesComplete(file) ? damaged("IGES", failure) : nothing("IGES");
-    if (!isIgesComplete(file))
-        document.warnings.push_back("the IGES file ends early; what it lost is missing from the model");
+    if (!isIgesComplete(file)) document.warnings.push_back(endsEarly("IGES"));
     if (failure)
         document.warnings.push_back("part of the IGES file could not be translated (" + *failure + ")");
     failure = guarded([&] { numberEntities(reader.WS(), document); });
@@ -152,6 +159,8 @@ LoadOutcome loadBrep(std::filesystem::path const& file, KernelDocument& document
 LoadOutcome loadGltf(std::filesystem::path const& file, KernelDocument& document, LoadSupport const& support,
                      Message_ProgressRange const& range)
 {
+    if (auto const refusal = refusalOfGltf(readGltfJson(file)); !refusal.empty())
+        return LoadFailure{IoOutcome::Damaged, "the glTF file can't be shown: " + refusal};
     RWGltf_CafReader reader;
     // Lengths are metres and y points up by the format's own definition; the model has millimetres and z up.
     reader.SetSystemCoordinateSystem(RWMesh_CoordinateSystem_Zup);
@@ -167,7 +176,9 @@ LoadOutcome loadObj(std::filesystem::path const& file, KernelDocument& document,
 {
     // The format states neither unit nor direction: numbers are taken as they are.
     RWObj_CafReader reader;
-    return loadMeshScene(reader, "OBJ", file, document, support, range);
+    auto outcome = loadMeshScene(reader, "OBJ", file, document, support, range);
+    if (!outcome && !isObjTailWhole(tailOf(file))) document.warnings.push_back(endsEarly("OBJ"));
+    return outcome;
 }
 
 LoadOutcome loadStl(std::filesystem::path const& file, KernelDocument& document, LoadSupport const& support,
@@ -180,6 +191,7 @@ LoadOutcome loadStl(std::filesystem::path const& file, KernelDocument& document,
     if (range.UserBreak()) return std::nullopt;
     if (failure || triangles.IsNull()) return damaged("STL", failure);
     if (triangles->NbTriangles() == 0) return nothing("STL");
+    if (!isStlTailWhole(headOf(file), tailOf(file))) document.warnings.push_back(endsEarly("STL"));
     TopoDS_Face face;
     BRep_Builder().MakeFace(face, triangles);
     addShape(document, face);

@@ -58,6 +58,9 @@ LoadOutcome translate(std::filesystem::path const& file, KernelDocument& documen
         if (auto failure = parse(file, reader, document)) return failure;
     }
     StageClock const clock(support.times.transfer);
+    std::string refusal;
+    if (guarded([&] { refusal = reader.refusal(); }).has_value() || !refusal.empty())
+        return LoadFailure{IoOutcome::Damaged, "the STEP file can't be shown: " + refusal};
     auto failure = guarded([&] {
         if (reader.NbRootsForTransfer() == 0) return;
         Message_ProgressScope scope(range, "transfer", 100);

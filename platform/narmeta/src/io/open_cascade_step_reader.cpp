@@ -1,6 +1,9 @@
 #include "open_cascade_step_reader.h"
 
 #include "open_cascade_guard.h"
+#include "place_count.h"
+
+#include <algorithm>
 
 #include <Message_ProgressScope.hxx>
 #include <STEPCAFControl_ExternFile.hxx>
@@ -73,6 +76,31 @@ void StepReader::translateAhead(KernelDocument& document, PartMesher& mesher,
         if (name && *name && !references.ProdDef(i).IsNull())
             static_cast<void>(guarded([&] { readExternal(name, document, mesher, folder, share); }));
     }
+}
+
+std::string StepReader::refusal()
+{
+    auto const model = ChangeReader().Model();
+    UseGraph uses(static_cast<std::size_t>(model->NbEntities()) + 1);
+    std::vector<bool> isUsed(uses.size());
+    std::vector<std::size_t> users;
+    for (Standard_Integer i = 1; i <= model->NbEntities(); ++i) {
+        auto const use = Handle(StepRepr_NextAssemblyUsageOccurrence)::DownCast(model->Value(i));
+        if (use.IsNull()) continue;
+        auto const whole = model->Number(use->RelatingProductDefinition());
+        auto const part = model->Number(use->RelatedProductDefinition());
+        if (whole <= 0 || part <= 0) continue;
+        users.push_back(static_cast<std::size_t>(whole));
+        uses[users.back()].push_back(static_cast<std::size_t>(part));
+        isUsed[static_cast<std::size_t>(part)] = true;
+    }
+    std::vector<std::size_t> roots;
+    for (auto const user : users)
+        if (!isUsed[user]) roots.push_back(user);
+    std::ranges::sort(roots);
+    roots.erase(std::ranges::unique(roots).begin(), roots.end());
+    // Rings have no beginning; whatever stands in one leads to it.
+    return refusalOfPlaces(uses, roots.empty() ? users : roots);
 }
 
 void StepReader::readExternal(std::string const& name, KernelDocument& document, PartMesher& mesher,

@@ -21,6 +21,9 @@ public:
     void translateAhead(KernelDocument& document, PartMesher& mesher, std::filesystem::path const& folder,
                         Message_ProgressRange const& range);
 
+    /// Why the assemblies of the file must not be expanded, in words for the user; empty if they may be.
+    std::string refusal();
+
 private:
     void readExternal(std::string const& name, KernelDocument& document, PartMesher& mesher,
                       std::filesystem::path const& folder, Message_ProgressRange const& range);

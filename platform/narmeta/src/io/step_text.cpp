@@ -1,9 +1,10 @@
 #include "step_text.h"
 
+#include "SourceFile.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <fstream>
 #include <vector>
 
 namespace NarMetaInfra
@@ -142,13 +143,10 @@ StepTextReport checkStepText(std::string_view text)
 StepTextReport checkStepFile(std::filesystem::path const& file, std::string& text)
 {
     StepTextReport unreadable;
-    unreadable.refusal = "the file can't be read";
-    std::error_code error;
-    auto const size = std::filesystem::file_size(file, error);
-    std::ifstream stream(file, std::ios::binary);
-    if (error || !stream) return unreadable;
-    text.assign(size, '\0');
-    if (!stream.read(text.data(), static_cast<std::streamsize>(size))) return unreadable;
+    if (auto const cause = ReadWholeFile(file, text); !cause.empty()) {
+        unreadable.refusal = utf8FromWide(cause);
+        return unreadable;
+    }
     return checkStepText(text);
 }
 } // namespace NarMetaInfra
