@@ -1,7 +1,11 @@
 #include "StepEntities.h"
 #include "StepGeometry.h"
 #include "StepPictures.h"
+#include "read_support.h"
+#include "step_header.h"
 #include "step_tessellation.h"
+
+#include <narmeta/infra/ZELDocumentInformation.h>
 
 #include <gtest/gtest.h>
 
@@ -158,4 +162,35 @@ TEST(StepTessellation, MakesABodyOfTriangles)
     EXPECT_EQ(CountsOf(bodies[0]).triangles, 4u); // the one with a number out of range is gone
     EXPECT_EQ(bodies[0].normals.size(), bodies[0].points.size());
     EXPECT_TRUE(stepTessellation(entities, 2, 7).empty());
+}
+
+TEST(StepHeader, SaysWhoWroteTheFileAndWhen)
+{
+    auto const lines =
+        stepHeaderLines("ISO-10303-21;\nHEADER;\nFILE_DESCRIPTION(('a part','of two; words'),'2;1');\n"
+                        "FILE_NAME('it''s (one), thing','2020-01-02',('Ann'),(''),'pre','','');\n"
+                        "FILE_SCHEMA(('AP242'));\nENDSEC;\nDATA;\n#1=FILE_NAME('no');\n");
+    std::vector<std::pair<std::wstring, std::wstring>> const expected = {
+        {L"Name", L"it's (one), thing"},
+        {L"Date", L"2020-01-02"},
+        {L"Author", L"Ann"},
+        {L"Written by", L"pre"},
+        {L"Description", L"a part, of two; words"},
+        {L"Schema", L"AP242"}};
+    EXPECT_EQ(lines, expected);
+    for (auto const* const odd :
+         {"", "FILE_NAME", "FILE_NAME('never closed", "FILE_NAME(", "FILE_NAME('a','b'"})
+        EXPECT_LE(stepHeaderLines(odd).size(), 2u) << odd;
+}
+
+TEST(StepHeader, StandsInTheDocumentInformation)
+{
+    auto const file = ReadSupport::modelFolder() / "parts/sofle_SOLENOID.STEP";
+    REQUIRE_MODEL_FILE(file);
+    auto const read = ReadSupport::read(file);
+    auto const information = read->model.GetDocumentInformation();
+    ASSERT_TRUE(information);
+    std::wstring text;
+    information->GetAsString(text);
+    EXPECT_NE(text.find(L"Schema"), std::wstring::npos);
 }

@@ -2,7 +2,10 @@
 #include "open_cascade_guard.h"
 #include "open_cascade_model.h"
 
+#include "step_header.h"
 #include "step_tessellation.h"
+
+#include <narmeta/infra/ZELDocumentInformation.h>
 
 #include <algorithm>
 #include <iterator>
@@ -72,6 +75,10 @@ std::set<int> const* ModelBuilder::linkedEntities(ZELReference const& reference)
 void ModelBuilder::readProperties()
 {
     if (!Document.stepEntities) return;
+    auto const information = std::make_shared<ZELDocumentInformation>();
+    for (auto& [label, value] : stepHeaderLines(Document.stepText))
+        information->Add(std::move(label), std::move(value));
+    if (!information->GetLines().empty()) Model.SetDocumentInformation(information);
     StepProperties const properties(*Document.stepEntities);
     for (auto const& [product, reference] : Products)
         if (reference) reference->SetUserProperties(properties.of(product));
