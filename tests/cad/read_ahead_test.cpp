@@ -7,9 +7,12 @@
 #include <mora/AViewTree.h>
 #include <mora/Settings.h>
 
+#include <cstring>
 #include <filesystem>
+#include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace
 {
@@ -42,20 +45,39 @@ TEST(ReadAhead, aProcessOfItsOwnGivesTheSameModel)
     EXPECT_EQ(here.bodies, there.bodies);
 }
 
+/// A file of many triangles, far above what a process has at its start.
+std::filesystem::path writeMesh(std::filesystem::path const& folder)
+{
+    constexpr std::uint32_t Count = 300'000;
+    std::string bytes(84 + 50 * Count, '\0');
+    std::memcpy(&bytes[80], &Count, sizeof Count);
+    for (std::uint32_t i = 0; i < Count; ++i) {
+        float const x = static_cast<float>(i);
+        float const corners[] = {x, 0, 0, x + 1, 0, 0, x, 1, 0};
+        std::memcpy(&bytes[84 + 50 * i + 12], corners, sizeof corners);
+    }
+    std::ofstream(folder / "many.stl", std::ios::binary) << bytes;
+    return folder / "many.stl";
+}
+
 TEST(ReadAhead, aLimitEndsTheReadAndNothingElse)
 {
+    std::filesystem::path const folder =
+        std::filesystem::temp_directory_path() / ("read_ahead_" + std::to_string(getpid()));
+    std::filesystem::create_directory(folder);
+    std::wstring const mesh = writeMesh(folder).wstring();
     struct Case {
         char const* what;
         double seconds;
         int memory; // MiB
         std::wstring cause;
     };
-    Case const cases[] = {{"time", 1e-6, 0, L"longer than it may"}, {"memory", 0, 1, L"needs more memory"}};
+    Case const cases[] = {{"time", 1e-6, 0, L"longer than it may"}, {"memory", 0, 200, L"needs more memory"}};
     ZELVizCore::Settings& settings = ZELVizCore::Settings::Current();
     for (Case const& c : cases) {
         settings.ReadMemoryLimit = c.memory;
         settings.CacheSize = 0;
-        Opened const stopped(Machine, {true, c.seconds});
+        Opened const stopped(mesh, {true, c.seconds});
         settings = ZELVizCore::Settings::Default();
         EXPECT_FALSE(stopped.read) << c.what;
         EXPECT_THAT(stopped.error, testing::HasSubstr(c.cause)) << c.what;
@@ -63,6 +85,7 @@ TEST(ReadAhead, aLimitEndsTheReadAndNothingElse)
         Opened const after(Machine, {true, 0});
         EXPECT_TRUE(after.read) << c.what;
     }
+    std::filesystem::remove_all(folder);
 }
 
 TEST(ReadAhead, materialsAreKnownOnceTheDocumentIsOpened)

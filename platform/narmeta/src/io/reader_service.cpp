@@ -10,6 +10,7 @@
 #include <cstring>
 #include <new>
 
+#include <fcntl.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <unistd.h>
@@ -40,6 +41,34 @@ bool writeAll(int descriptor, std::string_view bytes)
     }
     return true;
 }
+std::uint64_t limitOfBytes = 0; // of address space; 0: none
+
+/// The process has come near its limit, so that whatever fails fails for want of memory. Safe in a signal
+/// handler.
+bool isAtLimit()
+{
+    if (limitOfBytes == 0) return false;
+    char text[4096];
+    int const status = open("/proc/self/status", O_RDONLY | O_CLOEXEC);
+    auto const size = status < 0 ? 0 : read(status, text, sizeof text);
+    if (status >= 0) close(status);
+    constexpr std::string_view Title = "VmPeak:";
+    std::string_view const lines(text, static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
+    auto const found = lines.find(Title);
+    if (found == lines.npos) return false;
+    auto const from = std::min(lines.find_first_not_of(" \t", found + Title.size()), lines.size());
+    std::uint64_t kibibytes = 0;
+    std::from_chars(lines.data() + from, lines.data() + lines.size(), kibibytes);
+    // The one piece that did not fit any more may have been large.
+    return kibibytes * 1024 >= limitOfBytes - limitOfBytes / 4;
+}
+
+void endAborted(int signal)
+{
+    if (isAtLimit()) _exit(ReaderOutOfMemory);
+    std::signal(signal, SIG_DFL);
+    raise(signal);
+}
 } // namespace
 
 int serveRead(int count, char const* const* arguments)
@@ -53,6 +82,8 @@ int serveRead(int count, char const* const* arguments)
     if (auto const bytes = numberOf(arguments[Bytes])) {
         rlimit const limit{bytes, bytes};
         setrlimit(RLIMIT_AS, &limit);
+        limitOfBytes = bytes;
+        std::signal(SIGABRT, endAborted); // where libraries end for want of memory
     }
     try {
         ReadRequest request;
@@ -69,9 +100,12 @@ int serveRead(int count, char const* const* arguments)
         if (!reader) return 1;
         ZELProductStructure model;
         auto const result = reader->Read(request, model);
+        if (result.outcome != IoOutcome::Done && isAtLimit()) return ReaderOutOfMemory;
         return writeAll(ReaderResult, packModel(result, model)) ? 0 : 1;
     } catch (std::bad_alloc const&) {
         return ReaderOutOfMemory;
+    } catch (std::exception const&) {
+        return isAtLimit() ? ReaderOutOfMemory : 1;
     }
 }
 } // namespace NarMetaInfra
