@@ -73,7 +73,7 @@ KeySheet::KeySheet(MoraCore::MouseStyle const& style, QWidget* parent) : QDialog
     auto* const column = new QVBoxLayout(this);
     column->addWidget(list);
     column->addWidget(buttons);
-    resize(420, 560);
+    resize(540, 620);
 }
 
 } // namespace zelview

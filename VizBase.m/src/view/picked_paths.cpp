@@ -1,5 +1,6 @@
 #include "picked_paths.h"
 
+#include "host_api.h"
 #include "tagged_segments.h"
 
 #include <algorithm>
@@ -78,7 +79,9 @@ HPS::KeyPath parentOf(HPS::KeyPath const& path)
     HPS::KeyPath above = path;
     above.PopFront();
     return from(std::move(above), [](HPS::Key const& key) {
-        return isSegment(key) && !treeIdsOf(HPS::KeyPath(HPS::KeyArray{key})).empty();
+        if (!isSegment(key)) return false;
+        std::vector<unsigned long long> const ids = treeIdsOf(HPS::KeyPath(HPS::KeyArray{key}));
+        return !ids.empty() && ids.back() != ToValue(ZELVizCore::EntityType::Brep);
     });
 }
 

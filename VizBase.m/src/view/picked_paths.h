@@ -11,7 +11,8 @@ HPS::SelectionItem itemAt(HPS::WindowKey const& window, HPS::WindowPoint const& 
 /// What lights up where an item was picked: its geometry, or the whole of the annotation that it belongs to.
 HPS::KeyPath wholeOf(HPS::SelectionItem const& item);
 
-/// The path of the nearest segment above a path's front that has a node in the tree; empty at the top.
+/// The path of the nearest segment above a path's front that has a node in the tree; empty at the top. The
+/// group of all bodies of a part is passed over: it shows what the part does.
 HPS::KeyPath parentOf(HPS::KeyPath const& path);
 
 /// The instances in a part of the window, whatever stands before them: those that reach into it, or only
