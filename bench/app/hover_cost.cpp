@@ -63,6 +63,9 @@ void measure(ZELView3D& view, bool parallel)
                        std::uniform_int_distribution(0, view.height() - 1)(random));
     };
     ZelVizBase::ViewInteraction& hand = *view.GetInteraction();
+    hand.SetHovering(false);
+    HPS::UpdateReport settled;
+    view.Canvas().ShowUpdateReport(settled);
     Times without, warm, hover, click, whole;
     for (int i = 0; i < moves; ++i)
         without.take(view, [&] { send(view, QEvent::MouseMove, anywhere(), Qt::NoButton); });
@@ -109,6 +112,7 @@ int main(int argc, char** argv)
         if (instances < 1 || triangles < 1) return 1;
         bench::fillLattice(document.GetModel(), instances, triangles);
     }
+    view.View().GetNavigationCubeControl().SetVisibility(false); // it lights up, too, and draws the scene
     view.show();
     QCoreApplication::processEvents();
     HPS::CameraKit camera;
