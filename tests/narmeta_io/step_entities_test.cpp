@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include <cmath>
 
 using namespace NarMetaInfra;
@@ -193,4 +195,16 @@ TEST(StepHeader, StandsInTheDocumentInformation)
     std::wstring text;
     information->GetAsString(text);
     EXPECT_NE(text.find(L"Schema"), std::wstring::npos);
+}
+
+TEST(StepLayers, ArePropertiesOfTheirProducts)
+{
+    auto const file = ReadSupport::modelFolder() / "nist/nist_ctc_05_asme1_ap242-e1.stp";
+    REQUIRE_MODEL_FILE(file);
+    auto const read = ReadSupport::read(file);
+    std::set<std::wstring> layers;
+    for (auto const& reference : read->model.GetReferences())
+        for (auto const& [name, value] : reference->GetUserProperties())
+            if (name == L"Layer") layers.insert(value);
+    EXPECT_EQ(layers, (std::set<std::wstring>{L"001", L"041", L"061"}));
 }

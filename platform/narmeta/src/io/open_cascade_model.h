@@ -40,6 +40,8 @@ public:
     void attachAnnotations();
     /// What the file notes about its products.
     void readProperties();
+    /// The layers of each product, as properties of its own; after the others.
+    void readLayers();
     /// Looks of components inside one use of their assembly only: that use gets an assembly of its own.
     void applyOverrides();
     /// What was met of materials so far, with warnings about images that can't be read.

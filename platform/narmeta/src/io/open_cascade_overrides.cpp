@@ -2,10 +2,13 @@
 #include "open_cascade_model.h"
 
 #include <algorithm>
+#include <set>
 
 #include <TDF_AttributeSequence.hxx>
 #include <TDF_LabelSequence.hxx>
+#include <XCAFDoc_DocumentTool.hxx>
 #include <XCAFDoc_GraphNode.hxx>
+#include <XCAFDoc_LayerTool.hxx>
 
 namespace NarMetaInfra
 {
@@ -14,6 +17,28 @@ void ModelBuilder::addMaterials(NarMetaVisu::MaterialContainer& container)
     Materials.addTo(container);
     Document.warnings.insert(Document.warnings.end(), Materials.warnings().begin(),
                              Materials.warnings().end());
+}
+
+// Of the product itself and of what is told apart in it.
+void ModelBuilder::readLayers()
+{
+    auto const tool = XCAFDoc_DocumentTool::LayerTool(Document.document->Main());
+    for (LabelMap<ReferencePointer>::Iterator entry(References); entry.More(); entry.Next()) {
+        TDF_LabelSequence labels;
+        XCAFDoc_ShapeTool::GetSubShapes(entry.Key(), labels);
+        labels.Append(entry.Key());
+        std::set<std::wstring> names;
+        for (auto const& label : labels) {
+            TDF_LabelSequence layers;
+            tool->GetLayers(label, layers);
+            for (auto const& layer : layers)
+                if (auto name = Document.nameOf(layer); !name.empty()) names.insert(std::move(name));
+        }
+        if (names.empty()) continue;
+        auto properties = entry.Value()->GetUserProperties();
+        for (auto const& name : names) properties.push_back({L"Layer", name});
+        entry.Value()->SetUserProperties(std::move(properties));
+    }
 }
 
 void ModelBuilder::applyOverrides()

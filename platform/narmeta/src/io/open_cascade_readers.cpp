@@ -122,6 +122,7 @@ ReadResult OpenCascadeReader::readInSession(ReadRequest const& request, ZELProdu
     if (progress->isCancelled()) return cancelled();
     builder.attachAnnotations();
     builder.readProperties();
+    builder.readLayers();
     builder.applyOverrides();
     if (!builder.hasContents())
         return ReadResult::Failure(IoOutcome::NothingToShow, L"the file holds nothing to show");
