@@ -47,6 +47,10 @@ ExitCode runWindow(Options const& options, Console const& console)
 {
     // The view's window is native; its neighbours need not be.
     QCoreApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
+    // Wayland hides a native window inside others that nobody paints on, as the view's is; the X server that
+    // comes with its desktops does not.
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && qEnvironmentVariableIsSet("DISPLAY"))
+        qputenv("QT_QPA_PLATFORM", "xcb");
     int count = 1;
     std::string name = "zelview";
     char* words[] = {name.data(), nullptr};
