@@ -123,6 +123,37 @@ TEST(Isolated, AFaultOfTheFileIsAnErrorOfThisRead)
     }
 }
 
+/// The file that is being read, and how often its reader has told of progress since.
+struct {
+    std::filesystem::path path;
+    int calls = 0;
+    int cutAt = 0;
+} shrinking;
+
+TEST(Isolated, AFileThatShrinksIsAnErrorOrAModelAndNothingElse)
+{
+    for (char const* const name : {"asm/ublox_JODY-W4.step", "gltf/christmas_challenge.gltf", "gltf/car.glb",
+                                   "mesh/low_cost_robot_gripper_static_part.stl", "brep/mayo_cube.brep"}) {
+        auto const file = modelFolder() / name;
+        REQUIRE_MODEL_FILE(file);
+        TemporaryFolder const folder;
+        for (int cutAt : {0, 1, 2, 5, 12}) {
+            shrinking = {folder.write(file.filename().string(), bytesOf(file)), 0, cutAt};
+            ZelIO io;
+            io.SetReadIsolated(true, 60);
+            ZELProductStructure model;
+            bool const read = io.Read(shrinking.path.wstring().c_str(), &model, [](double, bool&) {
+                if (shrinking.calls++ == shrinking.cutAt)
+                    std::filesystem::resize_file(shrinking.path,
+                                                 std::filesystem::file_size(shrinking.path) / 3);
+            });
+            EXPECT_NE(read, io.GetErrorMessage().size() > 0) << name << " cut at call " << cutAt;
+            EXPECT_EQ(read, io.GetOutcome() == IoOutcome::Done) << name << " cut at call " << cutAt;
+            EXPECT_NE(io.GetOutcome(), IoOutcome::Cancelled) << name << " must not run into its limit";
+        }
+    }
+}
+
 TEST(Isolated, LimitsAndCancelEndTheRead)
 {
     auto const file = modelFolder() / "asm/low_cost_robot_follower_arm.step";
