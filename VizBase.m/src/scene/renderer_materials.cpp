@@ -271,10 +271,10 @@ void ZELRenderer::defineTexture(std::shared_ptr<Texture> const& texture)
     if (texture->GetTextureImage(pixels) && pixels->GetMipmapsCount() > 1)
         options.SetDecimationFilter(HPS::Material::Texture::Decimation::Mipmap);
 
-    if (texture->GetSettings().method == Texture::TextureMethod::Decal)
-        options.SetDecal(true);
-    else if (texture->GetSettings().method == Texture::TextureMethod::Modulate)
-        options.SetModulation(true);
+    auto method = Texture::TextureMethod::Unknown;
+    texture->GetTextureMethod(method);
+    if (method == Texture::TextureMethod::Decal) options.SetDecal(true);
+    if (method == Texture::TextureMethod::Modulate) options.SetModulation(true);
 
     Texture::TextureFilter magnified{}, minified{};
     if (texture->GetTextureFilter(magnified, minified) && magnified != Texture::TextureFilter::None)

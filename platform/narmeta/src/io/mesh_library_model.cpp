@@ -1,5 +1,6 @@
 #include "mesh_library_model.h"
 
+#include "matrix_product.h"
 #include "mesh_library_faces.h"
 #include "text_encoding.h"
 #include "texture_images.h"
@@ -28,16 +29,6 @@ std::wstring textOf(aiString const& text)
 Matrix matrixOf(aiMatrix4x4 const& m)
 {
     return {m.a1, m.b1, m.c1, m.d1, m.a2, m.b2, m.c2, m.d2, m.a3, m.b3, m.c3, m.d3, m.a4, m.b4, m.c4, m.d4};
-}
-
-Matrix product(Matrix const& inner, Matrix const& outer)
-{
-    Matrix made{};
-    for (std::size_t row = 0; row < 4; ++row)
-        for (std::size_t column = 0; column < 4; ++column)
-            for (std::size_t k = 0; k < 4; ++k)
-                made[4 * row + column] += inner[4 * row + k] * outer[4 * k + column];
-    return made;
 }
 
 // What an importer calls nodes and materials where the file has no name.
@@ -73,7 +64,7 @@ bool SceneTranslator::translate()
     Model.SetProductName(Title);
     auto const pid = unique(idText(Title));
     Model.SetPID(pid);
-    auto const placement = product(matrixOf(root.mTransformation), Placement);
+    auto const placement = combined(matrixOf(root.mTransformation), Placement);
     if (root.mNumMeshes > 0) Model.AddRootInstance(placePart(root, pid, placement));
     for (unsigned i = 0; i < root.mNumChildren; ++i)
         if (hasMeshes(*root.mChildren[i]))
@@ -93,7 +84,7 @@ bool SceneTranslator::hasMeshes(aiNode const& node) const
 SceneTranslator::InstancePointer
 SceneTranslator::makeInstance(aiNode const& node, std::wstring const& ownerPid, Matrix const& outer)
 {
-    auto const matrix = product(matrixOf(node.mTransformation), outer);
+    auto const matrix = combined(matrixOf(node.mTransformation), outer);
     bool const isAssembly = std::any_of(node.mChildren, node.mChildren + node.mNumChildren,
                                         [this](aiNode const* child) { return hasMeshes(*child); });
     if (!isAssembly) return placePart(node, ownerPid, matrix);

@@ -2,6 +2,7 @@
 
 // Only for sources of this folder that see Open CASCADE.
 
+#include "matrix_product.h"
 #include "open_cascade_document.h"
 
 #include <narmeta/infra/ZELProductStructure.h>
@@ -46,7 +47,4 @@ struct ExportMesh {
     std::optional<unsigned short> alpha;
 };
 std::vector<ExportMesh> exportMeshes(ZELReference const& reference, Matrix const& bake);
-
-/// `first`, then `second`.
-Matrix combined(Matrix const& first, Matrix const& second);
 } // namespace NarMetaInfra

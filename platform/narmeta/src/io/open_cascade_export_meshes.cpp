@@ -109,16 +109,6 @@ void addNode(Node const& node, Matrix const& outer, std::vector<ExportMesh>& mes
 }
 } // namespace
 
-Matrix combined(Matrix const& first, Matrix const& second)
-{
-    Matrix made{};
-    for (std::size_t row = 0; row < 4; ++row)
-        for (std::size_t column = 0; column < 4; ++column)
-            for (std::size_t k = 0; k < 4; ++k)
-                made[4 * row + column] += first[4 * row + k] * second[4 * k + column];
-    return made;
-}
-
 std::vector<ExportMesh> exportMeshes(ZELReference const& reference, Matrix const& bake)
 {
     std::vector<ExportMesh> meshes;

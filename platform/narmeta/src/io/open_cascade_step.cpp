@@ -59,8 +59,8 @@ LoadOutcome translate(std::filesystem::path const& file, KernelDocument& documen
     }
     StageClock const clock(support.times.transfer);
     std::string refusal;
-    if (guarded([&] { refusal = reader.refusal(); }).has_value() || !refusal.empty())
-        return LoadFailure{IoOutcome::Damaged, "the STEP file can't be shown: " + refusal};
+    if (auto const fault = guarded([&] { refusal = reader.refusal(); })) refusal = *fault;
+    if (!refusal.empty()) return LoadFailure{IoOutcome::Damaged, "the STEP file can't be shown: " + refusal};
     auto failure = guarded([&] {
         if (reader.NbRootsForTransfer() == 0) return;
         Message_ProgressScope scope(range, "transfer", 100);
