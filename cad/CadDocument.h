@@ -9,6 +9,7 @@ namespace ZelCad
 {
 
 class CadRenderer;
+struct SavedView;
 class CadTree;
 
 /// The document of zelview: reads and writes by ZelIO, builds with CadRenderer, writes the tree with CadTree,
@@ -29,6 +30,9 @@ public:
     /// Also takes the body out of the scene and the tree.
     bool RemoveBodyFromPart(RenderId const& id) override;
     bool MakePartModelFromReference(unsigned long long id) override;
+    /// Also looks as the view or the capture does: by its camera, at its annotations alone, cut by its
+    /// planes.
+    bool ActivateViewOrCapture(RenderId const& id) override;
     void Reset() override;
 
     /// The model was changed by an operation above since it was read or saved.
@@ -60,6 +64,9 @@ private:
     bool read(wchar_t const* path, Progress progress);
     bool build(Build operation);
     std::shared_ptr<NarMetaInfra::ZELReference> findReference(std::wstring const& pid) const;
+    HPS::MatrixKit placingOf(RenderId const& id) const;
+    HPS::SimpleCuboid extentOfAnnotations(SavedView const& saved, RenderId id) const;
+    void showSavedView(SavedView const& saved, RenderId const& id);
 
     std::unique_ptr<NarMetaInfra::ZelIO> OwnIO;
     std::unique_ptr<NarMetaInfra::ZELProductStructure> OwnStructure;
@@ -67,7 +74,8 @@ private:
     std::unique_ptr<CadTree> OwnTree;
     mutable bool Modified = false; ///< saving is const and ends it
     Seconds SceneTime{};
-    std::wstring AheadPath; ///< read, but not opened yet; empty: none
+    std::vector<HPS::CuttingSectionKey> Cuts; ///< of the capture that was activated last
+    std::wstring AheadPath;                   ///< read, but not opened yet; empty: none
     bool AheadResult = false;
 };
 

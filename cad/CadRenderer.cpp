@@ -134,17 +134,17 @@ bool CadRenderer::buildProductSceneGraph(NarMetaInfra::ZELProductStructure const
     segment.GetStyleControl().PushNamed(ZelVizBase::SceneDefaults::PmiStyle);
     segment.GetStyleControl().PushNamed("hidden_pmi", HPS::ConditionalExpression("hide_pmi"));
     bool const rendered = renderVisuData(structure, segment, visualisation);
-    if (structure->GetPMI()) hideAnnotations(*structure->GetPMI());
+    if (structure->GetPMI()) ShowAnnotations(structure->GetPMI()->GetHiddenAnnotations(), false);
     return rendered;
 }
 
-void CadRenderer::hideAnnotations(NarMetaPmi::PMIContainer const& container)
+void CadRenderer::ShowAnnotations(std::span<NarMeta::Id const> ids, bool shown)
 {
-    for (NarMetaInfra::Id const id : container.GetHiddenAnnotations()) {
+    for (NarMeta::Id const id : ids) {
         HPS::Key key;
         if (!ObjectMapper->Get(id, key)) continue;
         HPS::SegmentKey picture(key);
-        Hide(picture);
+        shown ? Show(picture) : Hide(picture);
     }
 }
 
@@ -157,7 +157,7 @@ void CadRenderer::insertVisuData(HPS::SegmentKey& segment, std::shared_ptr<ZELRe
     if (!renderVisuData(segment, reference, visualisation))
         warn(L"Part of the visualisation data of \"" + reference->GetReferenceName() +
              L"\" cannot be shown.");
-    if (reference->GetPmi()) hideAnnotations(*reference->GetPmi());
+    if (reference->GetPmi()) ShowAnnotations(reference->GetPmi()->GetHiddenAnnotations(), false);
 }
 
 void CadRenderer::insert(HPS::SegmentKey& segment, std::shared_ptr<NarMetaVisu::Node> const& node,

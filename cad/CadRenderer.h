@@ -2,6 +2,8 @@
 
 #include "ZELRenderer.h"
 
+#include <span>
+
 namespace ZelCad
 {
 
@@ -28,6 +30,9 @@ public:
     static constexpr auto BrepRoot = static_cast<ZelVizBase::ZELSegmentTagger::TAG_TYPE>(32);
     static constexpr auto Body = static_cast<ZelVizBase::ZELSegmentTagger::TAG_TYPE>(33);
 
+    /// Shows or hides the pictures of annotations.
+    void ShowAnnotations(std::span<NarMeta::Id const> ids, bool shown);
+
 protected:
     using ZELRenderer::buildProductSceneGraph;
     using ZELRenderer::insert;
@@ -46,8 +51,6 @@ protected:
 private:
     void insertVisuData(HPS::SegmentKey& segment,
                         std::shared_ptr<NarMetaInfra::ZELReference> const& reference);
-    /// Hides the pictures of annotations that are switched off in the model.
-    void hideAnnotations(NarMetaPmi::PMIContainer const& container);
     void insertBodies(HPS::SegmentKey& segment, NarMetaInfra::ZELReference const& reference,
                       ZelVizBase::ZELObjectMapper& mapper);
     void insertFaces(HPS::SegmentKey& bodySegment, NarMetaInfra::BrepBody const& body,

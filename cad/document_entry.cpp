@@ -1,6 +1,9 @@
 #include "document_entry.h"
 
+#include "ActivateViewOrCaptureAction.h"
 #include "CadDocument.h"
+#include "MakePartFromReferenceMenuAction.h"
+#include "SaveAsPartAction.h"
 #include "ZELView3D.h"
 
 MoraCore::IDocumentEvo* CreateDocument(MoraCore::AViewTree* tree)
@@ -12,6 +15,19 @@ bool ReadDocumentAhead(MoraCore::IDocumentEvo& document, wchar_t const* path, Re
                        void (*progress)(double done, bool& cancel))
 {
     return static_cast<ZelCad::CadDocument&>(document).ReadAhead(path, guard, progress);
+}
+
+MoraCore::IMenuAction* CreateMenuAction(MenuEntry entry)
+{
+    switch (entry) {
+    case MenuEntry::ActivateViewOrCapture:
+        return new ZelVizBase::ActivateViewOrCaptureAction;
+    case MenuEntry::MakePartFromReference:
+        return new ZelVizBase::MakePartFromReferenceMenuAction;
+    case MenuEntry::SaveAsPart:
+        return new ZelVizBase::SaveAsPartAction;
+    }
+    return nullptr;
 }
 
 bool ReadViewPicture(MoraCore::IView3DEvo& view,

@@ -1,5 +1,8 @@
 #include "Plugin.h"
 
+#include <mora/IMenuAction.h>
+#include <mora/SessionMgr.h>
+
 #include <cstring>
 
 namespace zelview
@@ -15,6 +18,7 @@ struct Plugin::Functions {
     decltype(&CreateDocument) createDocument;
     decltype(&ReadDocumentAhead) readDocumentAhead;
     decltype(&ReadViewPicture) readViewPicture;
+    decltype(&CreateMenuAction) createMenuAction;
 };
 
 Plugin::Plugin() : Graphics("ZELVizBase.Plugin.so"), Documents("libzelcad.so") {}
@@ -35,9 +39,12 @@ std::variant<std::unique_ptr<Plugin>, std::string> Plugin::open()
     plugin->Found = std::make_unique<Functions>(
         Functions{documents.find<decltype(&CreateDocument)>("CreateDocument"),
                   documents.find<decltype(&ReadDocumentAhead)>("ReadDocumentAhead"),
-                  documents.find<decltype(&ReadViewPicture)>("ReadViewPicture")});
+                  documents.find<decltype(&ReadViewPicture)>("ReadViewPicture"),
+                  documents.find<decltype(&CreateMenuAction)>("CreateMenuAction")});
     Functions const& found = *plugin->Found;
-    if (!found.createDocument || !found.readDocumentAhead || !found.readViewPicture) return documents.cause();
+    if (!found.createDocument || !found.readDocumentAhead || !found.readViewPicture ||
+        !found.createMenuAction)
+        return documents.cause();
     try {
         plugin->Factory.reset(create());
         plugin->Factory->describe();
@@ -67,6 +74,19 @@ bool Plugin::readAhead(MoraCore::IDocumentEvo& document, std::wstring const& pat
                        Progress progress) const
 {
     return Found->readDocumentAhead(document, path.c_str(), guard, progress);
+}
+
+bool Plugin::perform(MenuEntry entry, ZELVizCore::RenderId const& id) const
+{
+    try {
+        std::unique_ptr<MoraCore::IMenuAction> const action(Found->createMenuAction(entry));
+        return (*action)(id);
+    } catch (std::exception const& fault) {
+        std::string const words = fault.what();
+        MoraCore::SessionMgr::Instance().CurrentSession().PrintMessage({words.begin(), words.end()},
+                                                                       MoraCore::MessageType::Error);
+        return false;
+    }
 }
 
 QImage Plugin::pictureOf(MoraCore::IView3DEvo& view) const

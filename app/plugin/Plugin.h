@@ -38,6 +38,8 @@ public:
     /// Touches no scene, so it may run beside the thread of the windows, one file at a time.
     bool readAhead(MoraCore::IDocumentEvo& document, std::wstring const& path, ReadGuard const& guard,
                    Progress progress) const;
+    /// Calls an entry of a menu with a node; a fault becomes a message of the session.
+    bool perform(MenuEntry entry, ZELVizCore::RenderId const& id) const;
     /// What a view shows, in device pixels; null before its first picture.
     QImage pictureOf(MoraCore::IView3DEvo& view) const;
 

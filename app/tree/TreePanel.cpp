@@ -52,9 +52,14 @@ TreePanel::TreePanel(HostTree& tree, QWidget* parent)
     connect(Field, &QLineEdit::textChanged, this, &TreePanel::search);
     connect(View->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](QModelIndex const& index) {
-                if (!Silent) emit chosen(index.isValid() ? Model.pathOf(index) : RenderId());
+                if (index.isValid()) Current = Model.pathOf(index);
+                if (!Silent) emit chosen(index.isValid() ? Current : RenderId());
             });
     connect(View->selectionModel(), &QItemSelectionModel::selectionChanged, this, &TreePanel::tellSelected);
+    connect(View, &QTreeView::expanded, this,
+            [this](QModelIndex const& index) { Opened.insert(Model.pathOf(index)); });
+    connect(View, &QTreeView::collapsed, this,
+            [this](QModelIndex const& index) { Opened.erase(Model.pathOf(index)); });
     connect(View, &QTreeView::activated, this, [this](QModelIndex const& index) {
         if (index.isValid()) emit opened(Model.pathOf(index));
     });
@@ -78,6 +83,14 @@ void TreePanel::refresh()
     Model.refresh();
     Search.collect(Model);
     View->expandToDepth(0);
+    std::set<RenderId> const opened = Opened;
+    for (RenderId const& id : opened)
+        if (QModelIndex const index = Model.indexOf(id); index.isValid()) View->expand(index);
+    if (QModelIndex const index = Model.indexOf(Current);
+        index.isValid() && View->isExpanded(index.parent())) {
+        View->setCurrentIndex(index);
+        View->scrollTo(index);
+    }
     search(Field->text());
 }
 
@@ -152,6 +165,12 @@ TreePanel::RenderId TreePanel::nodeOf(RenderId const& id) const
 {
     QModelIndex const index = nearest(id);
     return index.isValid() ? Model.pathOf(index) : RenderId();
+}
+
+MoraCore::TreeBuilder::Item const* TreePanel::itemOf(RenderId const& id) const
+{
+    QModelIndex const index = Model.indexOf(id);
+    return index.isValid() ? &Model.itemOf(index) : nullptr;
 }
 
 void TreePanel::reveal(RenderId const& id)

@@ -5,6 +5,8 @@
 
 #include <QWidget>
 
+#include <set>
+
 class QLabel;
 class QLineEdit;
 class QTreeView;
@@ -26,7 +28,7 @@ public:
     /// @param tree not owned; must outlive the panel
     explicit TreePanel(HostTree& tree, QWidget* parent = nullptr);
 
-    /// The tree was written anew.
+    /// The tree was written anew. What was open stays so, as far as it is still there.
     void refresh();
     void focusSearch();
     TreeModel& model() { return Model; }
@@ -36,6 +38,7 @@ public:
     // Of a node, or of the nearest one above that the tree has; empty for none.
     QString nameOf(RenderId const& id) const;
     RenderId nodeOf(RenderId const& id) const;
+    MoraCore::TreeBuilder::Item const* itemOf(RenderId const& id) const; ///< null: no such node
 
 signals:
     /// The user chose a node; an empty path: none.
@@ -67,6 +70,8 @@ private:
     int Match = -1;              ///< the one in sight, in Matches
     std::vector<RenderId> Marks; ///< by the document, since the last clearing; shown but for those that wait
     std::size_t MarksShown = 0;
+    std::set<RenderId> Opened; ///< by the user
+    RenderId Current;          ///< that has the keys
     bool Silent = false;
 };
 

@@ -160,8 +160,12 @@ void DocumentTab::selectionChanged()
 
 void DocumentTab::open(RenderId const& id)
 {
-    // A view or a capture is activated; anything else is brought near.
-    if (!document().ActivateViewOrCapture(id)) document().ZoomTo(id, View.get());
+    using Kind = MoraCore::TreeBuilder::Kind;
+    auto const* const node = Panel ? Panel->itemOf(id) : nullptr;
+    if (node && (node->kind == Kind::View || node->kind == Kind::Capture))
+        Source.perform(MenuEntry::ActivateViewOrCapture, id);
+    else
+        document().ZoomTo(id, View.get());
 }
 
 void DocumentTab::apply(ViewChoice const& choice)

@@ -99,7 +99,11 @@ private:
     void showViewMenu(DocumentTab& tab, QPoint const& position);
     static QString pointedText(TreePanel const* tree, MoraCore::PointedAt const& at);
 
+    // The menu of a node in the tree (window_tree_menu.cpp)
     void showTreeMenu(DocumentTab& tab, ZELVizCore::RenderId const& id, QPoint const& position);
+    void addNodeEntries(QMenu& menu, DocumentTab& tab, ZELVizCore::RenderId const& id);
+    void perform(DocumentTab& tab, MenuEntry entry, ZELVizCore::RenderId const& id);
+    void removeBody(DocumentTab& tab, ZELVizCore::RenderId const& id);
     void applySetting(ZELVizCore::Settings::Field const& field);
     void about();
 

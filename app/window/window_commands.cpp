@@ -10,13 +10,10 @@
 
 #include <mora/ARendererTree.h>
 
-#include <QApplication>
-#include <QClipboard>
 #include <QDateTime>
 #include <QDir>
 #include <QDockWidget>
 #include <QFileDialog>
-#include <QMenu>
 #include <QMessageBox>
 #include <QStackedWidget>
 #include <QStandardPaths>
@@ -196,23 +193,6 @@ void MainWindow::applySetting(Settings::Field const& field)
             tree->Render();
         }
     }
-}
-
-void MainWindow::showTreeMenu(DocumentTab& tab, ZELVizCore::RenderId const& id, QPoint const& position)
-{
-    QMenu menu;
-    MoraCore::IDocumentEvo& document = tab.document();
-    menu.addAction(tr("&Zoom to"), this, [&] { document.ZoomTo(id, &tab.view()); });
-    menu.addAction(tr("&Show or hide body"), this, [&] { document.ShowHideBody(id, &tab.view()); });
-    menu.addAction(tr("&Copy name"), this, [&] {
-        TreeModel& model = tab.treePanel()->model();
-        QApplication::clipboard()->setText(model.indexOf(id).data().toString());
-    });
-    std::vector<MoraCore::ContextMenuItem> const items = Source.factory().createContextMenuItems();
-    if (!items.empty()) menu.addSeparator();
-    for (MoraCore::ContextMenuItem const& item : items)
-        menu.addAction(QString::fromStdWString(item.label), this, [&] { (*item.action)(id); });
-    menu.exec(position);
 }
 
 void MainWindow::about()

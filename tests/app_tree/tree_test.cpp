@@ -272,6 +272,28 @@ TEST_F(Tree, aMarkFromTheViewOpensTheWayToItsNodeAndIsNotSentBack)
     EXPECT_EQ(panel.model().rowCount(), 0);
 }
 
+TEST_F(Tree, whatIsOpenStaysSoWhenTheTreeIsWrittenAnew)
+{
+    HostTree tree;
+    TreePanel panel(tree);
+    writeMachine(tree.GetTreeBuilder());
+    auto* const view = panel.findChild<QTreeView*>();
+    QModelIndex const gear = panel.model().indexOf(path({1, 10, 20}));
+    ASSERT_FALSE(view->isExpanded(gear));
+    view->expand(gear);
+    view->setCurrentIndex(panel.model().indexOf(path({1, 10, 20, 31})));
+    QSignalSpy told(&panel, &TreePanel::chosen);
+    tree.ClearItems();
+    writeMachine(tree.GetTreeBuilder());
+    EXPECT_TRUE(view->isExpanded(panel.model().indexOf(path({1, 10, 20}))));
+    EXPECT_EQ(panel.model().pathOf(view->currentIndex()), path({1, 10, 20, 31}));
+    EXPECT_EQ(told.count(), 0);
+
+    view->collapse(panel.model().indexOf(path({1, 10, 20})));
+    writeMachine(tree.GetTreeBuilder());
+    EXPECT_FALSE(view->isExpanded(panel.model().indexOf(path({1, 10, 20}))));
+}
+
 TEST_F(Tree, aChoiceInTheTreeIsTold)
 {
     TreePanel panel(Host);

@@ -67,6 +67,17 @@ TEST_F(Window, aFileThatFailsLeavesWhatWasOpen)
                             QString("bad.words: it cannot be built")));
 }
 
+TEST_F(Window, openingAViewInTheTreeActivatesIt)
+{
+    ASSERT_TRUE(open({write("a.words", "views 1")}));
+    TreePanel* const panel = Shown->currentTab()->treePanel();
+    auto const path = [panel](int row) { return panel->model().pathOf(panel->model().index(row, 0)); };
+    emit panel->opened(path(1)); // a part is only brought near
+    EXPECT_THAT(calls(), testing::Not(Contains(testing::StartsWith("entry"))));
+    emit panel->opened(path(0));
+    EXPECT_THAT(calls(), Contains("entry 0 of 6"));
+}
+
 TEST_F(Window, filesTakeATabOrAPlaceOfTheirOwn)
 {
     ASSERT_TRUE(open({write("a.words", "parts 1"), write("b.words", "parts 2")}));

@@ -91,6 +91,37 @@ TEST(TreeBuilder, FindsANodeByItsPath)
     EXPECT_EQ(tree.Find(RenderId()), TreeBuilder::NoItem);
 }
 
+// Two sets of one part: "1 5 10 a" and "1 5 10 b", where both have a node 10.
+TEST(TreeBuilder, SetsOfAnnotationsAreInNoPathButTheirOwn)
+{
+    TreeBuilder tree;
+    tree.BeginTree();
+    tree.BeginRoot(1, L"");
+    tree.BeginAnnotations(5, L"");
+    for (TreeBuilder::Id const set : {20, 30}) {
+        tree.BeginItem(set, L"", TreeItemStyles::AnnotationSet);
+        tree.BeginViews(10, L"");
+        tree.BeginView(set + 1, L"");
+        RenderId id;
+        ASSERT_TRUE(tree.GetCurrentId(id));
+        EXPECT_THAT(values(id), ElementsAre(1, 5, 10, set + 1));
+        tree.EndView();
+        tree.EndViews();
+        tree.EndItem();
+    }
+    tree.EndAnnotations();
+    tree.EndRoot();
+    tree.EndTree();
+    auto const find = [&tree](std::vector<TreeBuilder::Id> const& path) {
+        return tree.Find(RenderId(path, RenderId::OriginEnum::Visualisation));
+    };
+    EXPECT_EQ(find({1, 5, 20}), 2);
+    EXPECT_EQ(find({1, 5, 10, 21}), 4);
+    EXPECT_EQ(find({1, 5, 30}), 5);
+    EXPECT_EQ(find({1, 5, 10, 31}), 7);
+    EXPECT_EQ(find({1, 5, 20, 10, 21}), TreeBuilder::NoItem);
+}
+
 TEST(TreeBuilder, ANewTreeReplacesTheOld)
 {
     TreeBuilder tree;

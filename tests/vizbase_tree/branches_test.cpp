@@ -118,10 +118,13 @@ File
         Captures
           *Exploded
 )");
-    EXPECT_EQ(tree.Path(L"A1"), path({1, tree.RootId, instance->GetHashedID(), 10005, 2'000'000, 10010,
-                                      2'000'001, 10102, 2'000'004}));
-    EXPECT_EQ(tree.Path(L"*Exploded"),
-              path({1, tree.RootId, instance->GetHashedID(), 10005, 2'000'000, 10012, 2'000'007}));
+    auto const below = [this](std::vector<unsigned long long> values) {
+        values.insert(values.begin(), {1, tree.RootId, instance->GetHashedID(), 10005});
+        return path(values);
+    };
+    EXPECT_EQ(tree.Path(L"A1"), below({10010, 2'000'001, 10102, 2'000'004}));
+    EXPECT_EQ(tree.Path(L"*Exploded"), below({10012, 2'000'007}));
+    EXPECT_EQ(tree.Path(L"Set (ISO)  (hidden)"), below({2'000'000}));
 }
 
 TEST_F(PartFile, AnnotationsOfAnotherOwnerAreNotShown)

@@ -41,8 +41,12 @@ public:
     void Undo() override;
     void Redo() override;
 
+    /// Leaves nothing of the model but one part: that of an instance, or with the unique id itself. A false
+    /// may come when the scene is gone already.
     bool MakePartModelFromReference(unsigned long long id) override;
+    /// Takes a body of an instance out of sight, or brings it back.
     bool ShowHideBody(RenderId const& id, MoraCore::IView3DEvo* view) override;
+    /// Of a model that is one part with bodies. The scene and the tree stay as they are.
     bool RemoveBodyFromPart(RenderId const& id) override;
 
     /// Reset, read, build, fill the tree, fit and update the views. The cause of a false stands in
@@ -52,8 +56,11 @@ public:
     bool Save(wchar_t const* path) const override;
     Extensions const& ValidImportExtensions() const override;
     Extensions const& ValidExportExtensions() const override;
+    /// Proposes a file for the part of an instance, beside the one that it comes from; `name` stays if that
+    /// is not known.
     void MakeFileNameFromReference(unsigned long long id, std::wstring& name) override;
     bool ExportReferenceAsPart(unsigned long long id, wchar_t const* path) override;
+    /// Makes it the active one of its kind, writes the tree anew and fits the views. The scene stays.
     bool ActivateViewOrCapture(RenderId const& id) override;
 
     bool Restore(wchar_t const* path) override;
@@ -190,6 +197,10 @@ protected:
     ZELRenderTree* Tree = nullptr;                                 ///< not owned here
 
 private:
+    /// The part of Reset that leaves the model.
+    void emptyScene();
+    /// The nearest instance above a body whose segment no other use of an assembly shares.
+    bool findInstanceToHideIn(RenderId const& id, std::shared_ptr<NarMetaInfra::ZELInstance>& instance) const;
     /// Second value of every id of this model's tree.
     unsigned long long modelId() const;
     /// What an id leads to beside a path.

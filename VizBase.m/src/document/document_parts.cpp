@@ -1,54 +1,113 @@
-// Views and captures, bodies and parts of the model: not there yet, so every operation answers false.
+// Bodies of the model, and parts that become documents of their own.
 
 #include "ZELDocument.h"
+#include "ZELObjectMapper.h"
+#include "ZELRenderTree.h"
+#include "ZELRenderer.h"
+
+#include <algorithm>
+#include <filesystem>
 
 namespace ZelVizBase
 {
 
-bool ZELDocument::ActivateViewOrCapture(RenderId const&)
+using NarMetaInfra::ZELInstance;
+using NarMetaInfra::ZELReference;
+
+namespace
 {
-    return false;
+
+constexpr wchar_t const* partExtension = L"XKRM";
+
+/// Puts a condition on a segment, or takes it off.
+void toggleCondition(HPS::SegmentKey& segment, HPS::UTF8 const& condition)
+{
+    HPS::ConditionControl control = segment.GetConditionControl();
+    HPS::UTF8Array conditions;
+    control.ShowConditions(conditions);
+    if (std::erase(conditions, condition) == 0) conditions.push_back(condition);
+    control.SetConditions(conditions);
 }
 
-bool ZELDocument::getViewOrCapture(RenderId const&, std::shared_ptr<NarMetaInfra::ZELReference>&,
-                                   std::shared_ptr<NarMetaPmi::PMIAnnotationView>&,
-                                   std::shared_ptr<NarMetaPmi::PMICapture>&) const
+} // namespace
+
+bool ZELDocument::findInstanceToHideIn(RenderId const& id, std::shared_ptr<ZELInstance>& instance) const
 {
-    return false;
+    constexpr int levelsBelowInstance = 3; // the body, the number above all bodies, the instance itself
+    constexpr int leastIndex = 4;          // an instance in an assembly that may be shared stands deeper
+    int index = id.Length() - levelsBelowInstance;
+    if (index < 0 || !ProductStructure) return false;
+    unsigned long long value = id[index];
+    if (!ProductStructure->IsRootInstance(value)) {
+        while (ProductStructure->IsInstanceReferencedFromSubAssembly(value)) {
+            if (--index < leastIndex) return false;
+            value = id[index];
+        }
+    }
+    return ProductStructure->GetInstance(value, instance);
 }
 
-bool ZELDocument::getActiveView(std::shared_ptr<NarMetaInfra::ZELReference>&,
-                                std::shared_ptr<NarMetaPmi::PMIAnnotationView>&) const
+bool ZELDocument::ShowHideBody(RenderId const& id, MoraCore::IView3DEvo* view)
 {
-    return false;
+    EntityId entity;
+    if (!view || !Renderer || !ConvertToEntity(id, entity)) return false;
+    std::shared_ptr<ZELInstance> instance;
+    std::wstring pid;
+    HPS::Key key;
+    if (!findInstanceToHideIn(id, instance) || !instance->GetPID(pid) ||
+        !Renderer->GetObjectMapper()->Get(pid, key))
+        return false;
+    HPS::SegmentKey segment(key);
+    toggleCondition(segment, HPS::UTF8(("hide_#" + std::to_string(entity.id)).c_str()));
+    view->Update(MoraCore::UpdateType::Default);
+    return true;
 }
 
-bool ZELDocument::getActiveCapture(std::shared_ptr<NarMetaInfra::ZELReference>&,
-                                   std::shared_ptr<NarMetaPmi::PMICapture>&) const
+bool ZELDocument::RemoveBodyFromPart(RenderId const& id)
 {
-    return false;
+    std::shared_ptr<ZELReference> reference;
+    if (id.Length() == 0 || !ProductStructure || ProductStructure->IsAssembly() ||
+        ProductStructure->GetUniqueReferencesCount() != 1 ||
+        !ProductStructure->GetUniqueReference(0, reference))
+        return false;
+    if (reference->IsEmpty() || !reference->IsPart() || reference->IsGraphical()) return false;
+    return reference->RemoveBodyFromPart(id[id.Length() - 1]);
 }
 
-bool ZELDocument::ShowHideBody(RenderId const&, MoraCore::IView3DEvo*)
+bool ZELDocument::MakePartModelFromReference(unsigned long long id)
 {
-    return false;
+    std::shared_ptr<ZELReference> reference;
+    if (!ProductStructure || !ProductStructure->GetPartReference(id, reference)) return false;
+    OpenedModelName.clear();
+    if (IO) IO->Reset();
+    emptyScene();
+    GraphicalMode = false;
+    return ProductStructure->MakePartModel(reference) && Render(false);
 }
 
-bool ZELDocument::RemoveBodyFromPart(RenderId const&)
+void ZELDocument::MakeFileNameFromReference(unsigned long long id, std::wstring& name)
 {
-    return false;
+    std::shared_ptr<ZELInstance> instance;
+    if (!ProductStructure || !ProductStructure->GetInstance(id, instance) || !instance->GetReference())
+        return;
+    std::wstring const& stored = instance->GetReference()->GetStorageName();
+    if (stored.empty()) return; // the file that the part comes from is not known
+    std::filesystem::path path = std::filesystem::absolute(stored).replace_extension(partExtension);
+    if (std::filesystem::exists(path)) {
+        path.replace_filename(ProductStructure->GetProductName() + L"_" + stored);
+        path = std::filesystem::absolute(path).replace_extension(partExtension);
+    }
+    name = path.wstring();
 }
 
-bool ZELDocument::MakePartModelFromReference(unsigned long long)
+bool ZELDocument::ExportReferenceAsPart(unsigned long long id, wchar_t const* path)
 {
-    return false;
-}
-
-void ZELDocument::MakeFileNameFromReference(unsigned long long, std::wstring&) {}
-
-bool ZELDocument::ExportReferenceAsPart(unsigned long long, wchar_t const*)
-{
-    return false;
+    std::shared_ptr<ZELInstance> instance;
+    std::wstring pid;
+    if (!ProductStructure || !ProductStructure->GetInstance(id, instance) || !instance->GetReference() ||
+        !instance->GetReference()->GetPID(pid))
+        return false;
+    return Export(pid.c_str(), path, nullptr);
 }
 
 } // namespace ZelVizBase

@@ -46,6 +46,11 @@ void ZELDocument::Reset()
     OpenedModelName.clear();
     if (IO) IO->Reset();
     if (ProductStructure) ProductStructure->Reset();
+    emptyScene();
+}
+
+void ZELDocument::emptyScene()
+{
     if (Renderer) Renderer->Flush();
     if (Tree) Tree->ClearAll();
     HasScene = false;

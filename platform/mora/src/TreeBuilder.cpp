@@ -33,6 +33,12 @@ constexpr KindRow kinds[] = {
 };
 static_assert(std::size(kinds) == static_cast<std::size_t>(TreeBuilder::Kind::Item) + 1);
 
+/// Whether the paths of a node's children go through its id.
+bool namesItsChildren(TreeBuilder::Item const& item)
+{
+    return item.style != TreeItemStyles::AnnotationSet;
+}
+
 KindRow const& row(TreeBuilder::Kind kind)
 {
     return kinds[static_cast<std::size_t>(kind)];
@@ -205,23 +211,29 @@ void TreeBuilder::Clear()
 TreeBuilder::RenderId TreeBuilder::GetPath(std::int32_t index) const
 {
     std::vector<Id> values;
-    for (; index != NoItem; index = items_[index].parent) values.push_back(items_[index].id);
+    for (std::int32_t at = index; at != NoItem; at = items_[at].parent)
+        if (at == index || namesItsChildren(items_[at])) values.push_back(items_[at].id);
     std::ranges::reverse(values);
     return {values, RenderId::OriginEnum::Visualisation};
 }
 
 std::int32_t TreeBuilder::Find(RenderId const& id) const
 {
-    if (id.Length() == 0 || id.Origin != RenderId::OriginEnum::Visualisation) return NoItem;
-    std::int32_t found = NoItem;
-    std::int32_t next = items_.empty() ? NoItem : 0;
-    for (int level = 0; level < id.Length(); ++level) {
-        while (next != NoItem && items_[next].id != id[level]) next = items_[next].nextSibling;
-        if (next == NoItem) return NoItem;
-        found = next;
-        next = items_[found].firstChild;
+    if (id.Length() == 0 || id.Origin != RenderId::OriginEnum::Visualisation || items_.empty()) return NoItem;
+    return find(0, id, 0);
+}
+
+std::int32_t TreeBuilder::find(std::int32_t first, RenderId const& id, int level) const
+{
+    for (std::int32_t at = first; at != NoItem; at = items_[at].nextSibling) {
+        Item const& item = items_[at];
+        bool const matches = item.id == id[level];
+        if (matches && level + 1 == id.Length()) return at;
+        if (!matches && namesItsChildren(item)) continue;
+        std::int32_t const below = find(item.firstChild, id, namesItsChildren(item) ? level + 1 : level);
+        if (below != NoItem) return below;
     }
-    return found;
+    return NoItem;
 }
 
 void TreeBuilder::open(Kind kind, Id id, Name const& name)

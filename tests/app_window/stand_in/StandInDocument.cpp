@@ -3,11 +3,14 @@
 //   broken      cannot be read
 //   unbuildable can be read but not built
 //   slow        reads until it is stopped
+//   views       a tree of one view
 
+#include "StandInHand.h"
 #include "document_entry.h"
 
 #include <mora/AViewTree.h>
 #include <mora/IDocumentEvo.h>
+#include <mora/IMenuAction.h>
 #include <mora/IView3DEvo.h>
 
 #include <chrono>
@@ -46,6 +49,10 @@ public:
         TreeBuilder& builder = Tree->GetTreeBuilder();
         builder.BeginTree();
         builder.BeginRoot(1, L"ROOT");
+        if (Word == "views") {
+            builder.BeginView(6, L"Front view");
+            builder.EndView();
+        }
         for (int i = 0; i < Parts; ++i) {
             builder.BeginPart(static_cast<unsigned>(10 + i), L"Part " + std::to_wstring(i));
             builder.EndPart();
@@ -121,6 +128,22 @@ private:
     Extensions Kinds{{L"words", L"Words"}, {L"step", L"STEP"}};
 };
 
+/// Notes which entry was called with which node.
+class StandInAction final : public IMenuAction
+{
+public:
+    explicit StandInAction(MenuEntry entry) : Entry(entry) {}
+
+    bool operator()(ZELVizCore::RenderId const& id) override
+    {
+        note(QStringLiteral("entry %1 of %2").arg(static_cast<int>(Entry)).arg(id[id.Length() - 1]));
+        return true;
+    }
+
+private:
+    MenuEntry Entry;
+};
+
 } // namespace
 
 MoraCore::IDocumentEvo* CreateDocument(MoraCore::AViewTree* tree)
@@ -132,6 +155,11 @@ bool ReadDocumentAhead(MoraCore::IDocumentEvo& document, wchar_t const* path, Re
                        void (*progress)(double, bool&))
 {
     return static_cast<StandInDocument&>(document).read(path, progress);
+}
+
+MoraCore::IMenuAction* CreateMenuAction(MenuEntry entry)
+{
+    return new StandInAction(entry);
 }
 
 bool ReadViewPicture(MoraCore::IView3DEvo&, void (*take)(void*, int, int, unsigned char const*), void* target)

@@ -99,7 +99,8 @@ public:
     void Clear();
     /// All nodes, each before its children; the first is the root.
     std::vector<Item> const& Items() const { return items_; }
-    /// Path of the node at a position.
+    /// Path of the node at a position. Sets of annotations only group: what stands below one has its path
+    /// from the node above the set on.
     RenderId GetPath(std::int32_t index) const;
     /// Position of the node with that path, NoItem when there is none.
     std::int32_t Find(RenderId const& id) const;
@@ -107,6 +108,8 @@ public:
 private:
     void open(Kind kind, Id id, Name const& name);
     void close(Kind kind);
+    /// Among siblings from `first` on and what is below them, by the values of a path from `level` on.
+    std::int32_t find(std::int32_t first, RenderId const& id, int level) const;
 
     std::vector<Item> items_;
     std::vector<std::int32_t>

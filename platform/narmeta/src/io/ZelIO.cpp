@@ -123,7 +123,8 @@ void ZelIO::PublishMaterials()
 bool ZelIO::Write(wchar_t const* path, ZELProductStructure const* structure, Progress progress)
 {
     assert(path && "ZelIO::Write: path is null");
-    if (LowerExtension(path) == "zel_xml") return WriteXml(path, structure, progress);
+    std::string const extension = LowerExtension(path);
+    if (extension == "zel_xml" || extension == "xkrm") return WriteXml(path, structure, progress);
     return writeKernel(path, structure, nullptr, progress);
 }
 

@@ -210,7 +210,7 @@ ReadResult ReadZelXml(std::string_view text, ReadRequest const& request, ZELProd
 
 FileFormat ZelXmlReader::Format() const
 {
-    return {L"ZEL XML model", {L"zel_xml"}};
+    return {L"ZEL XML model", {L"zel_xml", L"xkrm"}}; // the second: of a part by itself
 }
 
 Confidence ZelXmlReader::Recognise(std::string_view head, std::string_view extension) const
@@ -219,7 +219,7 @@ Confidence ZelXmlReader::Recognise(std::string_view head, std::string_view exten
     if (start == std::string_view::npos) return Confidence::No;
     if (head.find("<zel_xml") != std::string_view::npos) return Confidence::Certain;
     // In another encoding than UTF-8, or behind a very long comment.
-    return extension == "zel_xml" ? Confidence::ByName : Confidence::No;
+    return extension == "zel_xml" || extension == "xkrm" ? Confidence::ByName : Confidence::No;
 }
 
 ReadResult ZelXmlReader::Read(ReadRequest const& request, ZELProductStructure& model) const
