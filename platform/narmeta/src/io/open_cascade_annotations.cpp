@@ -15,7 +15,7 @@ namespace NarMetaInfra
 namespace
 {
 // An annotation without an owner belongs to the product that no other one uses.
-int rootProduct(StepEntities const& entities, std::map<int, ZELReference*> const& products)
+template <class Products> int rootProduct(StepEntities const& entities, Products const& products)
 {
     std::set<int> used;
     for (int const use : entities.ofKind("NEXT_ASSEMBLY_USAGE_OCCURRENCE"))
@@ -44,75 +44,113 @@ template <class Holder> std::shared_ptr<SGContainer> sceneOf(Holder& holder)
 }
 } // namespace
 
+void ModelBuilder::tieSources()
+{
+    for (auto const& source : Document.stepSources) {
+        auto& [products, uses] = Ties.emplace_back();
+        for (auto const& [number, label] : source.products) {
+            if (auto const* const reference = References.Seek(label))
+                products.emplace(number, reference->get());
+            else if (label == Top)
+                products.emplace(number, nullptr);
+        }
+        for (auto const& [number, component] : source.uses)
+            if (auto const* const instance = Instances.Seek(component)) (*instance)->GetPID(uses[number]);
+    }
+}
+
 void ModelBuilder::readAnnotations()
 {
-    if (!Document.stepEntities || !hasStepAnnotations(*Document.stepEntities)) return;
-    auto const ownerOf = [&](int product) -> std::optional<StepOwner> {
-        auto const found = Products.find(product);
-        if (found == Products.end()) return std::nullopt;
+    for (std::size_t i = 0; i < Document.stepSources.size(); ++i) {
+        auto const failure = guarded([&] { readAnnotations(i); });
+        if (failure) Document.warnings.push_back("the annotations could not be read (" + *failure + ")");
+    }
+}
+
+void ModelBuilder::readAnnotations(std::size_t source)
+{
+    auto const* const entities = Document.stepSources[source].entities.get();
+    auto const& [products, uses] = Ties[source];
+    if (!entities || !hasStepAnnotations(*entities)) return;
+    StepTies ties;
+    ties.ownerOf = [&, &known = products](int product) -> std::optional<StepOwner> {
+        auto const found = known.find(product);
+        if (found == known.end()) return std::nullopt;
         std::wstring pid;
         if (found->second)
             found->second->GetPID(pid);
         else
             Model.GetPID(pid);
-        return StepOwner{NarMeta::HashId(pid), pid};
+        // Each file counts its entities from the start.
+        auto const id = NarMeta::HashId(pid);
+        auto const name = Document.stepSources[source].file.filename().string();
+        return StepOwner{source == 0 ? id : NarMeta::HashId(id, name, 0), pid};
     };
-    auto const root = rootProduct(*Document.stepEntities, Products);
+    ties.pidOf = [&known = uses](int use) {
+        auto const found = known.find(use);
+        return found == known.end() ? std::wstring() : found->second;
+    };
+    auto const root = rootProduct(*entities, products);
     if (root == 0) return;
-    auto const failure =
-        guarded([&] { Annotations = readStepAnnotations(*Document.stepEntities, root, ownerOf); });
-    if (failure) Document.warnings.push_back("the annotations could not be read (" + *failure + ")");
-}
-
-std::set<int> const* ModelBuilder::linkedEntities(ZELReference const& reference) const
-{
-    for (auto const& annotations : Annotations)
-        if (Products.at(annotations.product) == &reference && !annotations.linked.empty())
-            return &annotations.linked;
-    return nullptr;
+    for (auto& set : readStepAnnotations(*entities, root, ties)) {
+        for (auto const& [product, shapes] : set.linked)
+            if (auto const holder = products.find(product); holder != products.end())
+                Linked[holder->second].insert(shapes.begin(), shapes.end());
+        Annotations.push_back({products.at(set.product), std::move(set)});
+    }
 }
 
 void ModelBuilder::readProperties()
 {
-    if (!Document.stepEntities) return;
+    if (Document.stepSources.empty()) return;
     auto const information = std::make_shared<ZELDocumentInformation>();
-    for (auto& [label, value] : stepHeaderLines(Document.stepText))
+    for (auto& [label, value] : stepHeaderLines(Document.stepSources.front().text))
         information->Add(std::move(label), std::move(value));
     if (!information->GetLines().empty()) Model.SetDocumentInformation(information);
-    StepProperties const properties(*Document.stepEntities);
-    for (auto const& [product, reference] : Products)
-        if (reference) reference->SetUserProperties(properties.of(product));
+    for (std::size_t i = 0; i < Document.stepSources.size(); ++i) {
+        if (!Document.stepSources[i].entities) continue;
+        StepProperties const properties(*Document.stepSources[i].entities);
+        for (auto const& [product, reference] : Ties[i].products) {
+            if (!reference) continue;
+            auto all = reference->GetUserProperties();
+            std::ranges::move(properties.of(product), std::back_inserter(all));
+            reference->SetUserProperties(std::move(all));
+        }
+    }
 }
 
 void ModelBuilder::addTessellated(ZELReference const& reference, std::vector<BrepBody>& bodies) const
 {
     bool const hasFaces =
         std::ranges::any_of(bodies, [](BrepBody const& body) { return !body.faces.empty(); });
-    if (hasFaces || !Document.stepEntities) return;
-    auto const& entities = *Document.stepEntities;
-    if (entities.ofKind("TESSELLATED_SOLID").empty() && entities.ofKind("TESSELLATED_SHELL").empty()) return;
-    for (auto const& [product, owner] : Products)
-        if (owner == &reference)
-            std::ranges::move(stepTessellation(entities, product, reference.GetUniqueID()),
-                              std::back_inserter(bodies));
+    if (hasFaces) return;
+    for (std::size_t i = 0; i < Document.stepSources.size(); ++i) {
+        auto const* const entities = Document.stepSources[i].entities.get();
+        if (!entities) continue;
+        if (entities->ofKind("TESSELLATED_SOLID").empty() && entities->ofKind("TESSELLATED_SHELL").empty())
+            continue;
+        for (auto const& [product, owner] : Ties[i].products)
+            if (owner == &reference)
+                std::ranges::move(stepTessellation(*entities, product, reference.GetUniqueID()),
+                                  std::back_inserter(bodies));
+    }
 }
 
 void ModelBuilder::attachAnnotations()
 {
-    for (auto& [product, set, pictures, linked] : Annotations) {
-        auto* const reference = Products.at(product);
-        auto container = std::make_shared<PMIContainer>();
+    for (auto& [owner, annotations] : Annotations) {
         std::wstring pid;
-        if (reference) {
-            reference->GetPID(pid);
-            if (pictures) addPictures(sceneOf(*reference), pid, std::move(pictures));
-            container->AddAnnotationSet(pid, set);
-            reference->SetPmi(std::move(container));
-        } else if (Model.GetPID(pid)) {
-            if (pictures) addPictures(sceneOf(Model), pid, std::move(pictures));
-            container->AddAnnotationSet(pid, set);
-            Model.SetPMI(std::move(container));
-        }
+        if (owner)
+            owner->GetPID(pid);
+        else
+            Model.GetPID(pid);
+        if (pid.empty()) continue;
+        if (annotations.pictures)
+            addPictures(owner ? sceneOf(*owner) : sceneOf(Model), pid, std::move(annotations.pictures));
+        auto container = owner ? owner->GetPmi() : Model.GetPMI();
+        if (!container) container = std::make_shared<PMIContainer>();
+        container->AddAnnotationSet(pid, annotations.set);
+        owner ? owner->SetPmi(std::move(container)) : Model.SetPMI(std::move(container));
     }
 }
 } // namespace NarMetaInfra

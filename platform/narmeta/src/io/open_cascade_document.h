@@ -8,6 +8,7 @@
 #include <narmeta/io/ZelIO.h>
 
 #include <array>
+#include <deque>
 #include <filesystem>
 #include <map>
 #include <memory>
@@ -48,6 +49,16 @@ struct OccurrenceMark {
 
 template <typename Mark> using LabelMap = NCollection_DataMap<TDF_Label, Mark, TDF_LabelMapHasher>;
 
+/// A STEP file that the model comes from, and the labels made of its products and their occurrences, by
+/// entity number.
+struct StepSource {
+    std::filesystem::path file;
+    std::string text;
+    std::unique_ptr<StepEntities> entities; ///< empty if the text can't be followed
+    std::map<int, TDF_Label> products;
+    std::map<int, TDF_Label> uses;
+};
+
 /// A translated file: the kernel's document and the identities that the document does not keep.
 struct KernelDocument {
     KernelDocument();
@@ -78,9 +89,9 @@ struct KernelDocument {
     /// Shapes on a layer that is switched off become hidden themselves.
     void hideInvisibleLayers();
 
-    /// A STEP file's own entities, for what the kernel does not hand over; empty for other formats.
-    std::string stepText;
-    std::unique_ptr<StepEntities> stepEntities;
+    /// STEP files by their own entities, for what the kernel does not hand over: the one that was opened,
+    /// then those that it refers to. Empty for other formats.
+    std::deque<StepSource> stepSources;
 
     /// What the kernel does not tell about the materials of a glTF file, by name.
     std::map<std::string, GltfMaterial> materialDetails;

@@ -110,6 +110,7 @@ void ModelBuilder::buildStructure()
         addPart(loose, Model.AddReference(ZELReference::Kind::Part, pid, Document.title));
         Model.AddRootInstance(Parts.back().reference, unique(L"root." + pid), Document.title);
     }
+    tieSources();
 }
 
 void ModelBuilder::buildRoots(std::vector<TDF_Label> const& roots)
@@ -121,7 +122,7 @@ void ModelBuilder::buildRoots(std::vector<TDF_Label> const& roots)
         auto const pid = unique(pidOf(top, name));
         Model.SetProductName(name);
         Model.SetPID(pid);
-        if (mark) Products.emplace(mark->number, nullptr);
+        Top = top;
         for (auto const& component : componentsOf(top))
             Model.AddRootInstance(makeInstance(component, pid, name));
         return;
@@ -206,7 +207,6 @@ ModelBuilder::ReferencePointer ModelBuilder::referenceOf(TDF_Label const& label,
     References.Bind(label, reference);
     if (mark) {
         reference->SetStorageName(wideFromBytes(mark->storageFile));
-        Products.emplace(mark->number, reference.get());
     }
     switch (kind) {
     case ZELReference::Kind::Part:
@@ -282,10 +282,11 @@ void ModelBuilder::buildPart(Part const& part, BuildTimes& times, Message_Progre
     StageClock const clock(times.convert);
     PartConverter converter(Document, part.reference->GetUniqueID(), tolerance);
     if (Document.isMesh) converter.setMaterials(Materials);
-    auto const* const linked = linkedEntities(*part.reference);
-    if (Options.entityNames || linked) {
+    auto const linked = Linked.find(part.reference.get());
+    bool const isLinked = linked != Linked.end();
+    if (Options.entityNames || isLinked) {
         converter.setNamer([&, linked](int number, Id id) {
-            if (Options.entityNames || linked->contains(number))
+            if (Options.entityNames || linked->second.contains(number))
                 part.reference->NameEntity(L"#" + std::to_wstring(number), id);
         });
     }

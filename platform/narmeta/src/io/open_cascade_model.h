@@ -83,7 +83,8 @@ private:
                        ShapeStyle const& style);
     InstancePointer ownInstance(InstancePointer const& upper, InstancePointer const& shared);
     void settleOccurrenceColours();
-    std::set<int> const* linkedEntities(ZELReference const& reference) const;
+    void tieSources();
+    void readAnnotations(std::size_t source);
     OwnColours ownColours(ZELReference const& reference) const;
 
     KernelDocument& Document;
@@ -95,8 +96,19 @@ private:
     Handle(XCAFDoc_ShapeTool) Shapes;
     LabelMap<ReferencePointer> References;
     std::vector<Part> Parts;
-    std::map<int, ZELReference*> Products; // by entity number of the definition; null for the product itself
-    std::vector<StepAnnotationSet> Annotations;
+    /// What has become of the products and uses of a STEP file, by entity number.
+    struct SourceTies {
+        std::map<int, ZELReference*> products; ///< null for the model itself
+        std::map<int, std::wstring> uses;      ///< PIDs of instances
+    };
+    std::vector<SourceTies> Ties; // by source
+    struct OwnedAnnotations {
+        ZELReference* owner = nullptr; ///< null for the model itself
+        StepAnnotationSet annotations;
+    };
+    std::vector<OwnedAnnotations> Annotations;
+    std::map<ZELReference const*, std::set<int>> Linked; // entity numbers that annotations speak of
+    TDF_Label Top; // the assembly that the model itself stands for; may be null
     std::vector<OccurrenceColour> OccurrenceColours;
     std::unordered_map<ZELReference const*, OwnColours> PartColours;
     std::unordered_set<std::wstring> Pids;

@@ -27,7 +27,9 @@ char const* kernelCodePage(TextEncoding encoding)
 
 LoadOutcome parse(std::filesystem::path const& file, StepReader& reader, KernelDocument& document)
 {
-    auto const report = checkStepFile(file, document.stepText);
+    auto& source = document.stepSources.emplace_back();
+    source.file = file;
+    auto const report = checkStepFile(file, source.text);
     if (report.refusal) return LoadFailure{IoOutcome::Damaged, *report.refusal};
     if (report.danglingCount > 0) {
         document.warnings.push_back("the STEP file refers to entities that it does not define (" +
@@ -89,8 +91,12 @@ LoadOutcome loadStep(std::filesystem::path const& file, KernelDocument& document
     auto outcome = translate(file, document, support, range);
     // Only now that the kernel has let go of its own entities: both at once would take the most memory.
     StageClock const clock(support.times.transfer);
-    if (!outcome && !range.UserBreak())
-        document.stepEntities = std::make_unique<StepEntities>(document.stepText);
+    if (outcome || range.UserBreak()) return outcome;
+    for (auto& source : document.stepSources) {
+        bool const isFirst = &source == &document.stepSources.front();
+        if (isFirst || !checkStepFile(source.file, source.text).refusal)
+            source.entities = std::make_unique<StepEntities>(source.text);
+    }
     return outcome;
 }
 } // namespace NarMetaInfra

@@ -92,24 +92,25 @@ private:
 class LabelMatcher
 {
 public:
-    LabelMatcher(ProductGraph& graph, KernelDocument& document)
-        : Graph(graph), Document(document), Shapes(document.shapes())
+    LabelMatcher(ProductGraph& graph, StepSource& source, KernelDocument& document)
+        : Graph(graph), Source(source), Document(document), Shapes(document.shapes())
     {
     }
 
     void markLabel(TDF_Label const& label, int number)
     {
         auto const found = Graph.Products.find(number);
-        if (found != Graph.Products.end() && !Document.products.IsBound(label)) {
-            Document.products.Bind(label, found->second);
-            MarkedNumbers.insert(number);
-        }
+        if (found == Graph.Products.end()) return;
+        if (!Source.products.emplace(number, label).second || Numbers.IsBound(label)) return;
+        Numbers.Bind(label, number);
+        // The file that refers to another one has the first word.
+        if (!Document.products.IsBound(label)) Document.products.Bind(label, found->second);
     }
 
-    void matchRoots()
+    void match(std::vector<TDF_Label> const& roots)
     {
-        for (auto const& label : Document.rootLabels()) {
-            if (!Document.products.IsBound(label)) matchRoot(label);
+        for (auto const& label : roots) {
+            if (!Numbers.IsBound(label)) matchRoot(label);
             matchChildren(label);
         }
     }
@@ -120,7 +121,7 @@ private:
         auto const name = Document.nameOf(label);
         int first = 0;
         for (auto const& [number, mark] : Graph.Products) {
-            if (Graph.Used.contains(number) || MarkedNumbers.contains(number)) continue;
+            if (Graph.Used.contains(number) || Source.products.contains(number)) continue;
             if (mark.name == name || mark.id == name) return markLabel(label, number);
             if (first == 0) first = number;
         }
@@ -132,8 +133,8 @@ private:
         if (!Done.Add(label)) return;
         TDF_LabelSequence components;
         if (!Shapes->IsAssembly(label) || !Shapes->GetComponents(label, components)) return;
-        auto const* const product = Document.products.Seek(label);
-        auto const found = product ? Graph.Children.find(product->number) : Graph.Children.end();
+        auto const* const number = Numbers.Seek(label);
+        auto const found = number ? Graph.Children.find(*number) : Graph.Children.end();
         for (auto const& component : components) {
             TDF_Label child;
             if (!Shapes->GetReferredShape(component, child)) continue;
@@ -145,14 +146,14 @@ private:
     void matchComponent(TDF_Label const& component, TDF_Label const& child,
                         std::deque<Occurrence>& candidates)
     {
-        auto const* const known = Document.products.Seek(child);
+        auto const* const known = Numbers.Seek(child);
         auto const name = Document.nameOf(component);
         auto const childName = Document.nameOf(child);
         Occurrence* best = nullptr;
         int bestScore = 0;
         while (!candidates.empty() && candidates.front().taken) candidates.pop_front();
         for (auto& candidate : candidates) {
-            if (candidate.taken || (known && candidate.child != known->number)) continue;
+            if (candidate.taken || (known && candidate.child != *known)) continue;
             bool const sameName = !name.empty() && (candidate.mark.name == name || candidate.mark.id == name);
             auto const product = Graph.Products.find(candidate.child);
             bool const sameChild = known || (product != Graph.Products.end() && !childName.empty() &&
@@ -168,33 +169,78 @@ private:
         if (!best) return;
         best->taken = true;
         markLabel(child, best->child);
-        Document.occurrences.Bind(component, best->mark);
+        Source.uses.emplace(best->mark.number, component);
+        if (!Document.occurrences.IsBound(component)) Document.occurrences.Bind(component, best->mark);
     }
 
     ProductGraph& Graph;
+    StepSource& Source;
     KernelDocument& Document;
     Handle(XCAFDoc_ShapeTool) Shapes;
-    std::set<int> MarkedNumbers;
+    LabelMap<int> Numbers; // of products in this file
     TDF_LabelMap Done;
 };
 
-void markExternalFiles(STEPCAFControl_Reader& reader, ProductGraph& graph, LabelMatcher& matcher,
-                       Handle(StepData_StepModel) const& model)
+// One file of those that make up the model.
+class FileIdentity
 {
-    STEPConstruct_ExternRefs references(reader.Reader().WS());
-    references.LoadExternRefs();
-    for (Standard_Integer i = 1; i <= references.NbExternRefs(); ++i) {
-        auto const definition = references.ProdDef(i);
-        auto const* const fileName = references.FileName(i);
-        if (definition.IsNull() || !fileName || !*fileName) continue;
-        auto const number = model->IdentLabel(definition);
-        auto& mark = graph.Products[number];
-        mark.storageFile = fileName;
-        Handle(STEPCAFControl_ExternFile) file;
-        bool const isKnown = reader.ExternFile(fileName, file) && !file.IsNull();
-        mark.isMissing = !isKnown || file->GetLoadStatus() != IFSelect_RetDone || file->GetLabel().IsNull();
-        if (!mark.isMissing) matcher.markLabel(file->GetLabel(), number);
+public:
+    FileIdentity(Handle(XSControl_WorkSession) const& session, std::vector<TDF_Label> roots,
+                 StepSource& source, KernelDocument& document)
+        : Session(session),
+          Model(Handle(StepData_StepModel)::DownCast(session->Model())),
+          Roots(std::move(roots)),
+          Graph(Model),
+          Matcher(Graph, source, document)
+    {
     }
+
+    void markExternalFiles(STEPCAFControl_Reader const& reader)
+    {
+        STEPConstruct_ExternRefs references(Session);
+        references.LoadExternRefs();
+        for (Standard_Integer i = 1; i <= references.NbExternRefs(); ++i) {
+            auto const definition = references.ProdDef(i);
+            auto const* const fileName = references.FileName(i);
+            if (definition.IsNull() || !fileName || !*fileName) continue;
+            auto const number = Model->IdentLabel(definition);
+            auto& mark = Graph.Products[number];
+            mark.storageFile = fileName;
+            Handle(STEPCAFControl_ExternFile) file;
+            bool const isKnown = reader.ExternFile(fileName, file) && !file.IsNull();
+            mark.isMissing =
+                !isKnown || file->GetLoadStatus() != IFSelect_RetDone || file->GetLabel().IsNull();
+            if (!mark.isMissing) Matcher.markLabel(file->GetLabel(), number);
+        }
+    }
+
+    void match(STEPCAFControl_Reader& reader)
+    {
+        auto const process = Session->TransferReader()->TransientProcess();
+        for (Standard_Integer i = 1; i <= process->NbMapped(); ++i) {
+            auto const definition = Handle(StepBasic_ProductDefinition)::DownCast(process->Mapped(i));
+            if (definition.IsNull()) continue;
+            auto const shape = TransferBRep::ShapeResult(process, definition);
+            if (shape.IsNull()) continue;
+            if (auto const* const label = reader.GetShapeLabelMap().Seek(shape))
+                Matcher.markLabel(*label, Model->IdentLabel(definition));
+        }
+        Matcher.match(Roots);
+    }
+
+private:
+    Handle(XSControl_WorkSession) Session;
+    Handle(StepData_StepModel) Model;
+    std::vector<TDF_Label> Roots;
+    ProductGraph Graph;
+    LabelMatcher Matcher;
+};
+
+bool hasModel(Handle(XSControl_WorkSession) const& session)
+{
+    return !session.IsNull() && !session->TransferReader().IsNull() &&
+           !session->TransferReader()->TransientProcess().IsNull() &&
+           session->Model()->IsKind(STANDARD_TYPE(StepData_StepModel));
 }
 } // namespace
 
@@ -230,23 +276,18 @@ void numberEntities(Handle(XSControl_WorkSession) const& session, KernelDocument
 void identifyStep(STEPCAFControl_Reader& reader, KernelDocument& document)
 {
     auto const session = reader.Reader().WS();
-    auto const model = Handle(StepData_StepModel)::DownCast(session->Model());
-    if (model.IsNull()) return;
+    if (!hasModel(session)) return;
     numberEntities(session, document);
-    for (auto const& file : reader.ExternFiles()) numberEntities(file->GetWS(), document);
-
-    ProductGraph graph(model);
-    LabelMatcher matcher(graph, document);
-    markExternalFiles(reader, graph, matcher, model);
-    auto const process = session->TransferReader()->TransientProcess();
-    for (Standard_Integer i = 1; i <= process->NbMapped(); ++i) {
-        auto const definition = Handle(StepBasic_ProductDefinition)::DownCast(process->Mapped(i));
-        if (definition.IsNull()) continue;
-        auto const shape = TransferBRep::ShapeResult(process, definition);
-        if (shape.IsNull()) continue;
-        if (auto const* const label = reader.GetShapeLabelMap().Seek(shape))
-            matcher.markLabel(*label, model->IdentLabel(definition));
+    std::deque<FileIdentity> files;
+    files.emplace_back(session, document.rootLabels(), document.stepSources.front(), document);
+    for (auto const& file : reader.ExternFiles()) {
+        if (file->GetLabel().IsNull() || !hasModel(file->GetWS())) continue;
+        numberEntities(file->GetWS(), document);
+        auto& source = document.stepSources.emplace_back();
+        source.file = file->GetWS()->LoadedFile();
+        files.emplace_back(file->GetWS(), std::vector{file->GetLabel()}, source, document);
     }
-    matcher.matchRoots();
+    for (auto& file : files) file.markExternalFiles(reader);
+    for (auto& file : files) file.match(reader);
 }
 } // namespace NarMetaInfra

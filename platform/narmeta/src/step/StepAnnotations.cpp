@@ -1,5 +1,6 @@
 #include "StepAnnotations.h"
 
+#include "StepCallouts.h"
 #include "step_annotation_kinds.h"
 #include "step_kinds.h"
 #include "step_picture_nodes.h"
@@ -17,34 +18,36 @@ constexpr wchar_t const* WithoutView = L"Without view";
 class AnnotationReader
 {
 public:
-    AnnotationReader(StepEntities const& entities, int root,
-                     std::function<std::optional<StepOwner>(int)> const& ownerOf)
+    AnnotationReader(StepEntities const& entities, int root, StepTies const& ties)
         : Entities(entities),
           Root(root),
-          OwnerOf(ownerOf),
-          Aspects(entities),
-          Semantics(entities, Aspects),
+          Ties(ties),
+          Products(entities),
+          Aspects(entities, Products),
+          Semantics(entities, Products, Aspects),
           Styles(entities),
           Pictures(entities, Styles),
-          Views(entities, Aspects),
-          Properties(entities)
+          Drawings(entities, Products),
+          Views(entities, Products, Drawings),
+          Properties(entities),
+          Callouts(entities, Properties)
     {
     }
 
     std::vector<StepAnnotationSet> read()
     {
-        readAssociations();
         // A place held for an annotation counts only if nothing else shows what it means.
-        std::vector<int> places;
-        for (auto const& [item, context] : Views.drawn()) {
-            if (!isAnnotation(item)) continue;
-            auto const picture = Pictures.of(item, StepGeometry(Entities, context));
+        std::vector<StepDrawn const*> empty;
+        for (auto const& drawn : Drawings.drawn()) {
+            if (!Callouts.isAnnotation(drawn.item)) continue;
+            StepGeometry const geometry(Entities, drawn.context);
+            auto const picture = Pictures.of(drawn.item, geometry, drawn.place.frame);
             if (picture.isEmpty())
-                places.push_back(item);
+                empty.push_back(&drawn);
             else
-                readItem(item, picture);
+                readItem(drawn, picture);
         }
-        for (int const item : places) readItem(item, {});
+        for (auto const* const drawn : empty) readItem(*drawn, {});
         for (auto const& [entity, meaning] : Semantics.all()) readUndrawn(entity, meaning);
         auto const* const active = activeView();
         for (auto const& view : Views.saved()) addSaved(view, &view == active);
@@ -68,58 +71,34 @@ private:
         std::vector<Entry> entries;
     };
 
-    bool isAnnotation(int item) const
+    void readItem(StepDrawn const& drawn, StepPicture const& picture)
     {
-        auto const kind = Entities.keywordOf(item);
-        if (Entities.isKind(item, "DRAUGHTING_CALLOUT")) return true;
-        bool const isOccurrence =
-            kind.ends_with("_OCCURRENCE") || Entities.isKind(item, "ANNOTATION_OCCURRENCE");
-        return isOccurrence && !Callouts.contains(item);
-    }
-
-    void readAssociations()
-    {
-        for (int const callout : Entities.ofKind("DRAUGHTING_CALLOUT"))
-            for (int const content : Entities.argument(callout, 1, "DRAUGHTING_CALLOUT", 0).entities())
-                Callouts.emplace(content, callout);
-        for (auto const* const keyword :
-             {"DRAUGHTING_MODEL_ITEM_ASSOCIATION", "DRAUGHTING_MODEL_ITEM_ASSOCIATION_WITH_PLACEHOLDER"}) {
-            for (int const link : Entities.ofKind(keyword)) {
-                auto const definition = Entities.argument(link, 2).entity();
-                bool const isMeaning = !Entities.argument(link, 0).text.empty();
-                for (int item : Entities.argument(link, 4).entities()) {
-                    if (auto const callout = Callouts.find(item); callout != Callouts.end())
-                        item = callout->second;
-                    Definitions[item].emplace_back(definition, isMeaning);
-                }
-            }
-        }
-    }
-
-    void readItem(int item, StepPicture const& picture)
-    {
+        auto const item = drawn.item;
         std::vector<StepMeaning const*> meanings;
         std::vector<int> aspects;
         int product = 0;
-        for (auto const& [definition, isMeaning] : Definitions[item]) {
+        for (auto const& [definition, isMeaning] : Callouts.definitionsOf(item)) {
             auto const* const meaning = meaningOf(item, definition, isMeaning);
             if (meaning && std::ranges::find(meanings, meaning) == meanings.end())
                 meanings.push_back(meaning);
-            if (product == 0) product = meaning ? meaning->product : Aspects.productOf(definition);
+            if (product == 0) product = meaning ? meaning->product : Products.ownerOf(definition);
             if (!meaning) aspects.push_back(definition);
         }
         bool const isKnown = std::ranges::all_of(
             meanings, [&](auto const* meaning) { return Drawn.contains(meaning->entity); });
         if (picture.isEmpty() && isKnown) return;
-        auto& owned = ownerFor(product);
-        auto const name = nameOf(item);
-        auto const id = NarMeta::HashId(owned.owner.id, "annotation", static_cast<NarMeta::Id>(item));
+        // Its coordinates are those of the drawing, whatever it speaks of.
+        auto& owned = ownerFor(Ties.ownerOf(drawn.place.product) ? drawn.place.product : product);
+        auto const name = Callouts.nameOf(item);
+        auto id = NarMeta::HashId(owned.owner.id, "annotation", static_cast<NarMeta::Id>(item));
+        if (int const mapping = drawn.place.mapping; mapping != 0)
+            id = NarMeta::HashId(id, "mapping", static_cast<NarMeta::Id>(mapping));
         auto const first = owned.entries.size();
         if (meanings.empty()) {
-            auto const pictureName = pictureNameOf(item);
+            auto const pictureName = Callouts.pictureNameOf(item);
             auto const shown = name.empty() ? decodeStepText(pictureName) : name;
             add(owned, item, makeAnnotation(pictureName, id, shown), aspects);
-            base(owned.entries.back().annotation).SetText(noteText(item));
+            base(owned.entries.back().annotation).SetText(Callouts.textOf(item));
         }
         for (auto const* const meaning : meanings) {
             auto const number = static_cast<NarMeta::Id>(meaning->entity);
@@ -142,14 +121,15 @@ private:
     {
         auto const* const meaning = Semantics.behind(definition);
         if (!meaning || meaning->entity == definition || isMeaning) return meaning;
-        return stepPictureKind(pictureNameOf(item)).type == PMIAnnotationType::Datum ? meaning : nullptr;
+        return stepPictureKind(Callouts.pictureNameOf(item)).type == PMIAnnotationType::Datum ? meaning
+                                                                                              : nullptr;
     }
 
     bool isHidden(int item) const
     {
-        auto const contents = Entities.argument(item, 1, "DRAUGHTING_CALLOUT", 0).entities();
-        return Styles.isHidden(item) ||
-               std::ranges::any_of(contents, [&](int content) { return Styles.isHidden(content); });
+        return Styles.isHidden(item) || std::ranges::any_of(Callouts.contentsOf(item), [&](int content) {
+                   return Styles.isHidden(content);
+               });
     }
 
     void readUndrawn(int entity, StepMeaning const& meaning)
@@ -170,25 +150,27 @@ private:
 
     void add(Owned& owned, int item, AnyAnnotation annotation, std::vector<int> const& aspects)
     {
-        std::set<int> shapes;
+        std::set<StepShapeUse> shapes;
         for (int const aspect : aspects)
-            for (int const shape : Aspects.shapesOf(aspect)) shapes.insert(shape);
-        for (int const shape : shapes) base(annotation).AddLinkedEntity({{}, L"#" + std::to_wstring(shape)});
-        owned.made.linked.merge(shapes);
+            for (auto& use : Aspects.shapesOf(aspect)) shapes.insert(std::move(use));
+        for (auto const& use : shapes) addLinks(owned, use, base(annotation));
         if (item != 0) Items.insert(item);
         if (item != 0) base(annotation).SetUserProperties(propertiesOf(item, 0));
         owned.entries.push_back({item, std::move(annotation)});
     }
 
-    // Notes say what they say in a property of the drawing, or of what it is tied to.
-    std::wstring noteText(int item)
+    // Every place of the geometry below the owner of the annotation, through the uses that are meant.
+    void addLinks(Owned& owned, StepShapeUse const& use, PMIAnnotation& annotation) const
     {
-        auto properties = Properties.of(item);
-        for (auto const& [definition, isMeaning] : Definitions[item])
-            std::ranges::move(Properties.valuesOf(definition), std::back_inserter(properties));
-        for (auto const& [name, value] : properties)
-            if (name.find(L"text") != name.npos || name.find(L"string") != name.npos) return value;
-        return {};
+        auto const holder = use.product == 0 ? owned.made.product : use.product;
+        auto const name = L"#" + std::to_wstring(use.shape);
+        for (auto const& way : Products.waysDown(owned.made.product, holder, use.through)) {
+            std::vector<std::wstring> pids;
+            for (int const step : way) pids.push_back(Ties.pidOf(step));
+            if (std::ranges::find(pids, std::wstring()) != pids.end()) continue;
+            annotation.AddLinkedEntity({std::move(pids), name});
+            owned.made.linked[holder].insert(use.shape);
+        }
     }
 
     NarMeta::Properties propertiesOf(int item, int meaning) const
@@ -211,10 +193,10 @@ private:
 
     Owned& ownerFor(int product)
     {
-        auto owner = product == 0 ? std::nullopt : OwnerOf(product);
+        auto owner = product == 0 ? std::nullopt : Ties.ownerOf(product);
         if (!owner) {
             product = Root;
-            owner = OwnerOf(Root);
+            owner = Ties.ownerOf(Root);
         }
         auto& owned = Owners[product];
         if (!owned.made.set) {
@@ -237,27 +219,6 @@ private:
                 return name;
         }
         return {};
-    }
-
-    std::wstring nameOf(int item) const
-    {
-        auto name = Entities.argument(item, 0, "DRAUGHTING_CALLOUT", 0).words();
-        if (Entities.isKind(item, "REPRESENTATION_ITEM"))
-            name = Entities.argument(item, 0, "REPRESENTATION_ITEM", 0).words();
-        return name;
-    }
-
-    // The name of what an occurrence draws tells its kind, by the users' convention.
-    std::string_view pictureNameOf(int item) const
-    {
-        int occurrence = item;
-        if (Entities.isKind(item, "DRAUGHTING_CALLOUT")) {
-            auto const contents = Entities.argument(item, 1, "DRAUGHTING_CALLOUT", 0).entities();
-            if (!contents.empty()) occurrence = contents.front();
-        }
-        auto const drawn = Entities.argument(occurrence, 2, "STYLED_ITEM", 1).entity();
-        auto const name = Entities.argument(drawn, 0, "REPRESENTATION_ITEM", 0).text;
-        return name.empty() ? Entities.argument(occurrence, 0, "REPRESENTATION_ITEM", 0).text : name;
     }
 
     // The one marked by the file; else, where annotations are switched off, the one whose annotations are on.
@@ -284,32 +245,46 @@ private:
         return hasHidden && found != views.end() ? &*found : nullptr;
     }
 
+    // A view of a product is its own, and may show annotations of others in it. Without a product it is
+    // a view of each that has annotations in it.
     void addSaved(StepView const& view, bool active)
     {
         std::set<int> const items(view.items.begin(), view.items.end());
-        bool isEmpty = true;
-        for (auto& [product, owned] : Owners)
-            if (fillView(owned, view, items, active, false)) isEmpty = false;
-        if (isEmpty) fillView(ownerFor(0), view, items, active, true);
+        if (Ties.ownerOf(view.product)) return addView(ownerFor(view.product), view, items, active);
+        bool isShown = false;
+        for (auto& [product, owned] : Owners) {
+            if (membersOf(owned, items).empty()) continue;
+            isShown = true;
+            addView(owned, view, items, active);
+        }
+        if (!isShown) addView(ownerFor(0), view, items, active);
     }
 
-    // Nothing is made of a view without annotations unless `always`.
-    bool fillView(Owned& owned, StepView const& view, std::set<int> const& items, bool active, bool always)
+    static std::vector<NarMeta::Id> membersOf(Owned const& owned, std::set<int> const& items)
     {
         std::vector<NarMeta::Id> members;
+        for (auto const& entry : owned.entries)
+            if (items.contains(entry.item)) members.push_back(base(entry.annotation).GetHashedID());
+        return members;
+    }
+
+    void addView(Owned& owned, StepView const& view, std::set<int> const& items, bool active)
+    {
         auto const number = static_cast<NarMeta::Id>(view.model);
         auto made =
             std::make_shared<PMIAnnotationView>(NarMeta::HashId(owned.owner.id, "view", number), view.name);
         for (auto& entry : owned.entries) {
-            if (entry.item == 0 || !items.contains(entry.item)) continue;
+            if (!items.contains(entry.item)) continue;
             entry.isSaved = true;
             addTo(*made, entry.annotation);
-            members.push_back(base(entry.annotation).GetHashedID());
         }
-        if (members.empty() && !always) return false;
         made->SetCamera(view.camera);
         made->SetActive(active);
         owned.made.set->AddView(made);
+        auto members = membersOf(owned, items);
+        if (Ties.ownerOf(view.product))
+            for (auto const& [product, other] : Owners)
+                if (&other != &owned) std::ranges::copy(membersOf(other, items), std::back_inserter(members));
         auto capture =
             std::make_shared<PMICapture>(NarMeta::HashId(owned.owner.id, "capture", number), view.name);
         capture->SetCamera(view.camera);
@@ -318,7 +293,6 @@ private:
         capture->SetClippingPlanes(view.clippings);
         capture->SetVisibleReferences(visibleIn(view, owned));
         owned.made.set->AddCapture(std::move(capture));
-        return true;
     }
 
     // A view that draws the shape of its owner draws all of it.
@@ -327,7 +301,7 @@ private:
         std::vector<std::wstring> pids;
         for (int const product : view.products) {
             if (product == owned.made.product) return {};
-            if (auto const owner = OwnerOf(product)) pids.push_back(owner->pid);
+            if (auto const owner = Ties.ownerOf(product)) pids.push_back(owner->pid);
         }
         return pids;
     }
@@ -339,7 +313,7 @@ private:
             std::map<int, std::shared_ptr<PMIAnnotationView>> views;
             for (auto const& entry : owned.entries) {
                 if (entry.isSaved) continue;
-                auto const* const plane = entry.item == 0 ? nullptr : Views.planeOf(entry.item);
+                auto const* const plane = entry.item == 0 ? nullptr : Drawings.planeOf(entry.item);
                 auto& view = views[plane ? plane->entity : 0];
                 if (!view) {
                     auto const number = static_cast<NarMeta::Id>(plane ? plane->entity : 0);
@@ -358,34 +332,41 @@ private:
 
     StepEntities const& Entities;
     int Root;
-    std::function<std::optional<StepOwner>(int)> const& OwnerOf;
+    StepTies const& Ties;
+    StepProducts Products;
     StepShapeAspects Aspects;
     StepSemantics Semantics;
     StepStyles Styles;
     StepPictures Pictures;
+    StepDrawings Drawings;
     StepViews Views;
     StepProperties Properties;
-    std::unordered_map<int, int> Callouts; // by what they hold
-    std::unordered_map<int, std::vector<std::pair<int, bool>>>
-        Definitions;             // of annotations; whether for their meaning
+    StepCallouts Callouts;
     std::set<int> Drawn;         // meanings that an annotation shows
     std::set<int> Items;         // drawn entities that became annotations
     std::map<int, Owned> Owners; // by product definition
 };
 } // namespace
 
-std::vector<StepAnnotationSet>
-readStepAnnotations(StepEntities const& entities, int root,
-                    std::function<std::optional<StepOwner>(int product)> const& ownerOf)
+std::vector<StepAnnotationSet> readStepAnnotations(StepEntities const& entities, int root,
+                                                   StepTies const& ties)
 {
-    return AnnotationReader(entities, root, ownerOf).read();
+    return AnnotationReader(entities, root, ties).read();
 }
 
 bool hasStepAnnotations(StepEntities const& entities)
 {
-    static constexpr std::string_view Keywords[] = {
-        "DRAUGHTING_MODEL", "DRAUGHTING_CALLOUT",   "DATUM",
-        "DIMENSIONAL_SIZE", "DIMENSIONAL_LOCATION", "GEOMETRIC_TOLERANCE"};
+    static constexpr std::string_view Keywords[] = {"DRAUGHTING_MODEL",
+                                                    "DRAUGHTING_CALLOUT",
+                                                    "DATUM",
+                                                    "DATUM_TARGET",
+                                                    "PLACED_DATUM_TARGET_FEATURE",
+                                                    "DIMENSIONAL_SIZE",
+                                                    "DIMENSIONAL_LOCATION",
+                                                    "ANGULAR_SIZE",
+                                                    "ANGULAR_LOCATION",
+                                                    "GEOMETRIC_TOLERANCE",
+                                                    "SURFACE_TEXTURE_REPRESENTATION"};
     return std::ranges::any_of(Keywords, [&](auto keyword) { return !entities.ofKind(keyword).empty(); });
 }
 } // namespace NarMetaInfra

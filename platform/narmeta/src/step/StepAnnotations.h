@@ -25,16 +25,23 @@ struct StepAnnotationSet {
     std::shared_ptr<NarMetaPmi::PMIAnnotationSet> set;
     /// Leaves with one picture each below a node of type Annotations; empty if none has a picture.
     std::shared_ptr<NarMetaVisu::Node> pictures;
-    /// Entity numbers of all faces, edges and points that the annotations are linked to, under which their
-    /// links name them: "#" and the number.
-    std::set<int> linked;
+    /// Faces, edges and points that the annotations are linked to, by the product that has them: entity
+    /// numbers, under which the links name them, "#" and the number.
+    std::map<int, std::set<int>> linked;
 };
 
-/// Reads all annotations, saved views and captures of a file. @p ownerOf gives nothing for a product that is
-/// not in the model; its annotations go to @p root.
-std::vector<StepAnnotationSet>
-readStepAnnotations(StepEntities const& entities, int root,
-                    std::function<std::optional<StepOwner>(int product)> const& ownerOf);
+/// What of the model stands for entities of a file.
+struct StepTies {
+    /// Nothing for a product definition that is not in the model.
+    std::function<std::optional<StepOwner>(int product)> ownerOf;
+    /// PID of the instance that an occurrence has become; empty if there is none.
+    std::function<std::wstring(int use)> pidOf;
+};
+
+/// Reads all annotations, saved views and captures of a file. Those of products that are not in the model go
+/// to @p root.
+std::vector<StepAnnotationSet> readStepAnnotations(StepEntities const& entities, int root,
+                                                   StepTies const& ties);
 
 /// Keywords that a file with annotations has; a look for them spares the others all the work.
 bool hasStepAnnotations(StepEntities const& entities);

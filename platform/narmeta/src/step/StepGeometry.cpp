@@ -91,9 +91,11 @@ StepPoint StepGeometry::direction(int entity, StepPoint const& otherwise) const
 StepFrame StepGeometry::frame(int entity) const
 {
     StepFrame made;
-    if (Entities.keywordOf(entity) != "AXIS2_PLACEMENT_3D") return made;
-    made.origin = point(Entities.argument(entity, 1).entity());
-    made.z = direction(Entities.argument(entity, 2).entity(), made.z);
+    auto const kind = Entities.keywordOf(entity);
+    bool const isOperator = kind == "CARTESIAN_TRANSFORMATION_OPERATOR_3D";
+    if (kind != "AXIS2_PLACEMENT_3D" && !isOperator) return made;
+    made.origin = point(Entities.argument(entity, isOperator ? 5 : 1).entity());
+    made.z = direction(Entities.argument(entity, isOperator ? 7 : 2).entity(), made.z);
     auto const wish = direction(Entities.argument(entity, 3).entity(), {1, 0, 0});
     auto side = wish - dot(wish, made.z) * made.z;
     if (dot(side, side) < 1e-12)
@@ -101,6 +103,15 @@ StepFrame StepGeometry::frame(int entity) const
     made.x = normalised(side);
     made.y = cross(made.z, made.x);
     return made;
+}
+
+StepFrame StepGeometry::mapping(int item) const
+{
+    auto const map = Entities.argument(item, 1, "MAPPED_ITEM", 0).entity();
+    auto const mapped = Entities.argument(map, 1).entity();
+    StepGeometry const inside(Entities, Entities.argument(mapped, 2, "REPRESENTATION", 2).entity());
+    auto const target = frame(Entities.argument(item, 2, "MAPPED_ITEM", 1).entity());
+    return target * inside.frame(Entities.argument(map, 0).entity()).inverse();
 }
 
 std::vector<StepPoint> StepGeometry::coordinates(int entity) const

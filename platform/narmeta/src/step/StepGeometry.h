@@ -42,8 +42,10 @@ public:
     double millimetres() const { return Factor; }
     StepPoint point(int entity) const;
     StepPoint scaled(StepValue const& coordinates) const;
-    /// An axis placement; the identity for anything else.
+    /// An axis placement, or an operator without its scale; the identity for anything else.
     StepFrame frame(int entity) const;
+    /// Where a mapped item puts what it maps.
+    StepFrame mapping(int item) const;
     /// Points of a COORDINATES_LIST.
     std::vector<StepPoint> coordinates(int entity) const;
     /// A polyline, circle, ellipse, trimmed or composite curve or B-spline as points; empty for others.

@@ -37,10 +37,10 @@ struct StepPictures::Pen {
     }
 };
 
-StepPicture StepPictures::of(int annotation, StepGeometry const& geometry) const
+StepPicture StepPictures::of(int annotation, StepGeometry const& geometry, StepFrame const& place) const
 {
     StepPicture picture;
-    draw(annotation, {geometry, {}, {}, 0}, picture);
+    draw(annotation, {geometry, place, {}, 0}, picture);
     return picture;
 }
 
@@ -158,12 +158,9 @@ void StepPictures::drawText(int text, Pen const& pen, StepPicture& picture) cons
 
 void StepPictures::drawMapped(int item, Pen const& pen, StepPicture& picture) const
 {
-    auto const map = Entities.argument(item, 1, "MAPPED_ITEM", 0).entity();
-    auto const source = pen.geometry.frame(Entities.argument(map, 0).entity());
-    auto const target = pen.geometry.frame(Entities.argument(item, 2, "MAPPED_ITEM", 1).entity());
     auto inner = pen.deeper(Styles.lookOf(item));
-    inner.frame = pen.frame * target * source.inverse();
-    auto const shown = Entities.argument(map, 1).entity();
+    inner.frame = pen.frame * pen.geometry.mapping(item);
+    auto const shown = Entities.argument(Entities.argument(item, 1, "MAPPED_ITEM", 0).entity(), 1).entity();
     for (int const child : Entities.argument(shown, 1, "REPRESENTATION", 1).entities())
         draw(child, inner.deeper(Styles.lookOf(child)), picture);
 }

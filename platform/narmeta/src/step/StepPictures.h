@@ -47,8 +47,9 @@ public:
     {
     }
 
-    /// @p geometry must be that of the context in which the annotation stands.
-    StepPicture of(int annotation, StepGeometry const& geometry) const;
+    /// @p geometry must be that of the context in which the annotation stands; @p place is where its drawing
+    /// is put.
+    StepPicture of(int annotation, StepGeometry const& geometry, StepFrame const& place = {}) const;
 
 private:
     struct Pen;

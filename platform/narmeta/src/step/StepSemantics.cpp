@@ -49,8 +49,9 @@ std::wstring deviationText(NarMetaPmi::PMIDimensionValue const& value)
 }
 } // namespace
 
-StepSemantics::StepSemantics(StepEntities const& entities, StepShapeAspects const& aspects)
-    : Entities(entities), Aspects(aspects)
+StepSemantics::StepSemantics(StepEntities const& entities, StepProducts const& products,
+                             StepShapeAspects const& aspects)
+    : Entities(entities), Products(products), Aspects(aspects)
 {
     readDatums();
     readTargets();
@@ -59,7 +60,7 @@ StepSemantics::StepSemantics(StepEntities const& entities, StepShapeAspects cons
     readTextures();
     for (auto& [entity, meaning] : Meanings)
         for (int const aspect : meaning.aspects)
-            if (meaning.product == 0) meaning.product = Aspects.productOf(aspect);
+            if (meaning.product == 0) meaning.product = Products.ownerOf(aspect);
 }
 
 StepMeaning const* StepSemantics::behind(int definition) const
@@ -83,7 +84,7 @@ void StepSemantics::readDatums()
         auto& meaning = add(datum, StepMeaning::Kind::Datum);
         meaning.text = Entities.argument(datum, 4, "DATUM", 0).words();
         meaning.aspects = Aspects.featuresOf(datum);
-        meaning.product = Aspects.productOf(datum);
+        meaning.product = Products.ownerOf(datum);
         for (int const feature : meaning.aspects)
             if (meaning.name.empty()) meaning.name = Entities.argument(feature, 0, "SHAPE_ASPECT", 0).words();
     }
@@ -101,7 +102,7 @@ void StepSemantics::readTargets()
             if (auto const form = Entities.argument(target, 1, "SHAPE_ASPECT", 1).words(); !form.empty())
                 meaning.text += L" (" + form + L")";
             meaning.aspects = {target};
-            meaning.product = Aspects.productOf(target);
+            meaning.product = Products.ownerOf(target);
         }
     }
 }

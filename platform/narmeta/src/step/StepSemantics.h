@@ -29,7 +29,8 @@ struct StepMeaning {
 class StepSemantics
 {
 public:
-    StepSemantics(StepEntities const& entities, StepShapeAspects const& aspects);
+    StepSemantics(StepEntities const& entities, StepProducts const& products,
+                  StepShapeAspects const& aspects);
 
     std::map<int, StepMeaning> const& all() const { return Meanings; }
     /// The meaning behind a definition that an annotation is tied to: itself, or the datum of a feature. Null
@@ -49,6 +50,7 @@ private:
     void readDeviations(std::map<int, int> const& ranges, StepMeaning& meaning) const;
 
     StepEntities const& Entities;
+    StepProducts const& Products;
     StepShapeAspects const& Aspects;
     std::map<int, StepMeaning> Meanings;
     std::map<int, std::wstring> ZoneForms; // by tolerance

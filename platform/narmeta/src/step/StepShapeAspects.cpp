@@ -1,21 +1,22 @@
 #include "StepShapeAspects.h"
 
-#include <unordered_set>
+#include <algorithm>
+#include <set>
 
 namespace NarMetaInfra
 {
 namespace
 {
-constexpr int LongestOwnerPath = 6;
+constexpr std::size_t MostFeatures = 10'000; // that one annotation may speak of
 }
 
-StepShapeAspects::StepShapeAspects(StepEntities const& entities) : Entities(entities)
+StepShapeAspects::StepShapeAspects(StepEntities const& entities, StepProducts const& products)
+    : Entities(entities), Products(products)
 {
     for (auto const* const keyword :
-         {"GEOMETRIC_ITEM_SPECIFIC_USAGE", "ITEM_IDENTIFIED_REPRESENTATION_USAGE"})
-        for (int const usage : Entities.ofKind(keyword))
-            for (int const shape : Entities.argument(usage, 4).entities())
-                Shapes[Entities.argument(usage, 2).entity()].push_back(shape);
+         {"GEOMETRIC_ITEM_SPECIFIC_USAGE", "ITEM_IDENTIFIED_REPRESENTATION_USAGE",
+          "CHAIN_BASED_GEOMETRIC_ITEM_SPECIFIC_USAGE", "CHAIN_BASED_ITEM_IDENTIFIED_REPRESENTATION_USAGE"})
+        for (int const usage : Entities.ofKind(keyword)) addUsage(usage);
     for (auto const* const keyword :
          {"SHAPE_ASPECT_RELATIONSHIP", "SHAPE_ASPECT_DERIVING_RELATIONSHIP",
           "FEATURE_FOR_DATUM_TARGET_RELATIONSHIP", "SHAPE_ASPECT_ASSOCIATIVITY"}) {
@@ -30,25 +31,76 @@ StepShapeAspects::StepShapeAspects(StepEntities const& entities) : Entities(enti
             }
         }
     }
+    for (int const aspect : Entities.ofKind("COMPONENT_PATH_SHAPE_ASPECT"))
+        Parts[aspect].push_back(Entities.argument(aspect, 5).entity());
 }
 
-std::vector<int> StepShapeAspects::shapesOf(int aspect) const
+// Geometry deep in an assembly is named with the relationships that lead down to it.
+void StepShapeAspects::addUsage(int usage)
 {
-    std::vector<int> shapes, open{aspect};
-    std::unordered_set<int> seen{0};
-    auto const take = [&](Relation const& relation, int key, std::vector<int>& into) {
-        auto const found = relation.find(key);
-        if (found == relation.end()) return;
-        for (int const entity : found->second)
-            if (seen.insert(entity).second) into.push_back(entity);
-    };
-    while (!open.empty()) {
-        auto const current = open.back();
-        open.pop_back();
-        take(Shapes, current, shapes);
-        take(Parts, current, open);
+    auto const aspect = Entities.argument(usage, 2, "ITEM_IDENTIFIED_REPRESENTATION_USAGE", 2).entity();
+    auto const representation =
+        Entities.argument(usage, 3, "ITEM_IDENTIFIED_REPRESENTATION_USAGE", 3).entity();
+    StepShapeUse use{0, Products.ofRepresentation(representation), {}};
+    for (int const link : Entities.argument(usage, 6).entities())
+        if (int const placed = Products.useOf(link); placed != 0) use.through.push_back(placed);
+    bool const isFromBelow =
+        use.through.size() > 1 && Products.ownerOf(use.through[0]) == Products.productOf(use.through[1]);
+    if (isFromBelow) std::ranges::reverse(use.through);
+    if (!use.through.empty()) use.product = Products.productOf(use.through.back());
+    for (int const item : Entities.argument(usage, 4, "ITEM_IDENTIFIED_REPRESENTATION_USAGE", 4).entities()) {
+        if (Entities.isKind(item, "MAPPED_ITEM")) {
+            addPlaced(item, use, aspect);
+            continue;
+        }
+        use.shape = item;
+        Shapes[aspect].push_back(use);
     }
-    return shapes;
+}
+
+// A placed representation stands for all that it holds.
+void StepShapeAspects::addPlaced(int item, StepShapeUse use, int aspect)
+{
+    auto const map = Entities.argument(item, 1, "MAPPED_ITEM", 0).entity();
+    auto const representation = Entities.argument(map, 1).entity();
+    if (int const product = Products.ofRepresentation(representation); product != 0) use.product = product;
+    for (int const shape : Entities.argument(representation, 1, "REPRESENTATION", 1).entities()) {
+        use.shape = shape;
+        Shapes[aspect].push_back(use);
+    }
+}
+
+// Of a feature of a use, or of one that is reached through uses.
+StepProducts::Way StepShapeAspects::usesOf(int aspect) const
+{
+    auto const path = Entities.argument(aspect, 4, "COMPONENT_PATH_SHAPE_ASPECT", 0);
+    if (Entities.keywordOf(aspect) == "COMPONENT_PATH_SHAPE_ASPECT") return Products.usesOf(path.entity());
+    auto const shape = Entities.argument(aspect, 2, "SHAPE_ASPECT", 2).entity();
+    return Products.usesOf(Entities.argument(shape, 2, "PROPERTY_DEFINITION", 2).entity());
+}
+
+std::vector<StepShapeUse> StepShapeAspects::shapesOf(int aspect) const
+{
+    std::set<StepShapeUse> shapes;
+    std::set<std::pair<int, StepProducts::Way>> seen;
+    std::vector<std::pair<int, StepProducts::Way>> open{{aspect, {}}};
+    while (!open.empty() && seen.size() < MostFeatures) {
+        auto [current, through] = std::move(open.back());
+        open.pop_back();
+        if (through.empty()) through = usesOf(current);
+        if (!seen.emplace(current, through).second) continue;
+        if (auto const own = Shapes.find(current); own != Shapes.end()) {
+            for (auto use : own->second) {
+                if (use.through.empty()) use.through = through;
+                if (use.product == 0 && !through.empty()) use.product = Products.productOf(through.back());
+                if (use.product == 0) use.product = Products.ownerOf(current);
+                shapes.insert(std::move(use));
+            }
+        }
+        if (auto const parts = Parts.find(current); parts != Parts.end())
+            for (int const part : parts->second) open.emplace_back(part, through);
+    }
+    return {shapes.begin(), shapes.end()};
 }
 
 std::vector<int> StepShapeAspects::featuresOf(int datum) const
@@ -63,18 +115,4 @@ int StepShapeAspects::datumOf(int feature) const
     return found == Datums.end() ? 0 : found->second;
 }
 
-int StepShapeAspects::productOf(int entity) const
-{
-    for (int step = 0; step < LongestOwnerPath && entity != 0; ++step) {
-        auto const keyword = Entities.keywordOf(entity);
-        if (keyword.starts_with("PRODUCT_DEFINITION") && !keyword.ends_with("SHAPE")) return entity;
-        if (keyword == "NEXT_ASSEMBLY_USAGE_OCCURRENCE")
-            entity = Entities.argument(entity, 4).entity();
-        else if (Entities.isKind(entity, "SHAPE_ASPECT"))
-            entity = Entities.argument(entity, 2, "SHAPE_ASPECT", 2).entity();
-        else
-            entity = Entities.argument(entity, 2, "PROPERTY_DEFINITION", 2).entity();
-    }
-    return 0;
-}
 } // namespace NarMetaInfra

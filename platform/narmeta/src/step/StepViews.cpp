@@ -1,7 +1,6 @@
 #include "StepViews.h"
 
 #include <algorithm>
-#include <unordered_set>
 
 namespace NarMetaInfra
 {
@@ -10,78 +9,72 @@ namespace
 constexpr int DeepestClipping = 4;
 }
 
-StepViews::StepViews(StepEntities const& entities, StepShapeAspects const& aspects)
-    : Entities(entities), Aspects(aspects)
+StepViews::StepViews(StepEntities const& entities, StepProducts const& products, StepDrawings const& drawings)
+    : Entities(entities), Products(products), Drawings(drawings)
 {
-    for (int const link : Entities.ofKind("SHAPE_DEFINITION_REPRESENTATION"))
-        ShapeProducts[Entities.argument(link, 1).entity()] =
-            Aspects.productOf(Entities.argument(link, 0).entity());
-    readPlanes();
-    std::unordered_set<int> defaults;
+    std::set<int> defaults;
     for (int const view : Entities.ofKind("DEFAULT_MODEL_GEOMETRIC_VIEW"))
         for (std::size_t position : {2u, 3u}) defaults.insert(Entities.argument(view, position).entity());
-
-    std::unordered_set<int> seen;
     for (int const model : Entities.ofKind("DRAUGHTING_MODEL")) {
-        auto const context = Entities.argument(model, 2, "REPRESENTATION", 2).entity();
-        auto const items = itemsOf(model);
-        for (int const item : items)
-            if (seen.insert(item).second) Drawn.emplace_back(item, context);
-        for (int const item : items) {
-            if (!Entities.keywordOf(item).starts_with("CAMERA_MODEL_D3") &&
-                !Entities.isKind(item, "CAMERA_MODEL_D3"))
-                continue;
-            auto view = readView(model, item, StepGeometry(Entities, context));
-            view.items = items;
-            view.isDefault = defaults.contains(model) || defaults.contains(item);
-            Views.push_back(std::move(view));
-            break;
-        }
+        auto const items = Entities.argument(model, 1, "REPRESENTATION", 1).entities();
+        auto const camera = std::ranges::find_if(items, [&](int item) {
+            return Entities.keywordOf(item).starts_with("CAMERA_MODEL_D3") ||
+                   Entities.isKind(item, "CAMERA_MODEL_D3");
+        });
+        if (camera == items.end()) continue;
+        Views.push_back(readView(model, *camera));
+        Views.back().isDefault = defaults.contains(model) || defaults.contains(*camera);
     }
 }
 
-StepViews::Plane const* StepViews::planeOf(int item) const
+StepView StepViews::readView(int model, int camera) const
 {
-    auto const found = PlaneOf.find(item);
-    return found == PlaneOf.end() ? nullptr : &Planes.at(found->second);
+    StepGeometry const geometry(Entities, Entities.argument(model, 2, "REPRESENTATION", 2).entity());
+    auto const place = Drawings.placesOf(model).front();
+    StepView view;
+    view.model = model;
+    view.product = place.product;
+    view.name = Entities.argument(model, 0, "REPRESENTATION", 0).words();
+    if (view.name.empty()) view.name = Entities.argument(camera, 0, "REPRESENTATION_ITEM", 0).words();
+    view.camera = readCamera(camera, geometry);
+    readClippings(camera, geometry, view);
+    view.camera.position = place.frame.place(view.camera.position);
+    view.camera.direction = place.frame.turn(view.camera.direction);
+    view.camera.up = place.frame.turn(view.camera.up);
+    for (auto& plane : view.clippings) {
+        plane.point = place.frame.place(plane.point);
+        plane.normal = place.frame.turn(plane.normal);
+    }
+    auto const hidden = hiddenIn(model);
+    for (int const item : Drawings.itemsOf(model)) {
+        if (hidden.contains(item)) continue;
+        view.items.push_back(item);
+        if (!Entities.isKind(item, "MAPPED_ITEM")) continue;
+        auto const map = Entities.argument(item, 1, "MAPPED_ITEM", 0).entity();
+        auto const shown = Entities.argument(map, 1).entity();
+        if (Entities.isKind(shown, "DRAUGHTING_MODEL")) continue;
+        if (int const product = Products.ofRepresentation(shown); product != 0)
+            view.products.push_back(product);
+    }
+    return view;
 }
 
-std::vector<int> StepViews::itemsOf(int model) const
+std::set<int> StepViews::hiddenIn(int model) const
 {
-    std::vector<int> items;
-    for (int const item : Entities.argument(model, 1, "REPRESENTATION", 1).entities()) {
-        items.push_back(item);
-        for (int const element : Entities.argument(item, 3, "ANNOTATION_PLANE", 0).entities())
-            if (Planes.contains(item)) items.push_back(element);
+    std::set<int> hidden;
+    for (int const entity : Entities.ofKind("CONTEXT_DEPENDENT_INVISIBILITY")) {
+        if (Entities.argument(entity, 1).entity() != model) continue;
+        for (int const item : Entities.argument(entity, 0).entities()) hidden.insert(item);
     }
-    return items;
-}
-
-void StepViews::readPlanes()
-{
-    for (int const entity : Entities.ofKind("ANNOTATION_PLANE")) {
-        auto& plane = Planes[entity];
-        plane.entity = entity;
-        plane.name = Entities.argument(entity, 0, "REPRESENTATION_ITEM", 0).words();
-        auto const surface = Entities.argument(entity, 2, "STYLED_ITEM", 1).entity();
-        auto const frame = StepGeometry(Entities, 0).frame(Entities.argument(surface, 1).entity());
-        plane.camera.position = frame.origin;
-        plane.camera.direction = -1.0 * frame.z;
-        plane.camera.up = frame.y;
-        for (int const element : Entities.argument(entity, 3, "ANNOTATION_PLANE", 0).entities())
-            PlaneOf.emplace(element, entity);
-    }
+    return hidden;
 }
 
 // Two conventions are in use. In the one the eye stands at the projection point, in the axes of the view, and
 // the window lies at the view plane's distance along the third axis. In the other the window lies in the
 // axes' own plane, in the coordinates of the model like the eye, and the third axis points to the viewer.
-StepView StepViews::readView(int model, int camera, StepGeometry const& geometry) const
+NarMetaPmi::PMICamera StepViews::readCamera(int camera, StepGeometry const& geometry) const
 {
-    StepView view;
-    view.model = model;
-    view.name = Entities.argument(model, 0, "REPRESENTATION", 0).words();
-    if (view.name.empty()) view.name = Entities.argument(camera, 0, "REPRESENTATION_ITEM", 0).words();
+    NarMetaPmi::PMICamera made;
     auto const axes = geometry.frame(Entities.argument(camera, 1, "CAMERA_MODEL_D3", 0).entity());
     auto const volume = Entities.argument(camera, 2, "CAMERA_MODEL_D3", 1).entity();
     auto const distance = Entities.argument(volume, 2).value().value_or(0.0);
@@ -89,21 +82,13 @@ StepView StepViews::readView(int model, int camera, StepGeometry const& geometry
     auto const windowAxes = geometry.frame(Entities.argument(window, 3).entity());
     auto const eye = geometry.point(Entities.argument(volume, 1).entity());
     bool const isLocal = distance != 0.0 || dot(windowAxes.z, axes.z) < 0.999;
-    view.camera.position = isLocal ? axes.place(eye) : eye;
-    view.camera.direction = distance > 0.0 ? axes.z : -1.0 * axes.z;
-    view.camera.up = axes.y;
-    view.camera.perspective = Entities.argument(volume, 0).text == "CENTRAL";
-    view.camera.width = geometry.millimetres() * Entities.argument(window, 1).value().value_or(0.0);
-    view.camera.height = geometry.millimetres() * Entities.argument(window, 2).value().value_or(0.0);
-    readClippings(camera, geometry, view);
-
-    for (int const item : Entities.argument(model, 1, "REPRESENTATION", 1).entities()) {
-        if (!Entities.isKind(item, "MAPPED_ITEM")) continue;
-        auto const map = Entities.argument(item, 1, "MAPPED_ITEM", 0).entity();
-        auto const shape = ShapeProducts.find(Entities.argument(map, 1).entity());
-        if (shape != ShapeProducts.end() && shape->second != 0) view.products.push_back(shape->second);
-    }
-    return view;
+    made.position = isLocal ? axes.place(eye) : eye;
+    made.direction = distance > 0.0 ? axes.z : -1.0 * axes.z;
+    made.up = axes.y;
+    made.perspective = Entities.argument(volume, 0).text == "CENTRAL";
+    made.width = geometry.millimetres() * Entities.argument(window, 1).value().value_or(0.0);
+    made.height = geometry.millimetres() * Entities.argument(window, 2).value().value_or(0.0);
+    return made;
 }
 
 void StepViews::readClippings(int camera, StepGeometry const& geometry, StepView& view) const

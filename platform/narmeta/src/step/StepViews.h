@@ -1,55 +1,39 @@
 #pragma once
 
-#include "StepGeometry.h"
-#include "StepShapeAspects.h"
-
-#include <narmeta/pmi/PMICapture.h>
-
-#include <map>
+#include "StepDrawings.h"
 
 namespace NarMetaInfra
 {
 /// A saved view: a drawing of the part with a camera, and what it shows.
 struct StepView {
-    int model = 0; ///< entity of the drawing
+    int model = 0;   ///< entity of the drawing
+    int product = 0; ///< in whose coordinates it stands; 0 if the file does not say
     std::wstring name;
     NarMetaPmi::PMICamera camera;
     std::vector<NarMetaPmi::PMIClippingPlane> clippings;
-    std::vector<int> items;    ///< entities drawn, in file order; those of annotation planes among them
+    std::vector<int> items;    ///< entities drawn, in file order, without those that only this view hides
     std::vector<int> products; ///< product definitions whose shape is drawn; empty if the file names none
     bool isDefault = false;
 };
 
-/// The drawings of a file: which annotations stand in them, in which unit, and from where they are looked at.
+/// The drawings of a file that have a camera.
 class StepViews
 {
 public:
-    StepViews(StepEntities const& entities, StepShapeAspects const& aspects);
+    StepViews(StepEntities const& entities, StepProducts const& products, StepDrawings const& drawings);
 
     std::vector<StepView> const& saved() const { return Views; }
-    /// Entities that stand in any drawing, with the context that gives their unit.
-    std::vector<std::pair<int, int>> const& drawn() const { return Drawn; }
-    /// Name and camera of the annotation plane that holds an entity; null without one.
-    struct Plane {
-        int entity = 0;
-        std::wstring name;
-        NarMetaPmi::PMICamera camera;
-    };
-    Plane const* planeOf(int item) const;
 
 private:
-    std::vector<int> itemsOf(int model) const;
-    void readPlanes();
-    StepView readView(int model, int camera, StepGeometry const& geometry) const;
+    StepView readView(int model, int camera) const;
+    NarMetaPmi::PMICamera readCamera(int camera, StepGeometry const& geometry) const;
     void readClippings(int camera, StepGeometry const& geometry, StepView& view) const;
     void addClipping(int shape, StepGeometry const& geometry, StepView& view, int depth) const;
+    std::set<int> hiddenIn(int model) const;
 
     StepEntities const& Entities;
-    StepShapeAspects const& Aspects;
+    StepProducts const& Products;
+    StepDrawings const& Drawings;
     std::vector<StepView> Views;
-    std::vector<std::pair<int, int>> Drawn;
-    std::map<int, Plane> Planes;          // by entity
-    std::unordered_map<int, int> PlaneOf; // by item
-    std::unordered_map<int, int> ShapeProducts;
 };
 } // namespace NarMetaInfra

@@ -1,7 +1,7 @@
 #include "step_tessellation.h"
 
 #include "StepPictures.h"
-#include "StepShapeAspects.h"
+#include "StepProducts.h"
 
 #include <algorithm>
 #include <set>
@@ -10,27 +10,6 @@ namespace NarMetaInfra
 {
 namespace
 {
-// Shape representations of a product, and those related to them.
-std::set<int> representationsOf(StepEntities const& entities, int product)
-{
-    StepShapeAspects const aspects(entities);
-    std::set<int> found;
-    for (int const link : entities.ofKind("SHAPE_DEFINITION_REPRESENTATION"))
-        if (aspects.productOf(entities.argument(link, 0).entity()) == product)
-            found.insert(entities.argument(link, 1).entity());
-    auto const own = found;
-    for (auto const* const keyword : {"SHAPE_REPRESENTATION_RELATIONSHIP", "REPRESENTATION_RELATIONSHIP"}) {
-        for (int const link : entities.ofKind(keyword)) {
-            if (entities.isKind(link, "REPRESENTATION_RELATIONSHIP_WITH_TRANSFORMATION")) continue;
-            auto const first = entities.argument(link, 2, "REPRESENTATION_RELATIONSHIP", 2).entity();
-            auto const second = entities.argument(link, 3, "REPRESENTATION_RELATIONSHIP", 3).entity();
-            if (own.contains(first)) found.insert(second);
-            if (own.contains(second)) found.insert(first);
-        }
-    }
-    return found;
-}
-
 // A node has the mean of the normals around it; the file's own normals are optional and often one per face.
 void addFace(BrepBody& body, int face, StepEntities const& entities, StepGeometry const& geometry)
 {
@@ -67,7 +46,7 @@ std::vector<BrepBody> stepTessellation(StepEntities const& entities, int product
 {
     std::vector<BrepBody> bodies;
     std::set<int> seen;
-    for (int const representation : representationsOf(entities, product)) {
+    for (int const representation : StepProducts(entities).representationsOf(product)) {
         auto const context = entities.argument(representation, 2, "REPRESENTATION", 2).entity();
         StepGeometry const geometry(entities, context);
         for (int const item : entities.argument(representation, 1, "REPRESENTATION", 1).entities()) {
