@@ -15,6 +15,7 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include <Message_ProgressRange.hxx>
@@ -54,9 +55,11 @@ template <typename Mark> using LabelMap = NCollection_DataMap<TDF_Label, Mark, T
 struct StepSource {
     std::filesystem::path file;
     std::string text;
+    bool isReadable = true;
     std::unique_ptr<StepEntities> entities; ///< empty if the text can't be followed
     std::map<int, TDF_Label> products;
     std::map<int, TDF_Label> uses;
+    std::vector<std::vector<int>> hiddenUses; ///< ways down the assemblies, by number
 };
 
 /// A translated file: the kernel's document and the identities that the document does not keep.
@@ -75,6 +78,8 @@ struct KernelDocument {
     /// Entity number of a solid, shell, face, edge, vertex or free curve, where the file has one.
     std::unordered_map<TopoDS_TShape const*, int> entityNumbers;
     std::unordered_map<TopoDS_TShape const*, std::wstring> solidNames;
+    /// Hidden by themselves, beside what the kernel knows.
+    std::unordered_set<TopoDS_TShape const*> hiddenShapes;
     /// Matrices of components that the kernel's own placements can't express, for row vectors.
     LabelMap<std::array<float, 16>> placements;
 

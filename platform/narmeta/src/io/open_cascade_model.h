@@ -81,6 +81,8 @@ private:
     void addTessellated(ZELReference const& reference, std::vector<BrepBody>& bodies) const;
     void applyOverride(TDF_Label const& next, InstancePointer const& upper, TDF_Label const& upperComponent,
                        ShapeStyle const& style);
+    /// Occurrences that a STEP file hides by their ways down the assemblies.
+    void hideUses();
     InstancePointer ownInstance(InstancePointer const& upper, InstancePointer const& shared);
     void settleOccurrenceColours();
     void tieSources();

@@ -56,6 +56,24 @@ void ModelBuilder::applyOverrides()
             for (auto const& next : nexts) applyOverride(next, entry.Value(), entry.Key(), style);
         }
     }
+    hideUses();
+}
+
+void ModelBuilder::hideUses()
+{
+    for (auto const& source : Document.stepSources) {
+        for (auto const& way : source.hiddenUses) {
+            InstancePointer instance;
+            for (int const use : way) {
+                auto const component = source.uses.find(use);
+                auto const* const shared =
+                    component == source.uses.end() ? nullptr : Instances.Seek(component->second);
+                instance = !shared ? nullptr : use == way.front() ? *shared : ownInstance(instance, *shared);
+                if (!instance) break;
+            }
+            if (instance) instance->SetHidden(true);
+        }
+    }
 }
 
 // A usage's label stands below the component that it speaks of; the first one of a chain has the look of the

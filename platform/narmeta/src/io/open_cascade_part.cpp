@@ -95,7 +95,8 @@ std::string PartConverter::droppedText() const
 void PartConverter::visit(TopoDS_Shape const& shape, ShapeStyle const& outer, Group* group)
 {
     auto const own = Styles->of(shape);
-    auto const style = own ? inherited(outer, *own) : outer;
+    auto style = own ? inherited(outer, *own) : outer;
+    style.hidden |= Document.hiddenShapes.contains(shape.TShape().get());
     switch (shape.ShapeType()) {
     case TopAbs_COMPOUND:
     case TopAbs_COMPSOLID: {

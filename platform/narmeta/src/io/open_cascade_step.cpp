@@ -92,11 +92,8 @@ LoadOutcome loadStep(std::filesystem::path const& file, KernelDocument& document
     // Only now that the kernel has let go of its own entities: both at once would take the most memory.
     StageClock const clock(support.times.transfer);
     if (outcome || range.UserBreak()) return outcome;
-    for (auto& source : document.stepSources) {
-        bool const isFirst = &source == &document.stepSources.front();
-        if (isFirst || !checkStepFile(source.file, source.text).refusal)
-            source.entities = std::make_unique<StepEntities>(source.text);
-    }
+    for (auto& source : document.stepSources)
+        if (source.isReadable) source.entities = std::make_unique<StepEntities>(source.text);
     return outcome;
 }
 } // namespace NarMetaInfra

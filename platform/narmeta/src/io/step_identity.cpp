@@ -1,5 +1,7 @@
 #include "step_identity.h"
 
+#include "StepVisibility.h"
+#include "step_text.h"
 #include "text_encoding.h"
 
 #include <deque>
@@ -236,6 +238,17 @@ private:
     LabelMatcher Matcher;
 };
 
+// The entities are parsed for this alone, and only where it is needed: the kernel still has its own.
+std::unordered_set<int> hiddenItems(StepSource& source)
+{
+    if (!hasHiddenItems(source.text)) return {};
+    StepEntities const entities(source.text);
+    StepProducts const products(entities);
+    StepVisibility const visibility(entities, products);
+    source.hiddenUses = visibility.uses();
+    return visibility.items();
+}
+
 bool hasModel(Handle(XSControl_WorkSession) const& session)
 {
     return !session.IsNull() && !session->TransferReader().IsNull() &&
@@ -244,7 +257,8 @@ bool hasModel(Handle(XSControl_WorkSession) const& session)
 }
 } // namespace
 
-void numberEntities(Handle(XSControl_WorkSession) const& session, KernelDocument& document)
+void numberEntities(Handle(XSControl_WorkSession) const& session, KernelDocument& document,
+                    std::unordered_set<int> const& hidden)
 {
     if (session.IsNull() || session->TransferReader().IsNull() || session->Model().IsNull()) return;
     auto const process = session->TransferReader()->TransientProcess();
@@ -265,6 +279,7 @@ void numberEntities(Handle(XSControl_WorkSession) const& session, KernelDocument
         auto const number = stepModel.IsNull() ? model->Number(entity) : stepModel->IdentLabel(entity);
         auto const [entry, isNew] = document.entityNumbers.emplace(shape.TShape().get(), number);
         if (!isNew) entry->second = std::min(entry->second, number);
+        if (hidden.contains(number)) document.hiddenShapes.insert(shape.TShape().get());
         if (auto const solid = Handle(StepShape_SolidModel)::DownCast(entity); !solid.IsNull()) {
             auto name = textOf(solid->Name());
             if (!name.empty() && name != L"NONE")
@@ -277,14 +292,16 @@ void identifyStep(STEPCAFControl_Reader& reader, KernelDocument& document)
 {
     auto const session = reader.Reader().WS();
     if (!hasModel(session)) return;
-    numberEntities(session, document);
+    numberEntities(session, document, hiddenItems(document.stepSources.front()));
     std::deque<FileIdentity> files;
     files.emplace_back(session, document.rootLabels(), document.stepSources.front(), document);
     for (auto const& file : reader.ExternFiles()) {
         if (file->GetLabel().IsNull() || !hasModel(file->GetWS())) continue;
-        numberEntities(file->GetWS(), document);
         auto& source = document.stepSources.emplace_back();
+        source.isReadable = !checkStepFile(file->GetWS()->LoadedFile(), source.text).refusal;
         source.file = file->GetWS()->LoadedFile();
+        numberEntities(file->GetWS(), document,
+                       source.isReadable ? hiddenItems(source) : std::unordered_set<int>());
         files.emplace_back(file->GetWS(), std::vector{file->GetLabel()}, source, document);
     }
     for (auto& file : files) file.markExternalFiles(reader);

@@ -12,6 +12,8 @@ namespace NarMetaInfra
 /// its text.
 void identifyStep(STEPCAFControl_Reader& reader, KernelDocument& document);
 
-/// Enters the entity number of every topological shape that a transfer has made.
-void numberEntities(Handle(XSControl_WorkSession) const& work, KernelDocument& document);
+/// Enters the entity number of every topological shape that a transfer has made, and those of @p hidden
+/// entities among them as hidden shapes.
+void numberEntities(Handle(XSControl_WorkSession) const& work, KernelDocument& document,
+                    std::unordered_set<int> const& hidden = {});
 } // namespace NarMetaInfra

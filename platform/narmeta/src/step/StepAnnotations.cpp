@@ -1,6 +1,7 @@
 #include "StepAnnotations.h"
 
 #include "StepCallouts.h"
+#include "StepVisibility.h"
 #include "step_annotation_kinds.h"
 #include "step_kinds.h"
 #include "step_picture_nodes.h"
@@ -26,6 +27,7 @@ public:
           Aspects(entities, Products),
           Semantics(entities, Products, Aspects),
           Styles(entities),
+          Visibility(entities, Products),
           Pictures(entities, Styles),
           Drawings(entities, Products),
           Views(entities, Products, Drawings),
@@ -127,8 +129,8 @@ private:
 
     bool isHidden(int item) const
     {
-        return Styles.isHidden(item) || std::ranges::any_of(Callouts.contentsOf(item), [&](int content) {
-                   return Styles.isHidden(content);
+        return Visibility.isHidden(item) || std::ranges::any_of(Callouts.contentsOf(item), [&](int content) {
+                   return Visibility.isHidden(content);
                });
     }
 
@@ -337,6 +339,7 @@ private:
     StepShapeAspects Aspects;
     StepSemantics Semantics;
     StepStyles Styles;
+    StepVisibility Visibility;
     StepPictures Pictures;
     StepDrawings Drawings;
     StepViews Views;

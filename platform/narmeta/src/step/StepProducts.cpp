@@ -24,6 +24,7 @@ void StepProducts::readUses()
         Use const made{Entities.argument(use, 3).entity(), Entities.argument(use, 4).entity()};
         Uses.emplace(use, made);
         UsesOf[made.part].push_back(use);
+        Assemblies.insert(made.whole);
     }
     for (int const link : Entities.ofKind("CONTEXT_DEPENDENT_SHAPE_REPRESENTATION")) {
         auto const shape = Entities.argument(link, 1).entity();
@@ -35,8 +36,13 @@ void StepProducts::readUses()
 void StepProducts::readRepresentations()
 {
     auto const enter = [&](int link) {
-        auto const product = ownerOf(Entities.argument(link, 0).entity());
-        if (product != 0) Representations.emplace(Entities.argument(link, 1).entity(), product);
+        auto const shape = Entities.argument(link, 0).entity();
+        auto const representation = Entities.argument(link, 1).entity();
+        auto const use = Entities.argument(shape, 2, "PROPERTY_DEFINITION", 2).entity();
+        if (Uses.contains(use))
+            Placed.emplace(representation, use);
+        else if (int const product = ownerOf(shape); product != 0)
+            Representations.emplace(representation, product);
     };
     for (int const link : Entities.ofKind("SHAPE_DEFINITION_REPRESENTATION")) enter(link);
     for (int const link : Entities.ofKind("PROPERTY_DEFINITION_REPRESENTATION"))
@@ -114,6 +120,20 @@ int StepProducts::useOf(int relationship) const
 {
     auto const found = Placed.find(relationship);
     return found == Placed.end() ? 0 : found->second;
+}
+
+std::vector<int> const& StepProducts::usesOfProduct(int product) const
+{
+    static std::vector<int> const none;
+    auto const found = UsesOf.find(product);
+    return found == UsesOf.end() ? none : found->second;
+}
+
+bool StepProducts::isRepresentation(int entity) const
+{
+    auto const kind = Entities.keywordOf(entity);
+    return kind.ends_with("REPRESENTATION") || kind == "DRAUGHTING_MODEL" ||
+           Entities.isKind(entity, "REPRESENTATION");
 }
 
 int StepProducts::productOf(int use) const

@@ -28,8 +28,12 @@ public:
     /// Uses that a usage stands for, the outermost first: itself, or those of a chain. Empty for anything
     /// else.
     Way usesOf(int usage) const;
-    /// The use that a relationship of two representations places; 0 if none.
+    /// The use that a relationship of two representations places, or for which a representation stands; 0 if
+    /// none.
     int useOf(int relationship) const;
+    std::vector<int> const& usesOfProduct(int product) const;
+    bool isAssembly(int product) const { return Assemblies.contains(product); }
+    bool isRepresentation(int entity) const;
     /// Product that is used; 0 if @p use is none.
     int productOf(int use) const;
     /// All ways down from one product to another that lead through @p through; the empty way if they are the
@@ -48,7 +52,8 @@ private:
     StepEntities const& Entities;
     std::map<int, Use> Uses;
     std::map<int, std::vector<int>> UsesOf; // by what is used
-    std::map<int, int> Placed;              // use by relationship
-    std::map<int, int> Representations;     // product by representation
+    std::set<int> Assemblies;
+    std::map<int, int> Placed;          // use by relationship or representation
+    std::map<int, int> Representations; // product by representation
 };
 } // namespace NarMetaInfra

@@ -55,13 +55,6 @@ StepStyles::StepStyles(StepEntities const& entities) : Entities(entities)
     for (auto const* const keyword : {"STYLED_ITEM", "OVER_RIDING_STYLED_ITEM"})
         for (int const item : Entities.ofKind(keyword))
             StyledItems[Entities.argument(item, 2, "STYLED_ITEM", 1).entity()] = item;
-    for (int const entity : Entities.ofKind("INVISIBILITY")) {
-        for (int const item : Entities.argument(entity, 0).entities()) {
-            Hidden.insert(item);
-            if (Entities.isKind(item, "PRESENTATION_LAYER_ASSIGNMENT"))
-                for (int const member : Entities.argument(item, 2).entities()) Hidden.insert(member);
-        }
-    }
 }
 
 StepLook StepStyles::look(StepValue const& assignments) const

@@ -5,8 +5,6 @@
 #include <narmeta/Colour.h>
 #include <narmeta/visu/LineAttribute.h>
 
-#include <unordered_set>
-
 namespace NarMetaInfra
 {
 /// How the lines and fillings of a styled item are drawn; each aspect may be left open.
@@ -22,7 +20,7 @@ struct StepLook {
     bool operator==(StepLook const&) const = default;
 };
 
-/// Styles and visibility of the items of a file.
+/// Styles of the items of a file.
 class StepStyles
 {
 public:
@@ -32,8 +30,6 @@ public:
     StepLook look(StepValue const& assignments) const;
     /// The style that a styled item of its own puts on a geometry, if any.
     std::optional<StepLook> lookOf(int item) const;
-    /// Switched off itself, or by its layer.
-    bool isHidden(int item) const { return Hidden.contains(item); }
 
 private:
     void addStyle(int style, StepLook& look, int depth) const;
@@ -41,6 +37,5 @@ private:
 
     StepEntities const& Entities;
     std::unordered_map<int, int> StyledItems; // geometry to styled item
-    std::unordered_set<int> Hidden;
 };
 } // namespace NarMetaInfra
