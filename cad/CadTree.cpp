@@ -21,6 +21,18 @@ std::wstring nameOf(BrepBody const& body, std::size_t index)
     return name;
 }
 
+struct TopologyKind {
+    ZELVizCore::EntityType type;
+    wchar_t const* group;
+    std::wstring one;
+    MoraCore::TreeItemStyles style;
+};
+TopologyKind const TopologyKinds[] = {
+    {ZELVizCore::EntityType::Face, L"Faces", L"Face ", MoraCore::TreeItemStyles::Face},
+    {ZELVizCore::EntityType::Edge, L"Edges", L"Edge ", MoraCore::TreeItemStyles::Edge},
+    {ZELVizCore::EntityType::Vertex, L"Vertices", L"Vertex ", MoraCore::TreeItemStyles::Vertex},
+};
+
 std::wstring folded(std::wstring text)
 {
     std::ranges::transform(text, text.begin(),
@@ -96,9 +108,47 @@ void CadTree::renderPartContent(std::shared_ptr<ZELReference> const& reference, 
                             L"Body \"" + nameOf(body, i) + L"\"");
         }
         if (body.hidden) tree.SetItemVisible(false);
+        if (IsFeaturesDisplayedInTree()) renderTopology(body);
         tree.EndItem();
     }
     tree.EndItem();
+}
+
+void CadTree::renderTopology(BrepBody const& body)
+{
+    TreeBuilder& tree = getTreeBuilder();
+    tree.BeginItem(ToValue(EntityType::TopologyTree), L"Topology", TreeItemStyles::Feature);
+    renderTopology(EntityType::Face, body.faces);
+    renderTopology(EntityType::Edge, body.edges);
+    renderTopology(EntityType::Vertex, body.vertices);
+    tree.EndItem();
+}
+
+template <class Part> void CadTree::renderTopology(EntityType type, std::vector<Part> const& parts)
+{
+    if (parts.empty()) return;
+    TopologyKind const& kind = *std::ranges::find(TopologyKinds, type, &TopologyKind::type);
+    TreeBuilder& tree = getTreeBuilder();
+    tree.BeginItem(ToValue(type), kind.group, kind.style);
+    RenderId path;
+    if (tree.GetCurrentId(path)) {
+        std::vector<u64>& ids = TopoIds[path];
+        for (Part const& part : parts) ids.push_back(part.id);
+    }
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        tree.BeginItem(parts[i].id, kind.one + std::to_wstring(i + 1), kind.style);
+        tree.EndItem();
+    }
+    tree.EndItem();
+}
+
+void CadTree::GetTopoIds(RenderId const& id, std::vector<u64>& ids)
+{
+    auto const group = TopoIds.find(id);
+    if (group != TopoIds.end())
+        ids = group->second;
+    else
+        ids = {id[id.Length() - 1]};
 }
 
 void CadTree::enterBody(ZELReference const& reference, BrepBody const& body, RenderId const& path)

@@ -6,6 +6,7 @@
 #include "SaveAsPartAction.h"
 
 #include <QTemporaryDir>
+#include <algorithm>
 #include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -169,6 +170,33 @@ TEST(Parts, ARemovedBodyLeavesModelSceneTreeAndFiles)
     unsigned long long parts = 0, bodies = 0;
     again->GetContentCounts(parts, bodies);
     EXPECT_EQ(bodies, 1U);
+}
+
+TEST(Parts, ARemovedBodyIsNotInAnExactFileEither)
+{
+    std::string const file = ZEL_SOURCE_DIR "/../shared/models/nist/nist_ftc_07_asme1_ap242-e2.stp";
+    if (!std::filesystem::exists(file)) GTEST_SKIP() << "needs " << file;
+    Window window(file);
+    ASSERT_TRUE(window.opened());
+    auto& document = static_cast<ZelCad::CadDocument&>(window.document());
+    auto const& model = *document.GetProductStructure();
+    auto const part = model.GetReferences().front();
+    std::size_t const faces = part->GetCounts().faces;
+    auto const solid =
+        std::ranges::find_if(part->GetBodies(), [](auto const& body) { return !body.faces.empty(); });
+    ASSERT_NE(solid, part->GetBodies().end());
+    std::size_t const gone = solid->faces.size();
+    ASSERT_LT(gone, faces);
+    unsigned long long const root = model.GetRootInstances().front()->GetHashedID();
+    ASSERT_TRUE(document.RemoveBodyFromPart(
+        RenderId({1, 2, root, Brep, solid->id}, RenderId::OriginEnum::Visualisation)));
+    QTemporaryDir folder;
+    std::string const written = folder.filePath("left.stp").toStdString();
+    ASSERT_TRUE(document.Save(std::wstring(written.begin(), written.end()).c_str()));
+    Window again(written);
+    ASSERT_TRUE(again.opened());
+    auto const& left = *static_cast<ZelCad::CadDocument&>(again.document()).GetProductStructure();
+    EXPECT_EQ(left.GetCounts().faces, faces - gone);
 }
 
 TEST(Parts, OneReferenceBecomesTheWholeDocument)

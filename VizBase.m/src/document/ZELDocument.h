@@ -140,6 +140,7 @@ public:
     /// Takes the mark off the tree.
     void UnHighlight() override;
     bool ShowSceneRoot(HPS::SegmentKey& root) const override;
+    HPS::KeyPathArray GetCompanions(RenderId const& id, HPS::KeyPath const& start) const override;
 
 protected:
     virtual bool initialize();
@@ -164,6 +165,7 @@ protected:
                       std::shared_ptr<NarMetaInfra::ZELInstance>& instance,
                       std::shared_ptr<NarMetaInfra::ZELReference>& reference,
                       NarMetaPmi::PMIAnnotationType& type) const;
+    /// For nodes below a body of the tree of features or of topology. `mapper` becomes that of the reference.
     bool buildKeyPath(RenderId const& id, HPS::KeyPath& path, std::shared_ptr<ZELObjectMapper>& mapper,
                       ZELVizCore::EntityType const& stopType) const;
 
@@ -212,6 +214,24 @@ private:
         NarMetaPmi::PMIAnnotationType type = NarMetaPmi::PMIAnnotationType::Any;
     };
     bool findTarget(RenderId const& id, HPS::KeyPath& path, Target& target) const;
+    bool findAnnotation(Target const& target, HPS::KeyPath const& path,
+                        std::shared_ptr<NarMetaPmi::PMIAnnotation>& annotation) const;
+    /// The segment of an instance.
+    bool pushInstance(unsigned long long id, HPS::KeyPath& path,
+                      std::shared_ptr<NarMetaInfra::ZELInstance>& instance) const;
+    /// What the instance in front of the path shows: the include and the reference's segment.
+    bool pushReference(NarMetaInfra::ZELInstance const& instance, HPS::KeyPath& path) const;
+    bool pushLinkedEntity(NarMetaPmi::LinkedEntity const& entity,
+                          std::vector<std::shared_ptr<NarMetaInfra::ZELInstance>> const& instances,
+                          NarMetaInfra::ZELReference const& holder, HPS::KeyPath& path) const;
+    /// Of an annotation of the product, or of a reference at whose segment `start` stands.
+    HPS::KeyPathArray linkedPaths(NarMetaPmi::PMIAnnotation const& annotation,
+                                  HPS::KeyPath const& start) const;
+    HPS::KeyPathArray linkedPaths(NarMetaPmi::PMIAnnotation const& annotation,
+                                  std::shared_ptr<NarMetaInfra::ZELReference> const& reference,
+                                  HPS::KeyPath const& start) const;
+    /// What a node of the tree of features or of topology stands for; without what has no key.
+    HPS::KeyPathArray entityPaths(RenderId const& id, HPS::KeyPath path) const;
     bool showAnnotationKey(Target const& target, HPS::Key& key) const;
 
     ZELDocument(ZELDocument const&) = delete;

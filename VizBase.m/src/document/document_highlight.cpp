@@ -26,20 +26,30 @@ void ZELDocument::Highlight(EntityId const& entity, MoraCore::IView3DEvo* view)
     if (Tree) Tree->Highlight(id);
 }
 
-// What an annotation speaks of does not light up with it yet.
 void ZELDocument::Highlight(RenderId const& id, MoraCore::IView3DEvo* view)
 {
     ZELView3D* const shown = implOf(view);
     if (!Tree || !Renderer || !shown) return;
     HPS::KeyPath path = shown->GetModelKeyPath();
+    if (Tree->IsInFeatureTree(id) || Tree->IsInTopologyTree(id)) {
+        for (HPS::KeyPath const& entity : entityPaths(id, path)) shown->Highlight(entity, false);
+        return;
+    }
     Target target;
     if (!findTarget(id, path, target)) return;
-    if (target.isPmi) {
+    if (!target.isPmi) return shown->Highlight(path, false);
+    if (target.pmiId == 0) return;
+    if (GraphicalMode) {
         HPS::Key key;
-        if (!GraphicalMode || !showAnnotationKey(target, key)) return;
-        path.PushFront(key);
+        if (showAnnotationKey(target, key)) shown->Highlight(path.PushFront(key), false);
+        return;
     }
-    shown->Highlight(path, false);
+    std::shared_ptr<NarMetaPmi::PMIAnnotation> annotation;
+    if (!findAnnotation(target, path, annotation)) return;
+    if (target.reference)
+        highlightLinkedEntities(path, target.reference, annotation, shown);
+    else
+        highlightLinkedEntities(annotation, shown);
 }
 
 void ZELDocument::UnHighlight(MoraCore::IView3DEvo* view) const
@@ -82,19 +92,23 @@ bool ZELDocument::ZoomTo(RenderId const& id, MoraCore::IView3DEvo* view)
     ZELView3D* const shown = implOf(view);
     if (!Tree || !Renderer || !shown) return false;
     HPS::KeyPath path = shown->GetModelKeyPath();
+    if (Tree->IsInFeatureTree(id) || Tree->IsInTopologyTree(id)) {
+        HPS::SimpleCuboid box;
+        for (HPS::KeyPath const& entity : entityPaths(id, path)) {
+            HPS::BoundingKit bounding;
+            HPS::SimpleSphere sphere;
+            HPS::SimpleCuboid cuboid;
+            if (entity.ShowNetBounding(bounding) && bounding.ShowVolume(sphere, cuboid)) box.Merge(cuboid);
+        }
+        if (!box.IsValid() || !shown->GetCamera()) return false;
+        shown->GetCamera()->ZoomToBox(box.min.x, box.min.y, box.min.z, box.max.x, box.max.y, box.max.z);
+        return true;
+    }
     Target target;
     if (!findTarget(id, path, target)) return false;
     // Without a picture of its own an annotation stands where its instance does.
     if (HPS::Key key; target.isPmi && showAnnotationKey(target, key)) path.PushFront(key);
     return shown->ZoomTo(path);
-}
-
-void ZELDocument::highlightLinkedEntities(std::shared_ptr<NarMetaPmi::PMIAnnotation> const&, ZELView3D*) {}
-
-void ZELDocument::highlightLinkedEntities(HPS::KeyPath const&,
-                                          std::shared_ptr<NarMetaInfra::ZELReference> const&,
-                                          std::shared_ptr<NarMetaPmi::PMIAnnotation> const&, ZELView3D*)
-{
 }
 
 } // namespace ZelVizBase

@@ -5,6 +5,7 @@
 #include "ZELRenderTree.h"
 #include "ZELRenderer.h"
 #include "ZELView3D.h"
+#include "owner_chain.h"
 #include "tagged_segments.h"
 
 #include <algorithm>
@@ -13,6 +14,7 @@
 namespace ZelVizBase
 {
 
+using NarMetaInfra::ZELInstance;
 using NarMetaPmi::PMIAnnotationType;
 using ZELVizCore::EntityType;
 using ZELVizCore::RenderId;
@@ -43,16 +45,6 @@ unsigned long long annotationOf(RenderId const& id, PMIAnnotationType& type)
     if (group == PmiGroups.end()) return last;
     if (group->type != PMIAnnotationType::Any) type = group->type;
     return id[id.Length() - 2];
-}
-
-/// Puts an object and the segments that own it before the path, down from the one that stands at its front
-/// already, or else from below the root.
-void pushWithOwners(HPS::KeyPath& path, HPS::Key const& key)
-{
-    HPS::Key const front = path.Front();
-    HPS::KeyPath chain;
-    for (HPS::Key at = key; at != front && at.HasOwner(); at = at.Owner()) chain.PushBack(at);
-    path.PushFront(chain);
 }
 
 /// The first include of an instance, if it shows this segment.
@@ -161,25 +153,58 @@ bool ZELDocument::buildKeyPath(RenderId const& id, HPS::KeyPath& path, bool& isP
             pushWithOwners(path, key);
             return true;
         }
-        std::wstring pid;
-        if (!ProductStructure->GetInstance(id[i], instance) || !instance->GetPID(pid) || !scene.Get(pid, key))
-            return false;
-        path.PushFront(key);
+        if (!pushInstance(id[i], path, instance)) return false;
         reference = instance->GetReference();
-        HPS::Key segment, include;
-        if (!reference || !reference->GetPID(pid) || !scene.Get(pid, segment) ||
-            !findInclude(HPS::SegmentKey(key), segment, include))
-            return false;
-        path.PushFront(include).PushFront(segment);
+        if (!pushReference(*instance, path)) return false;
     }
     return true;
 }
 
-// Features and topology have no keys yet.
-bool ZELDocument::buildKeyPath(RenderId const&, HPS::KeyPath&, std::shared_ptr<ZELObjectMapper>&,
-                               EntityType const&) const
+bool ZELDocument::pushInstance(unsigned long long id, HPS::KeyPath& path,
+                               std::shared_ptr<ZELInstance>& instance) const
 {
-    return false;
+    std::wstring pid;
+    HPS::Key key;
+    if (!ProductStructure->GetInstance(id, instance) || !instance->GetPID(pid) ||
+        !Renderer->GetObjectMapper()->Get(pid, key))
+        return false;
+    path.PushFront(key);
+    return true;
+}
+
+bool ZELDocument::pushReference(ZELInstance const& instance, HPS::KeyPath& path) const
+{
+    std::wstring pid;
+    HPS::Key segment, include;
+    if (!instance.GetReference() || !instance.GetReference()->GetPID(pid) ||
+        !Renderer->GetObjectMapper()->Get(pid, segment) ||
+        !findInclude(HPS::SegmentKey(path.Front()), segment, include))
+        return false;
+    path.PushFront(include).PushFront(segment);
+    return true;
+}
+
+bool ZELDocument::buildKeyPath(RenderId const& id, HPS::KeyPath& path,
+                               std::shared_ptr<ZELObjectMapper>& mapper, EntityType const& stopType) const
+{
+    if (id.Length() < 2 || !Renderer || !ProductStructure) return false;
+    path.PushFront(Renderer->GetRootKey());
+    int const last = id.Length() - 1;
+    for (int i = 2; i <= last; ++i) {
+        if (id[i] == ToValue(EntityType::Brep)) {
+            HPS::Key body;
+            if (i == last || !mapper || !mapper->Get(id[i + 1], body)) return false;
+            pushWithOwners(path, body);
+            if (i + 2 <= last && id[i + 2] == ToValue(stopType)) return true;
+            continue;
+        }
+        std::shared_ptr<ZELInstance> instance;
+        if (!pushInstance(id[i], path, instance)) return false;
+        mapper = instance->GetReference() ? instance->GetReference()->GetObjectMapper() : nullptr;
+        // At the end the path stays at the instance; what stands below it is for the caller.
+        if (i != last) pushReference(*instance, path);
+    }
+    return true;
 }
 
 } // namespace ZelVizBase

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host_api.h"
 #include "hps_api.h"
 
 #include <vector>
@@ -23,6 +24,13 @@ public:
     virtual void UnHighlight() = 0;
     /// The segment above all of the document's scene; false without one.
     virtual bool ShowSceneRoot(HPS::SegmentKey& root) const = 0;
+    /// What lights up with a node of the tree though it is no part of it: the faces that an annotation speaks
+    /// of, the entities that make a feature.
+    /// @param start the view's path to the model
+    virtual HPS::KeyPathArray GetCompanions(ZELVizCore::RenderId const&, HPS::KeyPath const&) const
+    {
+        return {};
+    }
 
 protected:
     ~ViewDocument() = default;

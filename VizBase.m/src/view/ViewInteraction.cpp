@@ -146,12 +146,7 @@ void ViewInteraction::Click(HPS::WindowPoint const& place, bool adding)
 
 void ViewInteraction::Select(RenderIds const& ids)
 {
-    HPS::KeyPathArray paths;
-    for (ZELVizCore::RenderId const& id : ids) {
-        HPS::KeyPath path;
-        if (View.GetDocument() != nullptr && View.GetDocument()->Convert(id, path)) paths.push_back(path);
-    }
-    change([&] { Selection.Replace(paths, ViewSelection::Tells::Nobody); });
+    change([&] { Selection.Choose(ids); });
 }
 
 void ViewInteraction::ClearSelection()

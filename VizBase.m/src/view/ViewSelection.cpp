@@ -1,5 +1,6 @@
 #include "ViewSelection.h"
 
+#include "ViewDocument.h"
 #include "ZELView3D.h"
 #include "picked_paths.h"
 #include "tagged_segments.h"
@@ -19,23 +20,54 @@ RenderId nodeOf(ZELView3D const& view, HPS::KeyPath const& path)
     return document != nullptr && document->Convert(path, id) ? id : RenderId();
 }
 
-void ViewSelection::Replace(HPS::KeyPathArray const& paths, Tells tells)
+void ViewSelection::Replace(HPS::KeyPathArray const& paths)
 {
-    if (tells == Tells::Tree)
-        View.UnHighlightAll(false); // which takes the marks off the tree, too
-    else
-        View.Canvas().GetWindowKey().GetHighlightControl().UnhighlightEverything();
+    View.UnHighlightAll(false); // which takes the marks off the tree, too
     Selected = paths;
+    light(paths, Ids());
+    tellTree();
+    View.Update(MoraCore::UpdateType::Default);
+}
+
+void ViewSelection::Choose(std::vector<RenderId> const& nodes)
+{
+    View.Canvas().GetWindowKey().GetHighlightControl().UnhighlightEverything();
+    Selected.clear();
+    for (RenderId const& node : nodes) {
+        HPS::KeyPath path;
+        if (View.GetDocument() == nullptr || !View.GetDocument()->Convert(node, path)) continue;
+        // What has no picture leads to its instance; then what it speaks of says more.
+        bool const isWhole = tagOf(path.Front()) == ZELSegmentTagger::TAG_REFERENCE;
+        if (!isWhole || companionsOf({node}).empty()) Selected.push_back(path);
+    }
+    light(Selected, nodes);
+    View.Update(MoraCore::UpdateType::Default);
+}
+
+HPS::KeyPathArray ViewSelection::companionsOf(std::vector<RenderId> const& nodes) const
+{
+    auto const* const document = dynamic_cast<ViewDocument const*>(View.GetDocument());
+    if (document == nullptr) return {};
+    HPS::KeyPathArray all;
+    for (RenderId const& node : nodes) {
+        HPS::KeyPathArray const found = document->GetCompanions(node, View.GetModelKeyPath());
+        all.insert(all.end(), found.begin(), found.end());
+    }
+    return all;
+}
+
+void ViewSelection::light(HPS::KeyPathArray const& paths, std::vector<RenderId> const& nodes)
+{
+    Companions = companionsOf(nodes);
     ZELVizCore::SelectionHolder& holder = *View.GetSelectionHolder();
     holder.Clear();
-    for (RenderId const& id : Ids()) holder.Add(id);
+    for (RenderId const& id : nodes) holder.Add(id);
     std::vector<HPS::SelectionItem> items;
-    for (HPS::KeyPath const& path : Selected) items.emplace_back(path, HPS::Point());
+    for (HPS::KeyPath const& path : paths) items.emplace_back(path, HPS::Point());
     View.SetActiveSelection(HPS::SelectionResults(std::move(items)));
-    if (!Selected.empty())
-        View.Canvas().GetWindowKey().GetHighlightControl().Highlight(Selected, View.HighlightOptionsKit());
-    if (tells == Tells::Tree) tellTree();
-    View.Update(MoraCore::UpdateType::Default);
+    HPS::HighlightControl lights = View.Canvas().GetWindowKey().GetHighlightControl();
+    for (HPS::KeyPathArray const* const some : {&paths, &std::as_const(Companions)})
+        if (!some->empty()) lights.Highlight(*some, View.HighlightOptionsKit());
 }
 
 // Each node once, however many of its parts are selected.
@@ -68,6 +100,7 @@ void ViewSelection::Toggle(HPS::KeyPath const& path)
 void ViewSelection::Forget()
 {
     Selected.clear();
+    Companions.clear();
     View.GetSelectionHolder()->Clear();
     View.ClearActiveSelection();
 }
@@ -93,12 +126,13 @@ bool ViewSelection::Covers(HPS::KeyPath const& path) const
 HPS::SimpleCuboid ViewSelection::Extent() const
 {
     HPS::SimpleCuboid all;
-    for (HPS::KeyPath const& path : Selected) {
-        HPS::BoundingKit bounding;
-        HPS::SimpleSphere sphere;
-        HPS::SimpleCuboid cuboid;
-        if (path.ShowNetBounding(bounding) && bounding.ShowVolume(sphere, cuboid)) all.Merge(cuboid);
-    }
+    for (HPS::KeyPathArray const* const some : {&Selected, &Companions})
+        for (HPS::KeyPath const& path : *some) {
+            HPS::BoundingKit bounding;
+            HPS::SimpleSphere sphere;
+            HPS::SimpleCuboid cuboid;
+            if (path.ShowNetBounding(bounding) && bounding.ShowVolume(sphere, cuboid)) all.Merge(cuboid);
+        }
     return all;
 }
 

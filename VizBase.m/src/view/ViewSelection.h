@@ -16,13 +16,12 @@ class ZELView3D;
 class ViewSelection
 {
 public:
-    /// Who is told of a change: the tree knows already what was chosen in it.
-    enum class Tells { Tree, Nobody };
-
     /// `view` is not owned and must outlive this.
     explicit ViewSelection(ZELView3D& view) : View(view) {}
 
-    void Replace(HPS::KeyPathArray const& paths, Tells tells = Tells::Tree);
+    void Replace(HPS::KeyPathArray const& paths);
+    /// What nodes of the tree stand for. The tree is not told: it knows.
+    void Choose(std::vector<ZELVizCore::RenderId> const& nodes);
     void Add(HPS::KeyPathArray const& paths);
     /// Takes a path away that is selected.
     void Toggle(HPS::KeyPath const& path);
@@ -40,9 +39,12 @@ public:
 
 private:
     void tellTree() const;
+    HPS::KeyPathArray companionsOf(std::vector<ZELVizCore::RenderId> const& nodes) const;
+    void light(HPS::KeyPathArray const& paths, std::vector<ZELVizCore::RenderId> const& nodes);
 
     ZELView3D& View;
     HPS::KeyPathArray Selected;
+    HPS::KeyPathArray Companions; ///< lit with it, see ViewDocument
 };
 
 /// The node that a path leads to, by the document shown in a view; empty without one.

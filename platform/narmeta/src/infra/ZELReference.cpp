@@ -58,7 +58,16 @@ bool ZELReference::GetInstance(std::size_t index, std::shared_ptr<ZELInstance>& 
 
 bool ZELReference::RemoveBodyFromPart(Id bodyId)
 {
-    return std::erase_if(bodies_, [bodyId](BrepBody const& body) { return body.id == bodyId; }) > 0;
+    auto const removed = std::ranges::find(bodies_, bodyId, &BrepBody::id);
+    if (removed == bodies_.end()) return false;
+    if (exact_) {
+        ExactShape exact = *exact_;
+        for (BrepFace const& face : removed->faces)
+            std::ranges::replace(exact.faces, face.id, ExactShape::RemovedFace);
+        exact_ = std::make_shared<ExactShape const>(std::move(exact));
+    }
+    bodies_.erase(removed);
+    return true;
 }
 
 BrepBody const* ZELReference::FindBody(Id bodyId) const

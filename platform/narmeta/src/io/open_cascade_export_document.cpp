@@ -7,11 +7,13 @@
 #include <sstream>
 
 #include <BRepBuilderAPI_GTransform.hxx>
+#include <BRepTools_ReShape.hxx>
 #include <BRep_Builder.hxx>
 #include <BinTools.hxx>
 #include <Quantity_ColorRGBA.hxx>
 #include <TDataStd_Name.hxx>
 #include <TopExp.hxx>
+#include <TopExp_Explorer.hxx>
 #include <TopTools_IndexedMapOfShape.hxx>
 #include <TopoDS_Compound.hxx>
 #include <TopoDS_Face.hxx>
@@ -22,6 +24,27 @@ namespace NarMetaInfra
 namespace
 {
 using Look = std::pair<std::optional<NarMeta::Colour>, std::optional<unsigned short>>;
+
+/// The shape but for solids and surfaces of which no face is left.
+TopoDS_Shape withoutRemoved(TopoDS_Shape const& shape, TopTools_IndexedMapOfShape const& faces,
+                            std::vector<Id> const& ids)
+{
+    if (std::ranges::find(ids, ExactShape::RemovedFace) == ids.end()) return shape;
+    auto const isLeft = [&](TopoDS_Shape const& part) {
+        for (TopExp_Explorer face(part, TopAbs_FACE); face.More(); face.Next()) {
+            auto const position = static_cast<std::size_t>(faces.FindIndex(face.Current()) - 1);
+            if (position >= ids.size() || ids[position] != ExactShape::RemovedFace) return true;
+        }
+        return false;
+    };
+    BRepTools_ReShape left;
+    for (auto const& [kind, within] :
+         {std::pair{TopAbs_SOLID, TopAbs_SHAPE}, std::pair{TopAbs_SHELL, TopAbs_SOLID},
+          std::pair{TopAbs_FACE, TopAbs_SHELL}})
+        for (TopExp_Explorer part(shape, kind, within); part.More(); part.Next())
+            if (!isLeft(part.Current())) left.Remove(part.Current());
+    return left.Apply(shape);
+}
 
 void name(TDF_Label const& label, std::wstring const& text)
 {
@@ -161,6 +184,8 @@ TDF_Label ExportDocument::exactPart(ZELReference const& reference, Matrix const&
     if (shape.IsNull()) return {};
     TopTools_IndexedMapOfShape faces;
     TopExp::MapShapes(shape, TopAbs_FACE, faces);
+    shape = withoutRemoved(shape, faces, exact->faces);
+    if (shape.IsNull()) return {};
     std::optional<BRepBuilderAPI_GTransform> deformed;
     if (bake != IdentityMatrix) deformed.emplace(shape, deformationOf(bake), true);
     auto const label = Document.shapes()->AddShape(deformed ? deformed->Shape() : shape, false);

@@ -32,8 +32,9 @@ using NarMetaVisu::SGContainer;
 
 /// A shape as the modelling kernel writes it.
 struct ExactShape {
+    static constexpr Id RemovedFace = ~Id{0};
     std::string bytes;
-    /// Ids of its faces in the kernel's own order.
+    /// Ids of its faces in the kernel's own order; RemovedFace: of a body that was removed since.
     std::vector<Id> faces;
 };
 
