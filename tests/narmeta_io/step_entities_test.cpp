@@ -3,6 +3,7 @@
 #include "StepPictures.h"
 #include "read_support.h"
 #include "step_header.h"
+#include "step_quantity.h"
 #include "step_tessellation.h"
 
 #include <narmeta/infra/ZELDocumentInformation.h>
@@ -207,4 +208,98 @@ TEST(StepLayers, ArePropertiesOfTheirProducts)
         for (auto const& [name, value] : reference->GetUserProperties())
             if (name == L"Layer") layers.insert(value);
     EXPECT_EQ(layers, (std::set<std::wstring>{L"001", L"041", L"061"}));
+}
+
+namespace
+{
+using Lines = std::multiset<std::pair<std::wstring, std::wstring>>;
+
+Lines linesOf(ZELReference const& reference)
+{
+    Lines lines;
+    for (auto const& [name, value] : reference.GetUserProperties()) lines.emplace(name, value);
+    return lines;
+}
+
+std::shared_ptr<ZELReference> firstNamed(ZELProductStructure const& model, std::wstring const& name)
+{
+    for (auto const& reference : model.GetReferences())
+        if (reference->GetReferenceName() == name) return reference;
+    return nullptr;
+}
+
+Lines documentLines(ZELProductStructure const& model)
+{
+    if (!model.GetDocumentInformation()) return {};
+    auto const& lines = model.GetDocumentInformation()->GetLines();
+    return {lines.begin(), lines.end()};
+}
+} // namespace
+
+TEST(StepProductProperties, AreThoseOfTheProductAndOfItsShape)
+{
+    auto const read = ReadSupport::read(ZEL_SOURCE_DIR "/tests/narmeta_io/data/plate.stp");
+    EXPECT_EQ(linesOf(*firstNamed(read->model, L"plate")),
+              (Lines{{L"Part number", L"plate"},
+                     {L"Supplier", L"in house"},
+                     {L"geometric validation property: volume measure", L"4000 mm\u00B3"},
+                     {L"geometric validation property: surface area measure", L"2200 mm\u00B2"},
+                     {L"geometric validation property: centre point", L"20, 10, 2.5 mm"}}));
+}
+
+TEST(StepProductProperties, OfTheTopAssemblyStandInTheDocumentInformation)
+{
+    auto const read = ReadSupport::read(ZEL_SOURCE_DIR "/tests/narmeta_io/data/rack.stp");
+    auto const lines = documentLines(read->model);
+    EXPECT_TRUE(lines.contains({L"Part number", L"rack"}));
+    EXPECT_TRUE(lines.contains({L"Name", L"rack"}));
+}
+
+TEST(StepProductProperties, KeepTheNumbersAndUnitsOfRealFiles)
+{
+    auto const robot = ReadSupport::modelFolder() / "asm/low_cost_robot_follower_arm.step";
+    auto const tested = ReadSupport::modelFolder() / "nist/nist_ctc_05_asme1_ap242-e1.stp";
+    REQUIRE_MODEL_FILE(robot);
+    REQUIRE_MODEL_FILE(tested);
+    auto const arm = ReadSupport::read(robot);
+    auto const cover = firstNamed(arm->model, L"DX124_SCREW-COVER");
+    ASSERT_TRUE(cover);
+    EXPECT_TRUE(linesOf(*cover).contains({L"material property: density measure", L"7850 kg/m\u00B3"}));
+    EXPECT_TRUE(documentLines(arm->model).contains({L"Part number", L"Robot Arm"}));
+    auto const part = ReadSupport::read(tested);
+    auto const lines = linesOf(*part->model.GetReferences().front());
+    for (auto const& line : Lines{{L"FILESIZE", L"1495040"},
+                                  {L"Part Number", L"NIST PMI CTC 05 ASME1"},
+                                  {L"Revision description", L"version 0 for nist_ctc_05_asme1"}})
+        EXPECT_TRUE(lines.contains(line));
+}
+
+TEST(StepQuantity, HasItsUnit)
+{
+    auto const text = file(
+        "#1=(LENGTH_UNIT() NAMED_UNIT(*) SI_UNIT(.MILLI.,.METRE.));#2=(LENGTH_UNIT() NAMED_UNIT(*) "
+        "SI_UNIT($,.METRE.));"
+        "#3=(CONVERSION_BASED_UNIT('INCH',#4) LENGTH_UNIT() NAMED_UNIT(#9));"
+        "#4=LENGTH_MEASURE_WITH_UNIT(LENGTH_MEASURE(25.4),#1);#5=(MASS_UNIT() NAMED_UNIT(*) "
+        "SI_UNIT(.KILO.,.GRAM.));"
+        "#6=DERIVED_UNIT((#7));#7=DERIVED_UNIT_ELEMENT(#3,3.);#10=DERIVED_UNIT((#11,#12));"
+        "#11=DERIVED_UNIT_ELEMENT(#2,-3.);#12=DERIVED_UNIT_ELEMENT(#5,1.);"
+        "#13=(CONVERSION_BASED_UNIT('DEGREE',#14) NAMED_UNIT(#9) PLANE_ANGLE_UNIT());"
+        "#14=PLANE_ANGLE_MEASURE_WITH_UNIT(PLANE_ANGLE_MEASURE(0.017453292519943295),#15);"
+        "#15=(NAMED_UNIT(*) PLANE_ANGLE_UNIT() SI_UNIT($,.RADIAN.));"
+        "#20=MEASURE_REPRESENTATION_ITEM('',VOLUME_MEASURE(2.),#6);"
+        "#21=MEASURE_REPRESENTATION_ITEM('',NUMERIC_MEASURE(7850.),#10);"
+        "#22=MEASURE_REPRESENTATION_ITEM('',PLANE_ANGLE_MEASURE(30.),#13);"
+        "#23=MEASURE_REPRESENTATION_ITEM('',MASS_MEASURE(1.5),#5);#24=MEASURE_REPRESENTATION_ITEM('',COUNT_"
+        "MEASURE(3.),$);"
+        "#25=LENGTH_MEASURE_WITH_UNIT(LENGTH_MEASURE(2.),#3);#26=MEASURE_REPRESENTATION_ITEM('',$,#1);");
+    StepEntities const entities(text);
+    struct Case {
+        int item;
+        wchar_t const* words;
+    };
+    for (auto const& [item, words] :
+         {Case{20, L"32774.128 mm\u00B3"}, Case{21, L"7850 kg/m\u00B3"}, Case{22, L"30\u00B0"},
+          Case{23, L"1.5 kg"}, Case{24, L"3"}, Case{25, L"50.8 mm"}, Case{26, L""}, Case{99, L""}})
+        EXPECT_EQ(stepQuantity(entities, item), words) << item;
 }

@@ -106,17 +106,21 @@ void ModelBuilder::readProperties()
     auto const information = std::make_shared<ZELDocumentInformation>();
     for (auto& [label, value] : stepHeaderLines(Document.stepSources.front().text))
         information->Add(std::move(label), std::move(value));
-    if (!information->GetLines().empty()) Model.SetDocumentInformation(information);
     for (std::size_t i = 0; i < Document.stepSources.size(); ++i) {
         if (!Document.stepSources[i].entities) continue;
         StepProperties const properties(*Document.stepSources[i].entities);
         for (auto const& [product, reference] : Ties[i].products) {
-            if (!reference) continue;
-            auto all = reference->GetUserProperties();
+            auto all = reference ? reference->GetUserProperties() : NarMeta::Properties();
+            // The file that refers to another one has named its product already.
+            if (all.empty()) all = properties.identityOf(product);
             std::ranges::move(properties.of(product), std::back_inserter(all));
-            reference->SetUserProperties(std::move(all));
+            if (reference)
+                reference->SetUserProperties(std::move(all));
+            else
+                for (auto& [label, value] : all) information->Add(std::move(label), std::move(value));
         }
     }
+    if (!information->GetLines().empty()) Model.SetDocumentInformation(information);
 }
 
 void ModelBuilder::addTessellated(ZELReference const& reference, std::vector<BrepBody>& bodies) const

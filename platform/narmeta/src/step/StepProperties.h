@@ -14,12 +14,14 @@ public:
 
     /// Of an annotation, product definition or feature itself, in file order.
     NarMeta::Properties of(int entity) const;
+    /// What a product definition, its version and its product say about themselves.
+    NarMeta::Properties identityOf(int product) const;
 
     /// Of one property definition.
     NarMeta::Properties valuesOf(int property) const;
 
 private:
-    std::wstring valueOf(int item) const;
+    std::wstring valueOf(int item, int representation) const;
 
     StepEntities const& Entities;
     std::unordered_map<int, std::vector<int>> Definitions; // properties by what they speak of

@@ -2,6 +2,7 @@
 
 #include "StepGeometry.h"
 #include "step_kinds.h"
+#include "step_quantity.h"
 
 #include <algorithm>
 #include <array>
@@ -92,6 +93,17 @@ void StepSemantics::readDatums()
 
 void StepSemantics::readTargets()
 {
+    std::map<int, std::vector<int>> parameters; // by target
+    for (auto const* const keyword :
+         {"SHAPE_DEFINITION_REPRESENTATION", "PROPERTY_DEFINITION_REPRESENTATION"}) {
+        for (int const link : Entities.ofKind(keyword)) {
+            auto const representation = Entities.argument(link, 1).entity();
+            if (!Entities.isKind(representation, "SHAPE_REPRESENTATION_WITH_PARAMETERS")) continue;
+            auto const target =
+                Entities.argument(Entities.argument(link, 0).entity(), 2, "PROPERTY_DEFINITION", 2).entity();
+            parameters[target] = Entities.argument(representation, 1, "REPRESENTATION", 1).entities();
+        }
+    }
     for (auto const* const keyword : {"DATUM_TARGET", "PLACED_DATUM_TARGET_FEATURE"}) {
         for (int const target : Entities.ofKind(keyword)) {
             auto& meaning = add(target, StepMeaning::Kind::DatumTarget);
@@ -99,12 +111,30 @@ void StepSemantics::readTargets()
             meaning.name = Entities.argument(target, 0, "SHAPE_ASPECT", 0).words();
             meaning.text = (letter == Meanings.end() ? std::wstring() : letter->second.text) +
                            Entities.argument(target, 4, keyword, 0).words();
-            if (auto const form = Entities.argument(target, 1, "SHAPE_ASPECT", 1).words(); !form.empty())
-                meaning.text += L" (" + form + L")";
+            auto form = Entities.argument(target, 1, "SHAPE_ASPECT", 1).words();
+            if (auto const size = targetSize(parameters[target]); !size.empty())
+                form += (form.empty() ? L"" : L" ") + size;
+            if (!form.empty()) meaning.text += L" (" + form + L")";
             meaning.aspects = {target};
             meaning.product = Products.ownerOf(target);
         }
     }
+}
+
+// Diameter of a round target, width and length of a rectangular one, length of a line.
+std::wstring StepSemantics::targetSize(std::vector<int> const& parameters) const
+{
+    std::wstring text;
+    for (auto const* const name : {L"target diameter", L"target width", L"target length"}) {
+        for (int const item : parameters) {
+            auto const value = stepMeasure(Entities, item);
+            if (!value || Entities.argument(item, 0, "REPRESENTATION_ITEM", 0).words() != name) continue;
+            if (!text.empty()) text += L"\u00D7";
+            if (std::wstring_view(name).ends_with(L"diameter")) text += L"\u2300";
+            text += stepNumber(*value);
+        }
+    }
+    return text;
 }
 
 void StepSemantics::readTolerances()
@@ -253,10 +283,8 @@ void StepSemantics::readTextures()
         meaning.aspects = Entities.argument(property, 2, "PROPERTY_DEFINITION", 2).entities();
         for (int const item : Entities.argument(texture, 1, "REPRESENTATION", 1).entities()) {
             auto const name = Entities.argument(item, 0, "REPRESENTATION_ITEM", 0).words();
-            auto const value = stepMeasure(Entities, item);
-            auto const word = value
-                                  ? stepNumber(*value)
-                                  : Entities.argument(item, 1, "DESCRIPTIVE_REPRESENTATION_ITEM", 0).words();
+            auto word = stepQuantity(Entities, item);
+            if (word.empty()) word = Entities.argument(item, 1, "DESCRIPTIVE_REPRESENTATION_ITEM", 0).words();
             if (!word.empty()) meaning.text += (meaning.text.empty() ? L"" : L", ") + name + L" " + word;
         }
     }

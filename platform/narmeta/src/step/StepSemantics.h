@@ -43,6 +43,7 @@ private:
     void readTolerances();
     void readDimensions();
     void readTextures();
+    std::wstring targetSize(std::vector<int> const& parameters) const;
     StepMeaning& add(int entity, StepMeaning::Kind kind);
     std::wstring datumLetters(int reference, int depth = 0) const;
     std::wstring toleranceText(int tolerance, double zone) const;

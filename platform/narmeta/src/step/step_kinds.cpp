@@ -147,10 +147,10 @@ StepPictureKind stepPictureKind(std::string_view name)
     return {};
 }
 
-std::wstring stepNumber(double value)
+std::wstring stepNumber(double value, int digits)
 {
     wchar_t text[32];
-    std::swprintf(text, std::size(text), L"%.6g", value);
+    std::swprintf(text, std::size(text), L"%.*g", digits, value);
     return text;
 }
 } // namespace NarMetaInfra

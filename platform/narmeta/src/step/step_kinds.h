@@ -29,6 +29,6 @@ struct StepPictureKind {
 };
 StepPictureKind stepPictureKind(std::string_view name);
 
-/// Up to six significant digits, no trailing zeros.
-std::wstring stepNumber(double value);
+/// Up to so many significant digits, no trailing zeros.
+std::wstring stepNumber(double value, int digits = 6);
 } // namespace NarMetaInfra
