@@ -55,6 +55,32 @@ std::string_view StepCallouts::pictureNameOf(int item) const
     return name.empty() ? Entities.argument(occurrence, 0, "REPRESENTATION_ITEM", 0).text : name;
 }
 
+namespace
+{
+// Drawn texts may be written down with a word for their kind in front, and signs for lines and frames. They
+// become one line.
+std::wstring plainText(std::wstring const& marked)
+{
+    std::wstring text;
+    std::size_t const start = marked.starts_with(L"TXT\\") ? 3 : 0;
+    bool isGap = false;
+    for (auto i = start; i < marked.size(); ++i) {
+        static constexpr std::wstring_view Marks = L"nwxul";
+        bool const isMark =
+            marked[i] == L'\\' && i + 1 < marked.size() && Marks.find(marked[i + 1]) != Marks.npos;
+        if (isMark) ++i;
+        if (isMark || marked[i] == L' ' || marked[i] == L'\n' || marked[i] == L'\t') {
+            isGap = !text.empty();
+            continue;
+        }
+        if (isGap) text += L' ';
+        isGap = false;
+        text += marked[i];
+    }
+    return text;
+}
+} // namespace
+
 // In a property of the drawing, or of what it is tied to.
 std::wstring StepCallouts::textOf(int item) const
 {
@@ -62,7 +88,7 @@ std::wstring StepCallouts::textOf(int item) const
     for (auto const& definition : definitionsOf(item))
         std::ranges::move(Properties.valuesOf(definition.entity), std::back_inserter(properties));
     for (auto const& [name, value] : properties)
-        if (name.find(L"text") != name.npos || name.find(L"string") != name.npos) return value;
+        if (name.find(L"text") != name.npos || name.find(L"string") != name.npos) return plainText(value);
     return {};
 }
 

@@ -44,7 +44,7 @@ std::wstring modifierSigns(StepValue const& modifiers)
 std::wstring deviationText(NarMetaPmi::PMIDimensionValue const& value)
 {
     if (!value.upper || !value.lower) return {};
-    if (*value.upper == -*value.lower) return L" \u00B1" + stepNumber(*value.upper);
+    if (std::abs(*value.upper + *value.lower) < 1e-9) return L" \u00B1" + stepNumber(*value.upper);
     auto const isSigned = [](double x) { return (x < 0 ? L" " : L" +") + stepNumber(x); };
     return isSigned(*value.upper) + isSigned(*value.lower);
 }
@@ -139,11 +139,7 @@ std::wstring StepSemantics::targetSize(std::vector<int> const& parameters) const
 
 void StepSemantics::readTolerances()
 {
-    for (int const zone : Entities.ofKind("TOLERANCE_ZONE")) {
-        auto const form = Entities.argument(zone, 5, "TOLERANCE_ZONE", 1).entity();
-        for (int const tolerance : Entities.argument(zone, 4, "TOLERANCE_ZONE", 0).entities())
-            ZoneForms[tolerance] = Entities.argument(form, 0).words();
-    }
+    readZones();
     for (auto const& [keyword, type] : StepToleranceKinds) {
         for (int const tolerance : Entities.ofKind(keyword)) {
             auto& meaning = add(tolerance, StepMeaning::Kind::Tolerance);
@@ -161,14 +157,31 @@ void StepSemantics::readTolerances()
     }
 }
 
-std::wstring StepSemantics::toleranceText(int tolerance, double zone) const
+void StepSemantics::readZones()
 {
-    std::wstring text;
-    if (auto const form = ZoneForms.find(tolerance); form != ZoneForms.end()) {
-        if (form->second.find(L"cylindrical") != std::wstring::npos) text = L"\u2300";
-        if (form->second.find(L"spherical") != std::wstring::npos) text = L"S\u2300";
+    std::map<int, double> projected; // by zone
+    for (int const definition : Entities.ofKind("PROJECTED_ZONE_DEFINITION"))
+        if (auto const length = stepMeasure(Entities, Entities.argument(definition, 3).entity()))
+            projected[Entities.argument(definition, 0).entity()] = *length;
+    for (int const zone : Entities.ofKind("TOLERANCE_ZONE")) {
+        auto const form = Entities.argument(zone, 5, "TOLERANCE_ZONE", 1).entity();
+        auto const length = projected.find(zone);
+        for (int const tolerance : Entities.argument(zone, 4, "TOLERANCE_ZONE", 0).entities())
+            Zones[tolerance] = {Entities.argument(form, 0).words(),
+                                length == projected.end() ? 0.0 : length->second};
     }
-    text += stepNumber(zone);
+}
+
+// Two editions of the standard have words of their own for the form of a zone.
+std::wstring StepSemantics::toleranceText(int tolerance, double width) const
+{
+    static Zone const plain;
+    auto const found = Zones.find(tolerance);
+    auto const& zone = found == Zones.end() ? plain : found->second;
+    auto const isForm = [&](std::wstring_view word) { return zone.form.find(word) != zone.form.npos; };
+    std::wstring text = isForm(L"cylind") ? L"\u2300" : isForm(L"spher") ? L"S\u2300" : L"";
+    text += stepNumber(width) + unitAreaText(tolerance);
+    if (zone.projected > 0.0) text += L" \u24C5" + stepNumber(zone.projected);
     text += modifierSigns(Entities.argument(tolerance, 99, "GEOMETRIC_TOLERANCE_WITH_MODIFIERS", 0));
     auto const& system = Entities.argument(tolerance, 4, "GEOMETRIC_TOLERANCE_WITH_DATUM_REFERENCE", 0);
     for (int const reference : system.entities()) {
@@ -180,6 +193,23 @@ std::wstring StepSemantics::toleranceText(int tolerance, double zone) const
         for (int const compartment : compartments.entities()) text += L" | " + datumLetters(compartment);
     }
     return text;
+}
+
+// A tolerance may hold for any piece of a length or an area within the whole.
+std::wstring StepSemantics::unitAreaText(int tolerance) const
+{
+    auto const measureOf = [&](std::string_view part, std::size_t position) {
+        return stepMeasure(Entities, Entities.argument(tolerance, 99, part, position).entity());
+    };
+    auto const size = measureOf("GEOMETRIC_TOLERANCE_WITH_DEFINED_UNIT", 0);
+    if (!size) return {};
+    static constexpr std::string_view Area = "GEOMETRIC_TOLERANCE_WITH_DEFINED_AREA_UNIT";
+    auto const form = Entities.argument(tolerance, 99, Area, 0).text;
+    auto const length = stepNumber(*size);
+    if (form == "CIRCULAR") return L" / \u2300" + length;
+    if (form == "SQUARE") return L" / " + length + L"\u00D7" + length;
+    auto const second = form == "RECTANGULAR" ? measureOf(Area, 1) : std::nullopt;
+    return L" / " + length + (second ? L"\u00D7" + stepNumber(*second) : std::wstring());
 }
 
 std::wstring StepSemantics::datumLetters(int reference, int depth) const
@@ -231,11 +261,25 @@ void StepSemantics::readDimensions()
                 for (int const related : at(3, 3).entities()) meaning.aspects.push_back(related);
             if (auto const size = sizes.find(dimension); size != sizes.end()) readSize(size->second, meaning);
             readDeviations(ranges, meaning);
-            if (!meaning.value) continue;
-            meaning.text = stepSign(meaning.measured) + stepNumber(meaning.value->nominal) +
-                           (isStepAngle(meaning.measured) ? L"\u00B0" : L"") + deviationText(*meaning.value);
+            if (meaning.value) meaning.text = dimensionText(sizes[dimension], ranges[dimension], meaning);
         }
     }
+}
+
+// A size that only says where things ideally are stands in a frame, one that follows from others in brackets.
+std::wstring StepSemantics::dimensionText(int representation, int range, StepMeaning const& meaning) const
+{
+    auto text = stepSign(meaning.measured) + stepNumber(meaning.value->nominal) +
+                (isStepAngle(meaning.measured) ? L"\u00B0" : L"") + deviationText(*meaning.value);
+    for (int const item : Entities.argument(representation, 1, "REPRESENTATION", 1).entities()) {
+        auto const note = Entities.argument(item, 1, "DESCRIPTIVE_REPRESENTATION_ITEM", 0).text;
+        if (note == "theoretical") text = L"[" + text + L"]";
+        if (note == "auxiliary") text = L"(" + text + L")";
+        if (note == "statistical") text += L" \u24C8";
+    }
+    if (Entities.keywordOf(range) == "LIMITS_AND_FITS")
+        text += L" " + Entities.argument(range, 0).words() + Entities.argument(range, 2).words();
+    return text;
 }
 
 void StepSemantics::readSize(int representation, StepMeaning& meaning) const

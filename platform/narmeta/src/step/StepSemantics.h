@@ -46,14 +46,21 @@ private:
     std::wstring targetSize(std::vector<int> const& parameters) const;
     StepMeaning& add(int entity, StepMeaning::Kind kind);
     std::wstring datumLetters(int reference, int depth = 0) const;
-    std::wstring toleranceText(int tolerance, double zone) const;
+    void readZones();
+    std::wstring toleranceText(int tolerance, double width) const;
+    std::wstring unitAreaText(int tolerance) const;
     void readSize(int representation, StepMeaning& meaning) const;
+    std::wstring dimensionText(int representation, int range, StepMeaning const& meaning) const;
     void readDeviations(std::map<int, int> const& ranges, StepMeaning& meaning) const;
 
     StepEntities const& Entities;
     StepProducts const& Products;
     StepShapeAspects const& Aspects;
     std::map<int, StepMeaning> Meanings;
-    std::map<int, std::wstring> ZoneForms; // by tolerance
+    struct Zone {
+        std::wstring form;
+        double projected = 0; ///< length beyond the feature; 0 if it ends with it
+    };
+    std::map<int, Zone> Zones; // by tolerance
 };
 } // namespace NarMetaInfra

@@ -150,7 +150,7 @@ StepPictureKind stepPictureKind(std::string_view name)
 std::wstring stepNumber(double value, int digits)
 {
     wchar_t text[32];
-    std::swprintf(text, std::size(text), L"%.*g", digits, value);
+    std::swprintf(text, std::size(text), L"%.*g", digits, value + 0.0); // no negative zero
     return text;
 }
 } // namespace NarMetaInfra
