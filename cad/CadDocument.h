@@ -64,6 +64,8 @@ private:
     bool read(wchar_t const* path, Progress progress);
     bool build(Build operation);
     std::shared_ptr<NarMetaInfra::ZELReference> findReference(std::wstring const& pid) const;
+    /// That a node of the tree stands for.
+    bool annotationAt(RenderId const& id, std::shared_ptr<NarMetaPmi::PMIAnnotation>& annotation) const;
     HPS::MatrixKit placingOf(RenderId const& id) const;
     HPS::SimpleCuboid extentOfAnnotations(SavedView const& saved, RenderId id) const;
     void showSavedView(SavedView const& saved, RenderId const& id);

@@ -48,6 +48,14 @@ void addInstance(Properties& out, ZELInstance const& instance)
     if (instance.GetReference()) addReference(out, *instance.GetReference());
 }
 
+void addAnnotation(Properties& out, NarMetaPmi::PMIAnnotation const& annotation)
+{
+    if (!annotation.GetText().empty()) out.emplace_back(L"Text", annotation.GetText());
+    out.emplace_back(L"Linked entities", std::to_wstring(annotation.GetLinkedEntities().size()));
+    if (annotation.IsHidden()) out.emplace_back(L"Hidden", L"yes");
+    for (NarMeta::Property const& own : annotation.GetUserProperties()) out.emplace_back(own.name, own.value);
+}
+
 } // namespace
 
 bool CadDocument::GetProperties(RenderId const& id, Properties& out) const
@@ -62,8 +70,25 @@ bool CadDocument::GetProperties(RenderId const& id, Properties& out) const
         addCounts(out, ProductStructure->GetCounts());
     } else if (id.Length() > 2 && ProductStructure->GetInstance(id[id.Length() - 1], instance)) {
         addInstance(out, *instance);
+    } else if (std::shared_ptr<NarMetaPmi::PMIAnnotation> annotation; annotationAt(id, annotation)) {
+        addAnnotation(out, *annotation);
     }
     return true;
+}
+
+bool CadDocument::annotationAt(RenderId const& id,
+                               std::shared_ptr<NarMetaPmi::PMIAnnotation>& annotation) const
+{
+    constexpr auto any = NarMetaPmi::PMIAnnotationType::Any;
+    std::shared_ptr<ZELInstance> instance;
+    NarMeta::Id const last = id[id.Length() - 1];
+    for (int i = 2; i < id.Length(); ++i) {
+        if (id[i] == ToValue(ZELVizCore::EntityType::Annotations))
+            return instance ? instance->GetReference()->GetPMIAnnotation(last, annotation, any)
+                            : ProductStructure->GetPMIAnnotation(last, annotation, any);
+        if (!ProductStructure->GetInstance(id[i], instance)) return false;
+    }
+    return false;
 }
 
 } // namespace ZelCad

@@ -108,6 +108,7 @@ bool DocumentTab::show(std::shared_ptr<OpenDocument> const& document, bool keepC
         return false;
     }
     delete Panel;
+    stopCutting();
     Current = document;
     makeTreePanel();
     Offer->hide();
@@ -260,6 +261,25 @@ void DocumentTab::selectNothing()
 void DocumentTab::setParallel(bool parallel)
 {
     if (camera()) camera()->SetOrthographic(parallel);
+}
+
+void DocumentTab::cut(Command plane)
+{
+    if (callView(rowOf(plane).viewSlot)) Cutting = plane;
+}
+
+// A new set of operators is without the one that cuts.
+void DocumentTab::stopCutting()
+{
+    if (std::exchange(Cutting, std::nullopt) && Style) Hand->setMouseStyle(*Style);
+    View->Update(MoraCore::UpdateType::Default);
+}
+
+void DocumentTab::setMouseStyle(MoraCore::MouseStyle const& style)
+{
+    Style = &style;
+    Cutting.reset();
+    Hand->setMouseStyle(style);
 }
 
 bool DocumentTab::viewHas(char const* slot) const

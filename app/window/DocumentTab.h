@@ -2,10 +2,13 @@
 
 #include "OpenDocument.h"
 #include "ViewChoice.h"
+#include "commands.h"
 
 #include <QFileSystemWatcher>
 #include <QTimer>
 #include <QWidget>
+
+#include <mora/mouse_styles.h>
 
 class QFrame;
 
@@ -51,6 +54,12 @@ public:
     void fit();
     void selectNothing();
     void setParallel(bool parallel);
+    /// Cuts the model by the plane of a command, which the mouse then drags.
+    void cut(Command plane);
+    void stopCutting();
+    std::optional<Command> cutting() const { return Cutting; }
+    /// How the mouse works; a plane that cuts would be in its way and goes.
+    void setMouseStyle(MoraCore::MouseStyle const& style);
     /// Calls a slot of the view by its name; false if it has none of that name.
     bool callView(char const* slot);
     bool viewHas(char const* slot) const;
@@ -81,6 +90,8 @@ private:
     std::unique_ptr<ViewHand> Hand; ///< goes before the view
     std::shared_ptr<OpenDocument> Current;
     TreePanel* Panel = nullptr;
+    MoraCore::MouseStyle const* Style = nullptr; ///< one of the table's
+    std::optional<Command> Cutting;
     ViewChoice Waiting; ///< as last applied; set up once the view was painted
     bool Painted = false;
     QFrame* Offer; ///< hidden unless the file has changed

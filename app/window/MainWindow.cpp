@@ -96,9 +96,12 @@ QAction* MainWindow::makeAction(CommandRow const& row)
 void MainWindow::makeActions()
 {
     auto* const modes = new QActionGroup(this);
+    auto* const cuts = new QActionGroup(this);
+    cuts->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
     for (CommandRow const& row : commandTable()) {
         QAction* const made = makeAction(row);
         if (row.check == Check::Mode) modes->addAction(made);
+        if (row.check == Check::Cut) cuts->addAction(made);
         Actions[row.command] = made;
     }
     Actions[Command::ModeGouraud]->setChecked(true);
@@ -245,6 +248,7 @@ void MainWindow::updateActions()
         bool const known = !*row.viewSlot || (shown && tab->viewHas(row.viewSlot));
         action->setEnabled((!row.needsDocument || shown) && known);
         if (row.check == Check::Option) action->setChecked(shown && optionState(row.command));
+        if (row.check == Check::Cut) action->setChecked(shown && tab->cutting() == row.command);
     }
     Actions[Command::Projection]->setChecked(shown && tab->camera() && tab->camera()->IsOrthographic());
 }

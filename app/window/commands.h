@@ -49,6 +49,7 @@ enum class Command {
     CutX,
     CutY,
     CutZ,
+    CutCaps,
     SimpleShadow,
     ShadowMap,
     ReflectionPlane,
@@ -67,6 +68,7 @@ enum class Check {
     Toggle,
     Projection, ///< a toggle that follows the camera
     Mode,       ///< one of the shading modes
+    Cut,        ///< one of the planes that cut, or none
     Option,     ///< a switch of the rendering options
 };
 

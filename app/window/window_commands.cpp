@@ -104,7 +104,12 @@ void MainWindow::run(Command command)
     CommandRow const& row = rowOf(command);
     if (row.needsDocument && !(tab && tab->hasDocument())) return;
     if (std::optional<StandardView> const view = standardViewOf(command)) return tab->lookFrom(*view);
-    if (*row.viewSlot) {
+    if (row.check == Check::Cut) {
+        if (Actions.at(command)->isChecked())
+            tab->cut(command);
+        else
+            tab->stopCutting();
+    } else if (*row.viewSlot) {
         tab->callView(row.viewSlot);
     } else if (row.check == Check::Option) {
         if (RenderingOptions* const options = tab->view().GetRenderingOptions())

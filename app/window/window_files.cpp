@@ -121,7 +121,8 @@ DocumentTab* MainWindow::addTab()
     return tab;
 }
 
-// Some time after the file is shown: whoever asks for a picture waits for it, and the first one takes longest.
+// Some time after the file is shown: whoever asks for a picture waits for it, and the first one takes
+// longest.
 void MainWindow::keepThumbnail(DocumentTab& tab)
 {
     using namespace std::chrono_literals;

@@ -33,7 +33,7 @@ void MainWindow::makeHandLabels()
 void MainWindow::followHand(DocumentTab& tab)
 {
     ViewHand& hand = tab.hand();
-    hand.setMouseStyle(Remembered.mouseStyle());
+    tab.setMouseStyle(Remembered.mouseStyle());
     hand.setHovering(Remembered.hovering());
     connect(&hand, &ViewHand::pointed, this, [this, &tab](MoraCore::PointedAt const& at) {
         Pointed->setText(at.id.Length() > 0 ? pointedText(tab.treePanel(), at) : QString());
@@ -49,10 +49,11 @@ void MainWindow::applyHandPreferences()
     StyleName->setToolTip(mouseTexts(style).join(QLatin1Char('\n')));
     Pointed->clear();
     for (int i = 0; i < Tabs->count(); ++i) {
-        ViewHand& hand = qobject_cast<DocumentTab*>(Tabs->widget(i))->hand();
-        hand.setMouseStyle(style);
-        hand.setHovering(Remembered.hovering());
+        auto* const tab = qobject_cast<DocumentTab*>(Tabs->widget(i));
+        tab->setMouseStyle(style);
+        tab->hand().setHovering(Remembered.hovering());
     }
+    updateActions();
 }
 
 void MainWindow::showViewMenu(DocumentTab& tab, QPoint const& position)

@@ -60,6 +60,7 @@ void MainWindow::addNodeEntries(QMenu& menu, DocumentTab& tab, RenderId const& i
 void MainWindow::perform(DocumentTab& tab, MenuEntry entry, RenderId const& id)
 {
     tab.hand().clearSelection(); // what is selected may be gone afterwards
+    if (entry == MenuEntry::MakePartFromReference) tab.stopCutting();
     Source.perform(entry, id);
     tabChanged();
 }
@@ -67,6 +68,7 @@ void MainWindow::perform(DocumentTab& tab, MenuEntry entry, RenderId const& id)
 void MainWindow::removeBody(DocumentTab& tab, RenderId const& id)
 {
     tab.hand().clearSelection();
+    tab.stopCutting();
     if (!tab.document().RemoveBodyFromPart(id)) say(tr("The body cannot be removed"), MessageType::Error);
     tabChanged();
 }

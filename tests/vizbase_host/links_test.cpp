@@ -92,6 +92,10 @@ TEST_F(Links, AnAnnotationOfAPartLightsWhatItSpeaksOf)
     for (RenderId const& id : {Made.id({root->GetHashedID(), Annotations, Note}),
                                Made.id({root->GetHashedID(), Annotations, Views, View, Notes, Note})})
         EXPECT_EQ(litBy(id), face) << "a name of one letter is passed over";
+    std::vector<std::pair<std::wstring, std::wstring>> properties;
+    EXPECT_TRUE(Made.document.GetProperties(
+        Made.id({root->GetHashedID(), Annotations, Views, View, Notes, Note}), properties));
+    EXPECT_THAT(properties, testing::Contains(testing::Pair(L"Linked entities", L"3")));
     EXPECT_TRUE(litBy(Made.id({root->GetHashedID(), Annotations})).isNull());
     Made.document.Highlight(Made.id({root->GetHashedID(), Annotations, Note}), nullptr);
     EXPECT_TRUE(lit().isNull());

@@ -4,6 +4,7 @@
 #include "ZELRenderTree.h"
 #include "ZELRenderer.h"
 #include "ZELView3D.h"
+#include "owner_chain.h"
 
 namespace ZelVizBase
 {
@@ -41,8 +42,9 @@ void ZELDocument::Highlight(RenderId const& id, MoraCore::IView3DEvo* view)
     if (target.pmiId == 0) return;
     if (GraphicalMode) {
         HPS::Key key;
-        if (showAnnotationKey(target, key)) shown->Highlight(path.PushFront(key), false);
-        return;
+        if (!showAnnotationKey(target, key)) return;
+        pushWithOwners(path, key);
+        return shown->Highlight(path, false);
     }
     std::shared_ptr<NarMetaPmi::PMIAnnotation> annotation;
     if (!findAnnotation(target, path, annotation)) return;
@@ -107,7 +109,7 @@ bool ZELDocument::ZoomTo(RenderId const& id, MoraCore::IView3DEvo* view)
     Target target;
     if (!findTarget(id, path, target)) return false;
     // Without a picture of its own an annotation stands where its instance does.
-    if (HPS::Key key; target.isPmi && showAnnotationKey(target, key)) path.PushFront(key);
+    if (HPS::Key key; target.isPmi && showAnnotationKey(target, key)) pushWithOwners(path, key);
     return shown->ZoomTo(path);
 }
 

@@ -93,7 +93,7 @@ bool ZELDocument::Convert(RenderId const& id, HPS::KeyPath& path) const
     Target target;
     if (!findTarget(id, path, target)) return false;
     target.reference = nullptr; // annotations of references have no place of their own here
-    if (HPS::Key key; target.isPmi && showAnnotationKey(target, key)) path.PushFront(key);
+    if (HPS::Key key; target.isPmi && showAnnotationKey(target, key)) pushWithOwners(path, key);
     return true;
 }
 

@@ -4,6 +4,7 @@
 /// stream (HPS). No other header of the plug-in includes one of that library; this is the place to put
 /// another one in.
 #include <hps/AxisTriadControl.h>
+#include <hps/CuttingSectionOperator.h>
 #include <hps/Factory.h>
 #include <hps/HighlightOptionsKit.h>
 #include <hps/MouseWheelOperator.h>

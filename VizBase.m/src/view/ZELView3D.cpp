@@ -50,7 +50,12 @@ RenderingOptions* makeOptions()
 
 } // namespace
 
-ZELView3D::ZELView3D(QWidget* parent) : QWidget(parent), YUp(Settings::Default()->ClassicalOrientation)
+ZELView3D::ZELView3D(QWidget* parent)
+    : QWidget(parent),
+      PlanesX{{1, 0, 0, 0}},
+      PlanesY{{0, 1, 0, 0}},
+      PlanesZ{{0, 0, 1, 0}},
+      YUp(Settings::Default()->ClassicalOrientation)
 {
     setAttribute(Qt::WA_PaintOnScreen);
     setAttribute(Qt::WA_NoSystemBackground);

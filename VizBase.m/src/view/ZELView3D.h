@@ -170,6 +170,8 @@ public Q_SLOTS:
     void OnRight();
     void OnLeft();
     void OnIsometric();
+    /// Closes bodies where a plane cuts them, or leaves them open again.
+    void OnModeCutCaps();
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
@@ -222,7 +224,14 @@ private:
     template <class Target> void highlight(Target const& target, bool clearFirst);
     template <class Target> void unHighlight(Target const& target);
     bool showVolume(HPS::SimpleSphere& sphere, HPS::SimpleCuboid& cuboid) const;
+    enum class Axis { None = 0, X = 1, Y = 2, Z = 4 };
+    std::vector<HPS::Plane>& planesOf(Axis axis);
+    void startCutting(Axis axis);
+    /// Takes a running cutting operator down and keeps its planes, where the user left them.
+    void handleCuttingPlaneOperator();
+    void setOneCuttingPlane(std::vector<HPS::Plane> const& planes);
     void setMode(HPS::Rendering::Mode mode);
+    void setSeeThrough(bool seeThrough);
     /// The shadow on a plane below the model follows the other modes.
     void updatePlanes();
 
@@ -246,6 +255,10 @@ private:
     ZELOpConfigurator OpConfigurator;
     ZELHPSErrorHandler ErrorHandler;
     ZELHPSWarningHandler WarningHandler;
+    std::vector<HPS::Plane> PlanesX, PlanesY, PlanesZ;
+    bool CuttingOn = false;        ///< an operator was started and not taken down
+    Axis CuttingAxis = Axis::None; ///< whose planes it has
+    bool SeeThrough = false;
     QDockWidget* BrowserDock = nullptr; ///< not owned
     bool SegmentBrowserReady = false;   ///< its tree was given a canvas
     bool SimpleShadowOn = false, ShadowMapOn = false, ReflectionOn = false, BloomOn = false;

@@ -12,6 +12,7 @@ constexpr auto redraw = HPS::Window::UpdateType::Default;
 
 void ZELView3D::setMode(Mode mode)
 {
+    setSeeThrough(false);
     TheView.SetRenderingMode(mode);
     updateThis(redraw);
 }
@@ -36,8 +37,30 @@ void ZELView3D::OnModeWires()
     setMode(Mode::Wireframe);
 }
 
-// Nothing to do yet: see-through faces are the materials' affair.
-void ZELView3D::OnModeTransparent() {}
+void ZELView3D::OnModeTransparent()
+{
+    TheView.SetRenderingMode(Mode::Gouraud);
+    setSeeThrough(true);
+    updateThis(redraw);
+}
+
+// The lock makes it hold for whatever has a colour of its own; the cube in the corner stays as it is.
+void ZELView3D::setSeeThrough(bool seeThrough)
+{
+    if (seeThrough == SeeThrough) return;
+    SeeThrough = seeThrough;
+    constexpr float opacity = 0.35F;
+    constexpr auto lock = HPS::AttributeLock::Type::MaterialFaceDiffuseAlpha;
+    HPS::SegmentKey aboveModel = TheView.GetModelIncludeKey();
+    HPS::MaterialMappingControl materials = aboveModel.GetMaterialMappingControl();
+    if (seeThrough) {
+        materials.SetFaceAlpha(opacity);
+        aboveModel.GetAttributeLockControl().SetLock(lock, true);
+    } else {
+        materials.UnsetFaceMaterial(); // nothing else stands there
+        aboveModel.GetAttributeLockControl().UnsetLock(lock);
+    }
+}
 
 void ZELView3D::OnModeHiddenLine()
 {

@@ -7,11 +7,6 @@
 namespace ZelVizBase
 {
 
-// Sections have no operator yet.
-void ZELView3D::OnOperatorCuttingPlaneX() {}
-void ZELView3D::OnOperatorCuttingPlaneY() {}
-void ZELView3D::OnOperatorCuttingPlaneZ() {}
-
 // There is no browser yet, and so no dock.
 void ZELView3D::MakeSegmentAndPropertyBrowser(QWidget*, QMenu*) {}
 
