@@ -1,5 +1,6 @@
 #include "read_support.h"
 
+#include "GltfFile.h"
 #include "gltf_materials.h"
 #include "gltf_nodes.h"
 #include "mesh_normals.h"
@@ -145,8 +146,8 @@ INSTANTIATE_TEST_SUITE_P(Formats, TetrahedronTest,
 TEST(GltfReading, NodesThatDoubleAtEachLevelAreNotFollowed)
 {
     TemporaryFolder const folder;
-    EXPECT_FALSE(readGltfNodes(folder.write("doubling.gltf", gltfThatDoubles(60))));
-    EXPECT_TRUE(readGltfNodes(folder.write("nodes.gltf", gltfWithNodes())));
+    EXPECT_FALSE(readGltfNodes(GltfFile(folder.write("doubling.gltf", gltfThatDoubles(60))).document()));
+    EXPECT_TRUE(readGltfNodes(GltfFile(folder.write("nodes.gltf", gltfWithNodes())).document()));
 }
 
 TEST(GltfReading, NodesKeepMirrorsAndStretches)

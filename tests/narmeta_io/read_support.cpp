@@ -48,7 +48,7 @@ std::unique_ptr<ReadModel> read(std::filesystem::path const& file, bool graphica
     auto outcome = std::make_unique<ReadModel>();
     ReadRequest request;
     request.path = file;
-    request.graphical = graphical;
+    request.options.graphical = graphical;
     request.processors = 2;
     request.progress = progress;
     auto const* const reader = readerOf(file);
@@ -67,7 +67,8 @@ TemporaryFolder::TemporaryFolder()
     auto const* const test = testing::UnitTest::GetInstance()->current_test_info();
     auto name = std::string(test->test_suite_name()) + "-" + test->name() + "-" + std::to_string(getpid());
     std::ranges::replace(name, '/', '-');
-    Path = std::filesystem::temp_directory_path() / name;
+    static int count = 0; // a test may have several
+    Path = std::filesystem::temp_directory_path() / (name + "-" + std::to_string(count++));
     std::filesystem::create_directories(Path);
 }
 
@@ -147,5 +148,49 @@ std::vector<std::shared_ptr<NarMetaVisu::MeshRep>> meshesOf(ZELProductStructure 
     for (auto const& reference : model.GetReferences())
         if (reference->GetSG() && reference->GetPID(pid)) reference->GetSG()->GetMeshes(pid, meshes);
     return meshes;
+}
+
+CacheFolder::CacheFolder()
+{
+    setenv("XDG_CACHE_HOME", Folder.path().c_str(), 1);
+}
+
+CacheFolder::~CacheFolder()
+{
+    unsetenv("XDG_CACHE_HOME");
+}
+
+std::vector<std::filesystem::path> CacheFolder::entries() const
+{
+    std::vector<std::filesystem::path> found;
+    std::error_code error;
+    for (auto const& file : std::filesystem::directory_iterator(Folder.path() / "zelview", error))
+        found.push_back(file.path());
+    return found;
+}
+
+std::string textOf(ZELProductStructure const& model)
+{
+    TemporaryFolder const folder;
+    auto const path = folder.path() / "compare.zel_xml";
+    EXPECT_TRUE(ZelIO().WriteXml(path.wstring().c_str(), &model, nullptr));
+    return bytesOf(path);
+}
+
+bool hasStage(ZelIO const& io, std::wstring const& name)
+{
+    return std::ranges::any_of(io.GetTimings(), [&](StageTiming const& stage) { return stage.name == name; });
+}
+
+std::vector<char const*> const ComparedFiles = {"parts/red_cube_blue_cylinder.step",
+                                             "nist/nist_ctc_05_asme1_ap242-e1.stp", "asm/ublox_JODY-W4.step",
+                                             "gltf/car.glb", "mesh/cube_with_materials.obj"};
+
+std::string fileTestName(testing::TestParamInfo<char const*> const& test)
+{
+    auto name = std::filesystem::path(test.param).stem().string();
+    std::ranges::replace_if(
+        name, [](char c) { return !std::isalnum(static_cast<unsigned char>(c)); }, '_');
+    return name;
 }
 } // namespace ReadSupport

@@ -2,6 +2,8 @@
 
 #include "ModelReader.h"
 
+#include <gtest/gtest.h>
+
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -36,7 +38,28 @@ private:
     std::filesystem::path Path;
 };
 
+/// A cache folder of the test's own for the time of its life.
+class CacheFolder
+{
+public:
+    CacheFolder();
+    ~CacheFolder();
+    std::vector<std::filesystem::path> entries() const;
+
+private:
+    TemporaryFolder Folder;
+};
+
 std::string bytesOf(std::filesystem::path const& file);
+
+/// Everything of a model as text.
+std::string textOf(ZELProductStructure const& model);
+
+bool hasStage(ZelIO const& io, std::wstring const& name);
+
+/// The files that are read in several ways, below modelFolder(), and what a test of one of them is called.
+extern std::vector<char const*> const ComparedFiles;
+std::string fileTestName(testing::TestParamInfo<char const*> const& test);
 
 /// Volume inside the triangles of a closed body; negative if they are turned inside out.
 double volumeOf(BrepBody const& body);

@@ -1,10 +1,9 @@
 #include "ModelCache.h"
 
-#include "model_block.h"
-
 #include <algorithm>
-#include <array>
 #include <cstdlib>
+#include <cstring>
+#include <sstream>
 
 #include <dlfcn.h>
 
@@ -30,6 +29,53 @@ std::string readerBuild()
     auto const written = std::filesystem::last_write_time(library.dli_fname, error);
     return error ? std::string() : std::to_string(written.time_since_epoch().count());
 }
+
+/// Of a file's contents and a word beside them, as 64 hexadecimal digits; empty if it can't be read.
+std::string hashOf(std::filesystem::path const& path, std::string_view word)
+{
+    QFile file(nameOf(path));
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    if (!file.open(QIODevice::ReadOnly) || !hash.addData(&file)) return {};
+    hash.addData(QByteArrayView(word.data(), static_cast<qsizetype>(word.size())));
+    return hash.result().toHex().toStdString();
+}
+
+bool isOlder(std::filesystem::path const& file, std::filesystem::file_time_type time)
+{
+    std::error_code error;
+    auto const written = std::filesystem::last_write_time(file, error);
+    return !error && written < time;
+}
+
+// An entry is this mark, the size of a list, the list of other files, and the packed model. In the list stand
+// the hash of a file and its path from the first file's folder, which a zero ends.
+constexpr char Mark[8] = {'Z', 'E', 'L', 'K', 'E', 'P', 'T', '1'};
+constexpr std::size_t HashLength = 64;
+
+/// The list, cut off from the front of an entry; nothing if that is damaged.
+std::optional<std::string_view> takeList(std::string_view& entry)
+{
+    std::uint64_t size = 0;
+    constexpr auto Front = sizeof Mark + sizeof size;
+    if (entry.size() < Front || std::memcmp(entry.data(), Mark, sizeof Mark) != 0) return std::nullopt;
+    std::memcpy(&size, entry.data() + sizeof Mark, sizeof size);
+    entry.remove_prefix(Front);
+    if (size > entry.size() || (size > 0 && entry[size - 1] != '\0')) return std::nullopt;
+    auto const list = entry.substr(0, size);
+    entry.remove_prefix(size);
+    return list;
+}
+
+bool isAsListed(std::string_view list, std::filesystem::path const& folder)
+{
+    while (list.size() > HashLength) {
+        auto const end = list.find('\0');
+        auto const name = list.substr(0, end).substr(std::min(HashLength, end));
+        if (hashOf(folder / name, {}) != list.substr(0, HashLength)) return false;
+        list.remove_prefix(end + 1);
+    }
+    return list.empty();
+}
 } // namespace
 
 std::filesystem::path ModelCache::userFolder()
@@ -41,36 +87,32 @@ std::filesystem::path ModelCache::userFolder()
     return {};
 }
 
-bool ModelCache::takes(std::string_view extension)
+ModelCache::Key ModelCache::keyOf(ReadRequest const& request)
 {
-    static constexpr std::array<std::string_view, 12> Single = {"stp", "step", "p21", "igs", "iges", "brep",
-                                                                "brp", "stl",  "glb", "ply", "off",  "3mf"};
-    return std::ranges::find(Single, extension) != Single.end();
-}
-
-std::string ModelCache::keyOf(ReadRequest const& request) const
-{
-    QFile file(nameOf(request.path));
-    QCryptographicHash hash(QCryptographicHash::Sha256);
-    if (!file.open(QIODevice::ReadOnly) || !hash.addData(&file)) return {};
+    Key key{{}, request.path, std::filesystem::file_time_type::clock::now()};
+    auto const& options = request.options;
     // The name of the file gives the model its title.
-    auto const options = request.path.stem().string() + '/' + std::to_string(request.graphical) +
-                         std::to_string(request.persistentNames) + std::to_string(request.occurrenceData) +
-                         std::to_string(request.exactShapes) + '/' + readerBuild();
-    hash.addData(QByteArrayView(options.data(), static_cast<qsizetype>(options.size())));
-    return hash.result().toHex().toStdString();
+    std::ostringstream way;
+    way << request.path.stem().string() << '/' << options.graphical << options.persistentNames
+        << options.occurrenceData << options.exactShapes << '/' << options.distanceShare << '/'
+        << options.angle << '/' << readerBuild();
+    key.name = hashOf(request.path, way.str());
+    return key;
 }
 
-std::optional<ReadResult> ModelCache::load(std::string const& key, ReadRequest const& request,
+std::optional<ReadResult> ModelCache::load(Key const& key, ReadRequest const& request,
                                            ZELProductStructure& model) const
 {
     QFile file(nameOf(fileOf(key)));
     if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
+    auto const size = static_cast<std::size_t>(file.size());
+    auto* const bytes = file.map(0, file.size());
+    std::string_view piece(reinterpret_cast<char const*>(bytes), bytes ? size : 0);
+    auto const list = takeList(piece);
+    if (list && !isAsListed(*list, key.file.parent_path())) return std::nullopt;
     ZELProductStructure found;
     std::optional<ReadResult> result;
-    if (auto* const bytes = file.map(0, file.size()))
-        result = unpackModel({reinterpret_cast<char const*>(bytes), static_cast<std::size_t>(file.size())},
-                             request, found);
+    if (list) result = unpackModel(piece, request, found);
     if (!result || result->outcome != IoOutcome::Done) {
         file.remove();
         return std::nullopt;
@@ -82,19 +124,28 @@ std::optional<ReadResult> ModelCache::load(std::string const& key, ReadRequest c
     return result;
 }
 
-void ModelCache::store(std::string const& key, ReadResult const& result,
-                       ZELProductStructure const& model) const
+void ModelCache::store(Key const& key, std::vector<std::filesystem::path> const& otherFiles,
+                       PackedModel::Pieces const& pieces) const
 {
-    bool const hasOtherFiles = std::ranges::any_of(
-        model.GetReferences(), [](auto const& reference) { return !reference->GetStorageName().empty(); });
+    if (key.name.empty() || !isOlder(key.file, key.time)) return;
+    std::string list;
+    for (auto const& other : otherFiles) {
+        auto const hash = hashOf(other, {});
+        if (hash.empty() || !isOlder(other, key.time)) return;
+        list += hash + std::filesystem::proximate(other, key.file.parent_path()).string() + '\0';
+    }
+    std::uint64_t const listSize = list.size();
+    std::uintmax_t sum = sizeof Mark + sizeof listSize + listSize;
+    for (auto const piece : pieces) sum += piece.size();
     std::error_code error;
-    if (key.empty() || hasOtherFiles || result.outcome != IoOutcome::Done) return;
+    if (sum > Limit) return;
     std::filesystem::create_directories(Folder, error);
-    auto const piece = packModel(result, model);
-    if (piece.size() > Limit) return;
     QSaveFile file(nameOf(fileOf(key)));
     if (!file.open(QIODevice::WriteOnly)) return;
-    file.write(piece.data(), static_cast<qint64>(piece.size()));
+    file.write(Mark, sizeof Mark);
+    file.write(reinterpret_cast<char const*>(&listSize), sizeof listSize);
+    file.write(list.data(), static_cast<qint64>(list.size()));
+    for (auto const piece : pieces) file.write(piece.data(), static_cast<qint64>(piece.size()));
     if (file.commit()) trim();
 }
 

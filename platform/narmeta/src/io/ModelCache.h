@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ModelReader.h"
+#include "model_block.h"
 
 namespace NarMetaInfra
 {
@@ -16,20 +16,25 @@ public:
 
     /// $XDG_CACHE_HOME/zelview, or .cache/zelview in the home folder; empty without either.
     static std::filesystem::path userFolder();
-    /// Only a file that stands for itself can be told by its contents: not one with others beside it.
-    static bool takes(std::string_view extension);
 
-    /// Empty if the file can't be read.
-    std::string keyOf(ReadRequest const& request) const;
-    /// Nothing, and the model as it was, if there is no such entry or it is damaged; that one is removed
-    /// then.
-    std::optional<ReadResult> load(std::string const& key, ReadRequest const& request,
+    /// Stands for a file's contents and the way they are read.
+    struct Key {
+        std::string name; ///< empty if the file can't be read
+        std::filesystem::path file;
+        std::filesystem::file_time_type time; ///< when it was looked at
+    };
+    static Key keyOf(ReadRequest const& request);
+    /// Nothing, and the model as it was, if there is no such entry, if one of the files that were read with
+    /// it has changed, or if it is damaged; that one is removed then.
+    std::optional<ReadResult> load(Key const& key, ReadRequest const& request,
                                    ZELProductStructure& model) const;
-    /// What can't be stored is not; then the oldest entries go until the limit holds.
-    void store(std::string const& key, ReadResult const& result, ZELProductStructure const& model) const;
+    /// @p otherFiles: that were read beside the key's. What can't be stored is not, nor what a file that was
+    /// written to meanwhile gave; then the oldest entries go until the limit holds.
+    void store(Key const& key, std::vector<std::filesystem::path> const& otherFiles,
+               PackedModel::Pieces const& pieces) const;
 
 private:
-    std::filesystem::path fileOf(std::string const& key) const { return Folder / (key + ".model"); }
+    std::filesystem::path fileOf(Key const& key) const { return Folder / (key.name + ".model"); }
     void trim() const;
 
     std::filesystem::path Folder;

@@ -13,12 +13,9 @@ namespace NarMetaInfra
 /// What to read and how.
 struct ReadRequest {
     std::filesystem::path path;
-    bool graphical = false;
-    bool persistentNames = false;
-    bool occurrenceData = false;
+    ReadOptions options = {};
     unsigned processors = 1;
     Progress progress = nullptr;
-    bool exactShapes = false;
 
     /// Reports the share done; true if the reader shall stop.
     bool Report(double done) const
@@ -39,10 +36,12 @@ struct ReadResult {
     bool graphical = false;
     /// What the model's faces look like; the process learns of it only when all went well.
     NarMetaVisu::MaterialContainer materials = {};
+    /// The files that were read beside the one asked for; nothing if the reader can't tell.
+    std::optional<std::vector<std::filesystem::path>> otherFiles = {};
 
     static ReadResult Failure(IoOutcome outcome, std::wstring error)
     {
-        return {outcome, std::move(error), {}, {}, false, {}};
+        return {outcome, std::move(error), {}, {}, false, {}, {}};
     }
 };
 
@@ -69,6 +68,8 @@ public:
     virtual Confidence Recognise(std::string_view head, std::string_view extension) const = 0;
     /// A bad file may take the whole process along, so that files are always read in one of their own.
     virtual bool IsFragile() const { return false; }
+    /// Its files are as quick to read as a model that was kept.
+    virtual bool IsQuick() const { return false; }
     /// @p model is empty at the start and thrown away unless the outcome is Done. Must not throw.
     virtual ReadResult Read(ReadRequest const& request, ZELProductStructure& model) const = 0;
 };

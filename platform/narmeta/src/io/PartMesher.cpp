@@ -30,7 +30,7 @@ private:
 };
 } // namespace
 
-PartMesher::PartMesher(unsigned threads)
+PartMesher::PartMesher(unsigned threads, TessellationFineness const& fineness) : Fineness(fineness)
 {
     for (unsigned i = 1; i < threads; ++i) Workers.emplace_back([this] { work(); });
 }
@@ -74,7 +74,7 @@ void PartMesher::add(TopoDS_Shape const& shape)
 void PartMesher::run(Job& job, bool parallelFaces, Message_ProgressRange const& range)
 {
     job.outcome.failure = guarded([&] {
-        job.outcome.tolerance = toleranceFor(job.shape);
+        job.outcome.tolerance = toleranceFor(job.shape, Fineness);
         tessellate(job.shape, job.outcome.tolerance, parallelFaces, range);
     });
 }

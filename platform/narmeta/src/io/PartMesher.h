@@ -31,7 +31,7 @@ public:
     };
 
     /// @p threads: that may work at a time, the owner's among them; at least 1.
-    explicit PartMesher(unsigned threads);
+    PartMesher(unsigned threads, TessellationFineness const& fineness);
     /// Ends what still runs.
     ~PartMesher();
     PartMesher(PartMesher const&) = delete;
@@ -57,6 +57,7 @@ private:
     void help(std::unique_lock<std::mutex>& lock, Message_ProgressRange const& range);
     bool claim(TopoDS_Shape const& shape);
 
+    TessellationFineness const Fineness;
     std::mutex Mutex; // of the jobs' states and the queue
     std::condition_variable Changed;
     std::deque<Job*> Queue;

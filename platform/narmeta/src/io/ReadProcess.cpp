@@ -1,6 +1,7 @@
 #include "ReadProcess.h"
 
 #include "model_block.h"
+#include "number_text.h"
 #include "reader_service.h"
 #include "text_encoding.h"
 
@@ -101,12 +102,15 @@ private:
 pid_t spawnReader(std::filesystem::path const& program, ReadRequest const& request, ReadLimits const& limits,
                   int result, int progress)
 {
+    auto const& options = request.options;
     std::vector<std::string> words = {program.string(),
                                       request.path.string(),
-                                      std::to_string(request.graphical),
-                                      std::to_string(request.persistentNames),
-                                      std::to_string(request.occurrenceData),
-                                      std::to_string(request.exactShapes),
+                                      std::to_string(options.graphical),
+                                      std::to_string(options.persistentNames),
+                                      std::to_string(options.occurrenceData),
+                                      std::to_string(options.exactShapes),
+                                      JoinNumbers(std::array{options.distanceShare}),
+                                      JoinNumbers(std::array{options.angle}),
                                       std::to_string(request.processors),
                                       std::to_string(limits.bytes),
                                       std::to_string(getpid())};
@@ -141,7 +145,8 @@ ReadResult endingOf(int status)
                                                             : L"the reading process ended without a result");
 }
 
-ReadResult collect(int result, ReadRequest const& request, ZELProductStructure& model)
+ReadResult collect(int result, ReadRequest const& request, ZELProductStructure& model,
+                   std::function<void(ReadResult const&, std::string_view)> const& keep)
 {
     struct stat state {
     };
@@ -150,13 +155,16 @@ ReadResult collect(int result, ReadRequest const& request, ZELProductStructure& 
     auto const size = static_cast<std::size_t>(state.st_size);
     auto* const memory = mmap(nullptr, size, PROT_READ, MAP_PRIVATE, result, 0);
     if (memory == MAP_FAILED) return stopped(L"the result of the reading process can't be reached");
-    auto read = unpackModel({static_cast<char const*>(memory), size}, request, model);
+    std::string_view const packed(static_cast<char const*>(memory), size);
+    auto read = unpackModel(packed, request, model);
+    if (read.outcome == IoOutcome::Done) keep(read, packed);
     munmap(memory, size);
     return read;
 }
 } // namespace
 
-ReadResult readInProcess(ReadRequest const& request, ReadLimits const& limits, ZELProductStructure& model)
+ReadResult readInProcess(ReadRequest const& request, ReadLimits const& limits, ZELProductStructure& model,
+                         std::function<void(ReadResult const&, std::string_view packed)> const& keep)
 {
     auto const program = readerProgram();
     if (program.empty())
@@ -190,7 +198,7 @@ ReadResult readInProcess(ReadRequest const& request, ReadLimits const& limits, Z
     auto const status = reader.wait();
     if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) return endingOf(status);
     auto const handOver = Clock::now();
-    auto read = collect(result.number(), request, model);
+    auto read = collect(result.number(), request, model, keep);
     read.timings.push_back({L"Hand-over", Clock::now() - handOver, false});
     return read;
 }

@@ -17,7 +17,7 @@ class XmlSink
 public:
     /// @p block: takes the numbers of arrays as they stand in memory, which the text then only points to; for
     /// readers of this build. Null writes them as text.
-    explicit XmlSink(QByteArray* text, QByteArray* block = nullptr) : writer_(text), block_(block)
+    explicit XmlSink(QByteArray* text, std::string* block = nullptr) : writer_(text), block_(block)
     {
         writer_.setAutoFormatting(!block);
         writer_.setAutoFormattingIndent(1);
@@ -108,9 +108,7 @@ private:
     {
         static_assert(std::is_trivially_copyable_v<Record>);
         auto const offset = block_->size();
-        if (count > 0)
-            block_->append(reinterpret_cast<char const*>(records),
-                           static_cast<qsizetype>(count * sizeof(Record)));
+        if (count > 0) block_->append(reinterpret_cast<char const*>(records), count * sizeof(Record));
         return QStringLiteral("@%1 %2").arg(offset).arg(count);
     }
     void put(char const* name, QString const& text)
@@ -127,7 +125,7 @@ private:
     }
 
     QXmlStreamWriter writer_;
-    QByteArray* block_;
+    std::string* block_;
 };
 
 } // namespace NarMetaInfra

@@ -77,20 +77,8 @@ bool ZelIO::Read(wchar_t const* path, ZELProductStructure* structure, Progress p
     if (!reader) return fail(IoOutcome::Damaged, source.quoted + L" is of no known kind");
 
     ZELProductStructure model;
-    ReadRequest const request{source.path, requestGraphical_, persistentNames_, occurrenceData_,
-                              processors_, progress,          exactShapes_};
-    ModelCache const cache(ModelCache::userFolder(), cacheLimit_);
-    std::optional<ReadResult> kept;
-    std::string key;
-    if (cacheLimit_ > 0 && ModelCache::takes(source.extension)) {
-        key = cache.keyOf(request);
-        kept = cache.load(key, request, model);
-        if (kept) kept->timings.clear();
-    }
-    auto result = kept ? std::move(*kept)
-                  : isIsolated_ || reader->IsFragile()
-                      ? readInProcess(request, {secondsLimit_, bytesLimit_}, model)
-                      : reader->Read(request, model);
+    ReadRequest const request{source.path, options_, processors_, progress};
+    auto result = readOrTake(*reader, request, model);
     auto const spent = stopwatch.Lap();
     if (result.timings.empty()) result.timings.push_back({L"Reading", spent, false});
     timings_.insert(timings_.end(), result.timings.begin(), result.timings.end());
@@ -98,7 +86,6 @@ bool ZelIO::Read(wchar_t const* path, ZELProductStructure* structure, Progress p
         warnings_ = std::move(result.warnings);
         return fail(result.outcome, source.quoted + L": " + result.error);
     }
-    if (!kept) cache.store(key, result, model);
     CheckModel(model, result.warnings);
     timings_.push_back({L"Checking", stopwatch.Lap()});
     warnings_ = std::move(result.warnings);
@@ -110,6 +97,32 @@ bool ZelIO::Read(wchar_t const* path, ZELProductStructure* structure, Progress p
     materials_ = std::move(result.materials);
     if (!publishesLater_) PublishMaterials();
     return true;
+}
+
+ReadResult ZelIO::readOrTake(ModelReader const& reader, ReadRequest const& request,
+                             ZELProductStructure& model) const
+{
+    ModelCache const cache(ModelCache::userFolder(), cacheLimit_);
+    ModelCache::Key key;
+    bool const isKept = cacheLimit_ > 0 && !reader.IsQuick();
+    if (isKept) {
+        key = ModelCache::keyOf(request);
+        if (auto kept = cache.load(key, request, model)) {
+            kept->timings.clear();
+            return std::move(*kept);
+        }
+    }
+    if (isIsolated_ || reader.IsFragile()) {
+        return readInProcess(request, {secondsLimit_, bytesLimit_}, model,
+                             [&](ReadResult const& result, std::string_view packed) {
+                                 if (isKept && result.otherFiles)
+                                     cache.store(key, *result.otherFiles, {packed});
+                             });
+    }
+    auto result = reader.Read(request, model);
+    if (isKept && result.outcome == IoOutcome::Done && result.otherFiles)
+        cache.store(key, *result.otherFiles, packModel(result, model).pieces());
+    return result;
 }
 
 void ZelIO::PublishMaterials()

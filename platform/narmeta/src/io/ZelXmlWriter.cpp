@@ -75,7 +75,7 @@ void WriteReference(XmlSink& sink, ZELReference const& reference)
 
 } // namespace
 
-std::optional<std::string> ZelXmlText(ZELProductStructure const& model, Progress progress, QByteArray* block)
+std::optional<std::string> ZelXmlText(ZELProductStructure const& model, Progress progress, std::string* block)
 {
     QByteArray text;
     XmlSink sink(&text, block);

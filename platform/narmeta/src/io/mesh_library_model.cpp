@@ -187,7 +187,8 @@ std::shared_ptr<NarMetaVisu::Material> SceneTranslator::textured(unsigned number
         bytes =
             QByteArray(reinterpret_cast<char const*>(inside->pcData), static_cast<qsizetype>(inside->mWidth));
     } else {
-        QFile file(QFile::decodeName((Folder / path.C_Str()).c_str()));
+        OtherFiles.push_back(Folder / path.C_Str());
+        QFile file(QFile::decodeName(OtherFiles.back().c_str()));
         if (file.open(QIODevice::ReadOnly) && file.size() <= LargestImage) bytes = file.readAll();
     }
     auto image = decodeImage(bytes);

@@ -32,6 +32,8 @@ public:
     bool translate();
     NarMetaVisu::MaterialContainer takeMaterials() { return std::move(Materials); }
     std::vector<std::wstring> const& warnings() const { return Warnings; }
+    /// Images that were looked for beside the file.
+    std::vector<std::filesystem::path> const& otherFiles() const { return OtherFiles; }
 
 private:
     using ReferencePointer = std::shared_ptr<ZELReference>;
@@ -65,5 +67,6 @@ private:
     std::map<std::wstring, std::wstring> Names;
     NarMetaVisu::MaterialContainer Materials;
     std::vector<std::wstring> Warnings;
+    std::vector<std::filesystem::path> OtherFiles;
 };
 } // namespace NarMetaInfra

@@ -181,6 +181,7 @@ ReadResult MeshLibraryReader::readInSession(ReadRequest const& request, ZELProdu
     }
     result.materials = translator.takeMaterials();
     result.warnings = translator.warnings();
+    result.otherFiles = translator.otherFiles();
     if (request.Report(1.0)) return stopped;
     using Seconds = std::chrono::duration<double>;
     result.timings = {{L"Parsing", Seconds(parse), true}, {L"Conversion", Seconds(convert), false}};

@@ -6,12 +6,14 @@
 
 #include <cstring>
 
+#include <QFile>
+
 namespace NarMetaInfra
 {
 namespace
 {
 /// To be raised whenever the layout of a record in the block changes.
-constexpr std::uint64_t Version = 1;
+constexpr std::uint64_t Version = 2;
 
 struct Header {
     char mark[8] = {'Z', 'E', 'L', 'B', 'L', 'O', 'C', 'K'};
@@ -19,7 +21,7 @@ struct Header {
     std::uint64_t resultSize = 0;
     std::uint64_t textSize = 0;
     std::uint64_t blockSize = 0;
-    std::uint64_t checksum = 0;
+    std::uint64_t checksums[3] = {}; // of the report, the text and the block
 };
 
 // Eight bytes at a time: what it guards is as large as the model.
@@ -44,7 +46,10 @@ QByteArray resultText(ReadResult const& result)
     sink.Attribute("outcome", static_cast<int>(result.outcome));
     sink.Attribute("error", result.error);
     sink.Flag("graphical", result.graphical);
+    sink.Flag("knows_files", result.otherFiles.has_value());
     for (auto const& warning : result.warnings) sink.Text("warning", warning);
+    for (auto const& file : result.otherFiles.value_or(std::vector<std::filesystem::path>()))
+        sink.Text("file", QFile::decodeName(file.c_str()).toStdWString());
     for (auto const& stage : result.timings) {
         auto const child = sink.Open("stage");
         sink.Attribute("name", stage.name);
@@ -65,7 +70,14 @@ ReadResult resultOf(std::string_view text)
                   source.Choice("outcome", 0, static_cast<int>(IoOutcome::CannotWrite), IoOutcome::Damaged);
               result.error = source.Text("error");
               result.graphical = source.Flag("graphical");
+              if (source.Flag("knows_files")) result.otherFiles.emplace();
               source.Children({{"warning", [&] { result.warnings.push_back(source.TextContent()); }},
+                               {"file",
+                                [&] {
+                                    auto const name = QString::fromStdWString(source.TextContent());
+                                    if (result.otherFiles)
+                                        result.otherFiles->push_back(QFile::encodeName(name).toStdString());
+                                }},
                                {"stage", [&] {
                                     using Seconds = std::chrono::duration<double>;
                                     result.timings.push_back(
@@ -78,24 +90,22 @@ ReadResult resultOf(std::string_view text)
 }
 } // namespace
 
-std::string packModel(ReadResult const& result, ZELProductStructure const& model)
+PackedModel packModel(ReadResult const& result, ZELProductStructure const& model)
 {
+    PackedModel packed;
     auto const report = resultText(result);
-    QByteArray block;
-    std::string text;
-    if (result.outcome == IoOutcome::Done) text = ZelXmlText(model, nullptr, &block).value_or(std::string());
+    if (result.outcome == IoOutcome::Done)
+        packed.text = ZelXmlText(model, nullptr, &packed.block).value_or(std::string());
     Header header;
     header.resultSize = static_cast<std::uint64_t>(report.size());
-    header.textSize = text.size();
-    header.blockSize = static_cast<std::uint64_t>(block.size());
-    std::string piece(sizeof header, '\0');
-    piece.reserve(piece.size() + header.resultSize + header.textSize + header.blockSize);
-    piece.append(report.constData(), header.resultSize);
-    piece += text;
-    piece.append(block.constData(), header.blockSize);
-    header.checksum = checksumOf(std::string_view(piece).substr(sizeof header));
-    std::memcpy(piece.data(), &header, sizeof header);
-    return piece;
+    header.textSize = packed.text.size();
+    header.blockSize = packed.block.size();
+    header.checksums[0] = checksumOf({report.constData(), header.resultSize});
+    header.checksums[1] = checksumOf(packed.text);
+    header.checksums[2] = checksumOf(packed.block);
+    packed.head.assign(reinterpret_cast<char const*>(&header), sizeof header);
+    packed.head.append(report.constData(), header.resultSize);
+    return packed;
 }
 
 ReadResult unpackModel(std::string_view piece, ReadRequest const& request, ZELProductStructure& model)
@@ -109,13 +119,17 @@ ReadResult unpackModel(std::string_view piece, ReadRequest const& request, ZELPr
     bool const fits = header.resultSize <= piece.size() &&
                       header.textSize <= piece.size() - header.resultSize &&
                       header.blockSize == piece.size() - header.resultSize - header.textSize;
-    if (std::memcmp(header.mark, ours.mark, sizeof ours.mark) != 0 || header.version != ours.version ||
-        !fits || header.checksum != checksumOf(piece))
+    if (std::memcmp(header.mark, ours.mark, sizeof ours.mark) != 0 || header.version != ours.version || !fits)
         return damaged;
-    auto result = resultOf(piece.substr(0, header.resultSize));
+    auto const report = piece.substr(0, header.resultSize);
+    auto const text = piece.substr(header.resultSize, header.textSize);
+    auto const block = piece.substr(header.resultSize + header.textSize);
+    if (checksumOf(report) != header.checksums[0] || checksumOf(text) != header.checksums[1] ||
+        checksumOf(block) != header.checksums[2])
+        return damaged;
+    auto result = resultOf(report);
     if (result.outcome != IoOutcome::Done) return result;
-    piece.remove_prefix(header.resultSize);
-    auto read = ReadZelXml(piece.substr(0, header.textSize), request, model, piece.substr(header.textSize));
+    auto read = ReadZelXml(text, request, model, block);
     if (read.outcome != IoOutcome::Done) return read;
     result.materials = std::move(read.materials);
     return result;

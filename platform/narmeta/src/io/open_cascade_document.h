@@ -4,6 +4,7 @@
 
 #include "StepEntities.h"
 #include "gltf_materials.h"
+#include "open_cascade_tessellation.h"
 
 #include <narmeta/io/ZelIO.h>
 
@@ -26,6 +27,8 @@
 #include <TopoDS_TShape.hxx>
 #include <XCAFDoc_ColorTool.hxx>
 #include <XCAFDoc_ShapeTool.hxx>
+
+class QJsonObject;
 
 namespace NarMetaInfra
 {
@@ -105,6 +108,8 @@ struct KernelDocument {
     bool isMesh = false;
     /// Names are bytes of unknown encoding that the kernel widened one by one.
     bool hasByteNames = false;
+    /// Files that were read beside this one; nothing where that can't be told.
+    std::optional<std::vector<std::filesystem::path>> otherFiles{std::in_place};
     /// The file's name without folder and extension.
     std::wstring title;
     std::vector<std::string> warnings;
@@ -119,6 +124,7 @@ struct LoadTimes {
 /// What a translation has at hand beside the document.
 struct LoadSupport {
     PartMesher& mesher; ///< for parts that are complete while others are still translated
+    TessellationFineness fineness;
     LoadTimes& times;
 };
 
@@ -148,5 +154,5 @@ LoadOutcome loadStl(std::filesystem::path const&, KernelDocument&, LoadSupport c
 
 /// Takes the placements of glTF nodes from the file, since the kernel evens out scales that differ along the
 /// axes.
-void restoreGltfPlacements(std::filesystem::path const& file, KernelDocument& document);
+void restoreGltfPlacements(QJsonObject const& source, KernelDocument& document);
 } // namespace NarMetaInfra

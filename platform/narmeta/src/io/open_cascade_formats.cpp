@@ -1,4 +1,4 @@
-#include "gltf_nodes.h"
+#include "PlainGltf.h"
 #include "mesh_text_check.h"
 #include "open_cascade_document.h"
 #include "open_cascade_guard.h"
@@ -15,7 +15,6 @@
 #include <IGESControl_Controller.hxx>
 #include <Interface_Static.hxx>
 #include <Message_ProgressScope.hxx>
-#include <QJsonObject>
 #include <RWGltf_CafReader.hxx>
 #include <RWObj_CafReader.hxx>
 #include <RWStl.hxx>
@@ -159,15 +158,18 @@ LoadOutcome loadBrep(std::filesystem::path const& file, KernelDocument& document
 LoadOutcome loadGltf(std::filesystem::path const& file, KernelDocument& document, LoadSupport const& support,
                      Message_ProgressRange const& range)
 {
-    if (auto const refusal = refusalOfGltf(readGltfJson(file)); !refusal.empty())
-        return LoadFailure{IoOutcome::Damaged, "the glTF file can't be shown: " + refusal};
+    PlainGltf const source(file);
+    if (!source.refusal().empty())
+        return LoadFailure{IoOutcome::Damaged, "the glTF file can't be shown: " + source.refusal()};
     RWGltf_CafReader reader;
     // Lengths are metres and y points up by the format's own definition; the model has millimetres and z up.
     reader.SetSystemCoordinateSystem(RWMesh_CoordinateSystem_Zup);
-    auto outcome = loadMeshScene(reader, "glTF", file, document, support, range);
+    auto outcome = loadMeshScene(reader, "glTF", source.path(), document, support, range);
     if (outcome || range.UserBreak()) return outcome;
-    restoreGltfPlacements(file, document);
-    document.materialDetails = readGltfMaterials(file);
+    restoreGltfPlacements(source.document(), document);
+    document.materialDetails = readGltfMaterials(source.document());
+    document.otherFiles = source.otherFiles();
+    for (auto const& warning : source.warnings()) document.warnings.push_back(warning);
     return outcome;
 }
 
@@ -178,6 +180,7 @@ LoadOutcome loadObj(std::filesystem::path const& file, KernelDocument& document,
     RWObj_CafReader reader;
     auto outcome = loadMeshScene(reader, "OBJ", file, document, support, range);
     if (!outcome && !isObjTailWhole(tailOf(file))) document.warnings.push_back(endsEarly("OBJ"));
+    document.otherFiles = objMaterialFiles(file);
     return outcome;
 }
 

@@ -49,9 +49,9 @@ private:
 };
 } // namespace
 
-void restoreGltfPlacements(std::filesystem::path const& file, KernelDocument& document)
+void restoreGltfPlacements(QJsonObject const& source, KernelDocument& document)
 {
-    auto const nodes = readGltfNodes(file);
+    auto const nodes = readGltfNodes(source);
     if (!nodes) return;
     PlacementMatcher(document).match(document.rootLabels(), *nodes, 0);
 }

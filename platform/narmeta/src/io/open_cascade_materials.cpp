@@ -148,6 +148,8 @@ MaterialMaker::ImagePointer MaterialMaker::imageOf(Handle(Image_Texture) const& 
     std::string const id = source->TextureId().ToCString();
     auto const [entry, isNew] = Images.try_emplace(id);
     if (!isNew) return entry->second;
+    if (source->DataBuffer().IsNull() && source->FileLength() < 0)
+        Files.emplace_back(source->FilePath().ToCString());
     entry->second = decodeImage(bytesOf(source));
     if (!entry->second)
         Warnings.push_back("the image \"" + id + "\" of a texture is missing or can't be read");

@@ -4,6 +4,7 @@
 
 #include "gltf_materials.h"
 
+#include <filesystem>
 #include <narmeta/visu/MaterialContainer.h>
 
 #include <unordered_map>
@@ -29,6 +30,8 @@ public:
     GltfTextureUse const* coordinateUse(Handle(XCAFDoc_VisMaterial) const& material) const;
 
     void addTo(NarMetaVisu::MaterialContainer& container) const;
+    /// Images that lie in files of their own.
+    std::vector<std::filesystem::path> const& files() const { return Files; }
     /// One line for each image that can't be read.
     std::vector<std::string> const& warnings() const { return Warnings; }
 
@@ -52,6 +55,7 @@ private:
     std::map<std::string, ImagePointer> Images;
     std::map<std::string, TexturePointer> Textures; // by image, channel and wrapping
     std::map<std::wstring, int> Names;
+    std::vector<std::filesystem::path> Files;
     std::vector<std::string> Warnings;
 };
 } // namespace NarMetaInfra

@@ -178,7 +178,7 @@ ModelBuilder::InstancePointer ModelBuilder::makeInstance(TDF_Label const& compon
 
     // The look of a part as a whole goes to its bodies; an assembly has none, so its look goes to its
     // instances.
-    auto style = isOwn ? ShapeStyle() : labelStyle(Document, component);
+    auto style = isOwn || !Options.occurrenceLooks ? ShapeStyle() : labelStyle(Document, component);
     if (reference->GetKind() == ZELReference::Kind::Assembly)
         style = inherited(labelStyle(Document, label), style);
     if (style.hidden) instance->SetHidden(true);

@@ -17,6 +17,7 @@ struct BuildOptions {
     bool graphical = false;
     bool entityNames = false;
     bool exactShapes = false;
+    bool occurrenceLooks = true; ///< colours and visibility of single uses
 };
 
 /// Seconds spent in the two stages of a build.

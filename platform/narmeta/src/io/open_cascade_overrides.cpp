@@ -15,6 +15,8 @@ namespace NarMetaInfra
 void ModelBuilder::addMaterials(NarMetaVisu::MaterialContainer& container)
 {
     Materials.addTo(container);
+    if (auto& others = Document.otherFiles)
+        others->insert(others->end(), Materials.files().begin(), Materials.files().end());
     Document.warnings.insert(Document.warnings.end(), Materials.warnings().begin(),
                              Materials.warnings().end());
 }

@@ -11,6 +11,7 @@
 #include "text_encoding.h"
 
 #include <algorithm>
+#include <numbers>
 
 #include <Message_ProgressScope.hxx>
 
@@ -94,7 +95,9 @@ ReadResult OpenCascadeReader::readInSession(ReadRequest const& request, ZELProdu
     Handle(ReadProgress) const progress = new ReadProgress(request);
     Message_ProgressScope stages(progress->Start(), "read", 100);
     KernelDocument document;
-    PartMesher mesher(request.processors);
+    auto const& options = request.options;
+    TessellationFineness const fineness{options.distanceShare, options.angle * std::numbers::pi / 180.0};
+    PartMesher mesher(request.processors, fineness);
     document.title = wideFromBytes(request.path.stem().string());
     LoadTimes loadTimes;
     BuildTimes buildTimes;
@@ -104,15 +107,16 @@ ReadResult OpenCascadeReader::readInSession(ReadRequest const& request, ZELProdu
     if (progress->isCancelled()) return cancelled();
     std::error_code error;
     auto const path = std::filesystem::absolute(request.path, error);
-    LoadSupport const support{mesher, loadTimes};
+    LoadSupport const support{mesher, fineness, loadTimes};
     auto const loaded = Entry.load(error ? request.path : path, document, support, stages.Next(50));
     if (progress->isCancelled()) return cancelled();
     if (loaded) return ReadResult::Failure(loaded->outcome, wideFromBytes(loaded->cause));
 
     document.hideInvisibleLayers();
-    result.graphical = request.graphical || document.isMesh;
-    ModelBuilder builder(document, mesher, {result.graphical, request.persistentNames, request.exactShapes},
-                         model);
+    result.graphical = options.graphical || document.isMesh;
+    ModelBuilder builder(
+        document, mesher,
+        {result.graphical, options.persistentNames, options.exactShapes, options.occurrenceData}, model);
     {
         StageClock const clock(buildTimes.convert);
         builder.buildStructure();
@@ -123,10 +127,11 @@ ReadResult OpenCascadeReader::readInSession(ReadRequest const& request, ZELProdu
     builder.attachAnnotations();
     builder.readProperties();
     builder.readLayers();
-    builder.applyOverrides();
+    if (options.occurrenceData) builder.applyOverrides();
     if (!builder.hasContents())
         return ReadResult::Failure(IoOutcome::NothingToShow, L"the file holds nothing to show");
     builder.addMaterials(result.materials);
+    result.otherFiles = std::move(document.otherFiles);
     progress->report(1.0);
     addWarnings(result, document);
     using Seconds = std::chrono::duration<double>;

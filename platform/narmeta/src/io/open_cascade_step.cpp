@@ -78,6 +78,7 @@ LoadOutcome translate(std::filesystem::path const& file, KernelDocument& documen
     }
     if (failure)
         document.warnings.push_back("part of the STEP file could not be translated (" + *failure + ")");
+    document.otherFiles = reader.partFiles(file.parent_path());
     failure = guarded([&] { identifyStep(reader, document); });
     if (failure)
         document.warnings.push_back("entities of the STEP file could not be identified (" + *failure + ")");

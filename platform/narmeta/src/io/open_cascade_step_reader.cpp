@@ -103,6 +103,21 @@ std::string StepReader::refusal()
     return refusalOfPlaces(uses, roots.empty() ? users : roots);
 }
 
+std::vector<std::filesystem::path> StepReader::partFiles(std::filesystem::path const& folder)
+{
+    std::vector<std::filesystem::path> files;
+    for (auto entry = ExternFiles().cbegin(); entry != ExternFiles().cend(); ++entry) {
+        auto const& file = *entry;
+        bool const isRead = !file.IsNull() && !file->GetWS().IsNull();
+        auto const* const name = isRead ? file->GetWS()->LoadedFile() : nullptr;
+        if (name && *name)
+            files.push_back(folder / name);
+        else if (!file.IsNull() && !file->GetName().IsNull())
+            files.push_back(folder / file->GetName()->ToCString());
+    }
+    return files;
+}
+
 void StepReader::readExternal(std::string const& name, KernelDocument& document, PartMesher& mesher,
                               std::filesystem::path const& folder, Message_ProgressRange const& range)
 {

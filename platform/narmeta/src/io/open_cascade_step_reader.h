@@ -23,6 +23,8 @@ public:
 
     /// Why the assemblies of the file must not be expanded, in words for the user; empty if they may be.
     std::string refusal();
+    /// The files that parts were read from, once all is translated.
+    std::vector<std::filesystem::path> partFiles(std::filesystem::path const& folder);
 
 private:
     void readExternal(std::string const& name, KernelDocument& document, PartMesher& mesher,

@@ -23,8 +23,6 @@ namespace NarMetaInfra
 {
 namespace
 {
-constexpr double ShareOfExtent = 0.002;
-
 void computeNormals(TopoDS_Shape const& shape, bool parallel)
 {
     std::vector<TopoDS_Face> faces;
@@ -45,14 +43,14 @@ void computeNormals(TopoDS_Shape const& shape, bool parallel)
 }
 } // namespace
 
-TessellationTolerance toleranceFor(TopoDS_Shape const& shape)
+TessellationTolerance toleranceFor(TopoDS_Shape const& shape, TessellationFineness const& fineness)
 {
     Bnd_Box box;
     BRepBndLib::Add(shape, box, false);
-    TessellationTolerance tolerance;
+    TessellationTolerance tolerance{.angle = fineness.angle};
     if (box.IsVoid() || box.IsOpen()) return tolerance;
     auto const extent = std::sqrt(box.SquareExtent());
-    if (std::isfinite(extent) && extent > 0.0) tolerance.distance = std::max(extent * ShareOfExtent, 1e-6);
+    if (std::isfinite(extent) && extent > 0.0) tolerance.distance = std::max(extent * fineness.share, 1e-6);
     return tolerance;
 }
 

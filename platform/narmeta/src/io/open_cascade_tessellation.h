@@ -14,8 +14,14 @@ struct TessellationTolerance {
     double angle = 0.3142; // 20 segments to a circle
 };
 
+/// How fine shapes of any size are triangulated.
+struct TessellationFineness {
+    double share = 0.002; ///< largest distance, as a share of the shape's extent
+    double angle = 0.3142;
+};
+
 /// A share of the shape's extent; so a watch and a ship get about as many triangles.
-TessellationTolerance toleranceFor(TopoDS_Shape const& shape);
+TessellationTolerance toleranceFor(TopoDS_Shape const& shape, TessellationFineness const& fineness);
 
 /// Triangulates all faces and free edges, with normals from the surfaces. `parallel` uses the threads that
 /// setKernelThreads gave.

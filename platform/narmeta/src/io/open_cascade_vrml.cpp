@@ -44,6 +44,7 @@ LoadOutcome loadVrml(std::filesystem::path const& file, KernelDocument& document
 {
     StageClock const clock(support.times.parse);
     document.isMesh = true;
+    document.otherFiles = std::nullopt; // parts may be drawn in from other files, which the kernel reads
     TopoDS_Shape shape;
     bool isWhole = false;
     auto const failure = guarded([&] {
@@ -55,7 +56,7 @@ LoadOutcome loadVrml(std::filesystem::path const& file, KernelDocument& document
         VrmlData_DataMapOfShapeAppearance looks;
         shape = scene.GetShape(looks);
         if (shape.IsNull()) return;
-        auto const tolerance = toleranceFor(shape);
+        auto const tolerance = toleranceFor(shape, support.fineness);
         for (TopExp_Explorer face(shape, TopAbs_FACE); face.More(); face.Next()) {
             TopLoc_Location location;
             auto const isMeshed = !BRep_Tool::Triangulation(TopoDS::Face(face.Current()), location).IsNull();

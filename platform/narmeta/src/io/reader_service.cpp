@@ -19,9 +19,9 @@ namespace NarMetaInfra
 {
 namespace
 {
-std::uint64_t numberOf(char const* word)
+template <class Number = std::uint64_t> Number numberOf(char const* word)
 {
-    std::uint64_t number = 0;
+    Number number = 0;
     std::from_chars(word, word + std::strlen(word), number);
     return number;
 }
@@ -73,7 +73,19 @@ void endAborted(int signal)
 
 int serveRead(int count, char const* const* arguments)
 {
-    enum Position { Path = 1, Graphical, Names, Occurrences, Exact, Processors, Bytes, Parent, Count };
+    enum Position {
+        Path = 1,
+        Graphical,
+        Names,
+        Occurrences,
+        Exact,
+        Distance,
+        Angle,
+        Processors,
+        Bytes,
+        Parent,
+        Count
+    };
     if (count != Count) return 1;
     rlimit const noCore{0, 0};
     setrlimit(RLIMIT_CORE, &noCore);
@@ -88,10 +100,13 @@ int serveRead(int count, char const* const* arguments)
     try {
         ReadRequest request;
         request.path = arguments[Path];
-        request.graphical = numberOf(arguments[Graphical]) != 0;
-        request.persistentNames = numberOf(arguments[Names]) != 0;
-        request.occurrenceData = numberOf(arguments[Occurrences]) != 0;
-        request.exactShapes = numberOf(arguments[Exact]) != 0;
+        auto& options = request.options;
+        options.graphical = numberOf(arguments[Graphical]) != 0;
+        options.persistentNames = numberOf(arguments[Names]) != 0;
+        options.occurrenceData = numberOf(arguments[Occurrences]) != 0;
+        options.exactShapes = numberOf(arguments[Exact]) != 0;
+        options.distanceShare = numberOf<double>(arguments[Distance]);
+        options.angle = numberOf<double>(arguments[Angle]);
         request.processors =
             static_cast<unsigned>(std::clamp<std::uint64_t>(numberOf(arguments[Processors]), 1, 256));
         request.progress = reportProgress;
@@ -101,7 +116,10 @@ int serveRead(int count, char const* const* arguments)
         ZELProductStructure model;
         auto const result = reader->Read(request, model);
         if (result.outcome != IoOutcome::Done && isAtLimit()) return ReaderOutOfMemory;
-        return writeAll(ReaderResult, packModel(result, model)) ? 0 : 1;
+        auto const packed = packModel(result, model);
+        return std::ranges::all_of(packed.pieces(), [](auto piece) { return writeAll(ReaderResult, piece); })
+                   ? 0
+                   : 1;
     } catch (std::bad_alloc const&) {
         return ReaderOutOfMemory;
     } catch (std::exception const&) {

@@ -9,6 +9,10 @@
 namespace NarMetaInfra
 {
 
+class ModelReader;
+struct ReadRequest;
+struct ReadResult;
+
 /// Called with the share done, from 0 to 1; sets the flag to stop. Null when nobody listens.
 using Progress = void (*)(double done, bool& cancel);
 
@@ -40,18 +44,37 @@ struct FileFormat {
     std::vector<std::wstring> extensions;
 };
 
+/// What a reader takes from a file, and how fine.
+struct ReadOptions {
+    bool graphical = false;       ///< visualisation data in place of bodies
+    bool persistentNames = false; ///< the file's names of faces and edges
+    bool occurrenceData = true;   ///< what single uses of a part say of its look
+    bool exactShapes = false;     ///< the exact shapes of parts
+    /// Largest distance of triangles from the true shape, as a share of the part's extent.
+    double distanceShare = 0.002;
+    double angle = 18; ///< largest angle between neighbouring triangles, in degrees
+
+    friend bool operator==(ReadOptions const&, ReadOptions const&) = default;
+};
+
 /// Reads and writes models. What a file is is told by its first bytes, not by its name.
 class ZelIO
 {
 public:
     /// Asks for visualisation data in place of bodies; see IsGraphicalMode.
-    void RequestGraphicalMode(bool graphical) { requestGraphical_ = graphical; }
+    void RequestGraphicalMode(bool graphical) { options_.graphical = graphical; }
     /// What the last read that went well gave: the reader of a format that knows no bodies refuses false, and
     /// the other way round. Writing, and a read that fails, leave it: the model is still the one that was
     /// read.
     bool IsGraphicalMode() const { return graphical_; }
-    void SetReadPersistentNames(bool read) { persistentNames_ = read; }
-    void SetUseOccurrenceData(bool use) { occurrenceData_ = use; }
+    void SetReadPersistentNames(bool read) { options_.persistentNames = read; }
+    /// Lets the colour and the visibility of an occurrence go over its part's; true at first.
+    void SetUseOccurrenceData(bool use) { options_.occurrenceData = use; }
+    /// How fine exact shapes are triangulated; see ReadOptions. Both are above 0.
+    void SetTessellation(double distanceShare, double degrees)
+    {
+        options_.distanceShare = distanceShare, options_.angle = degrees;
+    }
     /// At least 1.
     void SetNumProcessors(unsigned count) { processors_ = count ? count : 1; }
 
@@ -64,7 +87,7 @@ public:
     /// Keeps read models in the user's cache folder, up to so many bytes in all; 0, the default, keeps none.
     void SetCacheLimit(std::uintmax_t bytes) { cacheLimit_ = bytes; }
     /// Keeps the exact shapes of parts, which STEP and BREP are written from.
-    void SetKeepExactShapes(bool keep) { exactShapes_ = keep; }
+    void SetKeepExactShapes(bool keep) { options_.exactShapes = keep; }
     /// A read keeps the materials to itself until PublishMaterials: for a read in a thread beside the one
     /// that uses the process's container.
     void SetPublishMaterialsLater(bool later) { publishesLater_ = later; }
@@ -96,15 +119,15 @@ public:
 
 private:
     void forgetResult();
+    /// From what was kept of an earlier read, if that serves.
+    ReadResult readOrTake(ModelReader const& reader, ReadRequest const& request,
+                          ZELProductStructure& model) const;
     bool writeKernel(wchar_t const* path, ZELProductStructure const* structure, ZELReference const* only,
                      Progress progress);
     bool fail(IoOutcome outcome, std::wstring cause);
 
-    bool requestGraphical_ = false;
+    ReadOptions options_;
     bool graphical_ = false;
-    bool persistentNames_ = false;
-    bool occurrenceData_ = false;
-    bool exactShapes_ = false;
     bool isIsolated_ = false;
     double secondsLimit_ = 0;
     std::uint64_t bytesLimit_ = 0;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -19,13 +18,9 @@ struct GltfNode {
     std::vector<GltfNode> children;
 };
 
-/// The structure of a .gltf or .glb file; empty if it can't be read.
-QJsonObject readGltfJson(std::filesystem::path const& file);
-
 /// Why the nodes of a scene must not be followed, in words for the user; empty if they may be.
 std::string refusalOfGltf(QJsonObject const& document);
 
-/// The root nodes of the default scene of a .gltf or .glb file. Nothing if the file's structure can't be
-/// followed.
-std::optional<std::vector<GltfNode>> readGltfNodes(std::filesystem::path const& file);
+/// The root nodes of a file's default scene. Nothing if the structure can't be followed.
+std::optional<std::vector<GltfNode>> readGltfNodes(QJsonObject const& document);
 } // namespace NarMetaInfra

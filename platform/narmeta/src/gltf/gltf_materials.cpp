@@ -1,7 +1,5 @@
 #include "gltf_materials.h"
 
-#include "gltf_nodes.h"
-
 #include <cmath>
 
 #include <QJsonArray>
@@ -87,9 +85,8 @@ std::array<float, 2> GltfTextureUse::moved(float u, float v) const
             static_cast<float>(1.0 - (offset[1] - s * x + c * y))};
 }
 
-std::map<std::string, GltfMaterial> readGltfMaterials(std::filesystem::path const& file)
+std::map<std::string, GltfMaterial> readGltfMaterials(QJsonObject const& document)
 {
-    auto const document = readGltfJson(file);
     MaterialScan const scan(document);
     std::map<std::string, GltfMaterial> materials;
     for (auto const& value : document["materials"].toArray()) {

@@ -4,13 +4,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 
-#include <QFile>
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
-#include <QtEndian>
 
 namespace NarMetaInfra
 {
@@ -20,19 +16,6 @@ using Matrix4 = std::array<double, 16>;
 
 constexpr int DepthLimit = 200;
 constexpr double MillimetresPerMetre = 1000.0;
-
-QByteArray jsonOf(std::filesystem::path const& path)
-{
-    QFile file(QString::fromStdString(path.string()));
-    if (!file.open(QIODevice::ReadOnly)) return {};
-    constexpr qint64 HeaderLength = 20; // of the container and of its first chunk
-    auto const start = file.peek(HeaderLength);
-    if (!start.startsWith("glTF")) return file.readAll();
-    if (start.size() < HeaderLength) return {};
-    auto const length = qFromLittleEndian<quint32>(start.constData() + 12);
-    file.skip(HeaderLength);
-    return file.read(std::min<qint64>(length, file.size()));
-}
 
 template <std::size_t Count> std::optional<std::array<double, Count>> numbers(QJsonValue const& value)
 {
@@ -103,14 +86,8 @@ std::optional<std::vector<GltfNode>> nodesOf(QJsonArray const& indices, QJsonArr
 }
 } // namespace
 
-QJsonObject readGltfJson(std::filesystem::path const& file)
+std::optional<std::vector<GltfNode>> readGltfNodes(QJsonObject const& document)
 {
-    return QJsonDocument::fromJson(jsonOf(file)).object();
-}
-
-std::optional<std::vector<GltfNode>> readGltfNodes(std::filesystem::path const& file)
-{
-    auto const document = readGltfJson(file);
     auto const scene = document["scenes"].toArray().at(document["scene"].toInt(0)).toObject();
     auto const nodes = document["nodes"].toArray();
     qsizetype unmet = nodes.size();

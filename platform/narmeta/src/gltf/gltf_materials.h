@@ -2,10 +2,11 @@
 
 #include <narmeta/visu/Texture.h>
 
-#include <filesystem>
 #include <map>
 #include <optional>
 #include <string>
+
+class QJsonObject;
 
 namespace NarMetaInfra
 {
@@ -36,5 +37,5 @@ struct GltfMaterial {
 };
 
 /// By name; materials without one are left out, and of two with one name the first holds.
-std::map<std::string, GltfMaterial> readGltfMaterials(std::filesystem::path const& file);
+std::map<std::string, GltfMaterial> readGltfMaterials(QJsonObject const& document);
 } // namespace NarMetaInfra
