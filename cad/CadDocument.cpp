@@ -137,7 +137,9 @@ bool CadDocument::doImport(wchar_t const* path, Progress progress)
 
 bool CadDocument::read(wchar_t const* path, Progress progress)
 {
-    IO->SetCacheLimit(std::uintmax_t{MiB} * static_cast<unsigned>(Settings::Current().CacheSize));
+    Settings const& settings = Settings::Current();
+    IO->SetCacheLimit(MiB * static_cast<unsigned>(settings.CacheSize));
+    IO->SetTessellation(settings.TessellationDistance * 1e-6, settings.TessellationAngle);
     IO->SetKeepExactShapes(true);
     return IO->Read(path, ProductStructure, progress);
 }

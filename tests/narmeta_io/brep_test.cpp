@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <numbers>
 #include <set>
 
 using namespace ReadSupport;
@@ -43,6 +44,25 @@ TEST(BrepReading, LengthsComeInMillimetresAndColoursAsBytes)
     // A polygon of at least 12 corners inside the circle of radius 5, ten high.
     EXPECT_GT(volumeOf(cylinder), 0.95 * 785.4);
     EXPECT_LT(volumeOf(cylinder), 785.4);
+}
+
+TEST(BrepReading, TrianglesKeepTheDistanceAndTheAngleAskedFor)
+{
+    auto const file = modelFolder() / "parts/red_cube_blue_cylinder.step";
+    REQUIRE_MODEL_FILE(file);
+    // The triangles of a cylinder lie inside it, the more so the coarser they are.
+    auto const volumeWith = [&](double share, double degrees) {
+        ZelIO io;
+        io.SetTessellation(share, degrees);
+        ZELProductStructure model;
+        EXPECT_TRUE(io.Read(file.wstring().c_str(), &model, nullptr));
+        return volumeOf(referenceNamed(model, L"blue_cylinder").GetBodies().at(0));
+    };
+    auto const fine = volumeWith(1e-4, 3), byDistance = volumeWith(0.02, 90), byAngle = volumeWith(0.5, 10);
+    EXPECT_NEAR(fine, std::numbers::pi * 5 * 5 * 10, 0.1);
+    EXPECT_LT(byAngle, fine - 1);
+    EXPECT_LT(byDistance, byAngle - 1);
+    EXPECT_NEAR(volumeWith(0.002, 18), byAngle, 0.1 * byAngle);
 }
 
 TEST(BrepReading, EdgesLieOnPointsOfTheFaces)

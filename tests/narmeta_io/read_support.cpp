@@ -182,9 +182,9 @@ bool hasStage(ZelIO const& io, std::wstring const& name)
     return std::ranges::any_of(io.GetTimings(), [&](StageTiming const& stage) { return stage.name == name; });
 }
 
-std::vector<char const*> const ComparedFiles = {"parts/red_cube_blue_cylinder.step",
-                                             "nist/nist_ctc_05_asme1_ap242-e1.stp", "asm/ublox_JODY-W4.step",
-                                             "gltf/car.glb", "mesh/cube_with_materials.obj"};
+std::vector<char const*> const ComparedFiles = {
+    "parts/red_cube_blue_cylinder.step", "nist/nist_ctc_05_asme1_ap242-e1.stp", "asm/ublox_JODY-W4.step",
+    "gltf/car.glb", "mesh/cube_with_materials.obj"};
 
 std::string fileTestName(testing::TestParamInfo<char const*> const& test)
 {

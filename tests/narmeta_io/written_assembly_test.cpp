@@ -197,6 +197,17 @@ TEST(WrittenAssembly, HiddenOccurrencesAreHidden)
     EXPECT_TRUE(instanceNamed(read->model, L"hidden one")->GetHidden(flag) && flag);
     flag = false;
     EXPECT_FALSE(instanceNamed(read->model, L"shown one")->GetHidden(flag) && flag);
+
+    // Who does not want to hear of single uses sees all of them alike.
+    ZelIO io;
+    io.SetUseOccurrenceData(false);
+    ZELProductStructure plain;
+    ASSERT_TRUE(io.Read((folder.path() / "machine.step").wstring().c_str(), &plain, nullptr));
+    for (auto const& instance : plain.GetRootInstances()) {
+        flag = false;
+        EXPECT_FALSE(instance->GetHidden(flag) && flag);
+        EXPECT_FALSE(instance->GetColours().GetColour());
+    }
 }
 
 TEST(WrittenAssembly, AnUnrelatedPartDoesNotChangeTheIdsOfOthers)

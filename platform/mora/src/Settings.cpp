@@ -31,6 +31,10 @@ constexpr Settings::Field fields[] = {
      86400},
     {"ReadMemoryLimit", &Settings::ReadMemoryLimit,
      "MiB that reading a file may take, 0 for three quarters of the memory", 0, 1 << 30},
+    {"TessellationDistance", &Settings::TessellationDistance,
+     "largest distance of triangles from a surface, in millionths of the part's size", 10, 100000},
+    {"TessellationAngle", &Settings::TessellationAngle,
+     "largest angle between neighbouring triangles of a surface, in degrees", 1, 90},
     {"CacheSize", &Settings::CacheSize, "MiB of read models kept for a second open, 0 for none", 0, 1 << 20},
 };
 

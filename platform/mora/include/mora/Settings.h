@@ -30,7 +30,10 @@ public:
     bool ClassicalOrientation = false;  ///< true: Y is up; false: Z is up
     int ReadTimeLimit = 600;            ///< seconds a guarded read may take; 0: no limit
     int ReadMemoryLimit = 0; ///< MiB a guarded read may take; 0: three quarters of the machine's memory
-    int CacheSize = 1024;    ///< MiB of read models kept for a second open; 0: none are kept
+    /// Largest distance of triangles from an exact surface, in millionths of the part's extent.
+    int TessellationDistance = 2000;
+    int TessellationAngle = 18; ///< largest angle between neighbouring triangles, in degrees
+    int CacheSize = 1024;       ///< MiB of read models kept for a second open; 0: none are kept
 
     /// The settings in force. A host may write to them.
     static Settings& Current();
