@@ -93,7 +93,7 @@ TEST_F(SettingsFile, RoundTripKeepsEveryField)
     Settings saved;
     for (Settings::Field const& field : Settings::Fields()) {
         bool const taken = saved.SetText(field, saved.GetText(field) == "true" ? "false" : "true") ||
-                           saved.SetText(field, "3") || saved.SetText(field, "#01020304");
+                           saved.SetText(field, std::to_string(field.highest)) || saved.SetText(field, "#01020304");
         ASSERT_TRUE(taken) << field.name;
     }
     EXPECT_EQ(saved.Save(), L"");

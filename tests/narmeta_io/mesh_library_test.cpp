@@ -140,8 +140,9 @@ std::string archive(std::vector<std::pair<std::string, std::string>> const& file
     return body + directory + end;
 }
 
-// In inches: a pair of boxes, made of the same object.
-std::string packedText()
+// In inches: a pair of boxes, made of the same object. Where it is painted, two of its triangles have colours
+// of their own.
+std::string packedText(bool painted)
 {
     auto vertices = lines(Corners, "<vertex x=\"", "\"/>"),
          triangles = lines(Triangles, "<triangle v1=\"", "\"/>");
@@ -155,12 +156,19 @@ std::string packedText()
         }
         return made;
     };
+    auto coloured = named(triangles, {"v2", "v3"});
+    if (painted) {
+        coloured.replace(coloured.find("/>"), 2, " pid=\"5\" p1=\"0\"/>\n");
+        coloured.replace(coloured.find("/>", coloured.find("\n")), 2,
+                         " pid=\"5\" p1=\"0\" p2=\"1\" p3=\"1\"/>");
+    }
     auto const model = R"(<?xml version="1.0" encoding="UTF-8"?>
-<model unit="inch" xmlns="http://schemas.microsoft.com/3dmanufacturing/core/2015/02"><resources>
+<model unit="inch" xmlns="http://schemas.microsoft.com/3dmanufacturing/core/2015/02"
+ xmlns:m="http://schemas.microsoft.com/3dmanufacturing/material/2015/02"><resources>
+<m:colorgroup id="5"><m:color color="#00FF00"/><m:color color="#0000FF80"/></m:colorgroup>
 <basematerials id="1"><base name="Red" displaycolor="#FF0000FF"/></basematerials>
 <object id="2" type="model" name="block" pid="1" pindex="0"><mesh><vertices>)" +
-                       named(vertices, {"y", "z"}) + "</vertices><triangles>" +
-                       named(triangles, {"v2", "v3"}) +
+                       named(vertices, {"y", "z"}) + "</vertices><triangles>" + coloured +
                        R"(</triangles></mesh></object>
 <object id="3" type="model" name="pair"><components><component objectid="2"/>
 <component objectid="2" transform="1 0 0 0 1 0 0 0 1 50 0 0"/></components></object>
@@ -187,7 +195,15 @@ std::vector<Sample> const Samples = {
     {"binary.ply", plyBinary, 1, 0, 1, 30, L"binary", {}},
     {"box.off", offText, 1, 0, 1, 30, L"box", {}},
     {"group.dae", colladaText, 1, 1, 2, 300, L"g", {{51, 102, 153}}},
-    {"pair.3mf", packedText, 1, 1, 2, 762, L"block", {{255, 0, 0}}},
+    {"pair.3mf", [] { return packedText(false); }, 1, 1, 2, 762, L"block", {{255, 0, 0}}},
+    {"painted.3mf",
+     [] { return packedText(true); },
+     1,
+     1,
+     2,
+     762,
+     L"block",
+     {{0, 85, 170}, {0, 255, 0}, {255, 0, 0}}},
 };
 
 struct Found {

@@ -63,28 +63,33 @@ SmoothedMesh normalsOf(aiMesh const& mesh)
     return made;
 }
 
-using ColourKey = std::array<unsigned short, 4>;
-
 // The mean of each triangle's corners.
-std::vector<ColourKey> coloursOf(aiMesh const& mesh, SmoothedMesh const& whole)
+std::vector<TriangleColour> coloursOf(aiMesh const& mesh, SmoothedMesh const& whole)
 {
-    std::vector<ColourKey> keys;
-    auto const* const colours = mesh.mColors[0];
+    std::vector<TriangleColour> colours;
+    if (!mesh.HasVertexColors(0)) return colours;
+    auto const* const corners = mesh.mColors[0];
     for (std::size_t i = 0; i + 2 < whole.triangles.size(); i += 3) {
         aiColor4D sum;
-        for (std::size_t k = 0; k < 3; ++k) sum += colours[whole.sources[whole.triangles[i + k]]];
-        keys.push_back({byteOf(sum.r / 3), byteOf(sum.g / 3), byteOf(sum.b / 3), byteOf(sum.a / 3)});
+        for (std::size_t k = 0; k < 3; ++k) sum += corners[whole.sources[whole.triangles[i + k]]];
+        colours.push_back({{byteOf(sum.r / 3), byteOf(sum.g / 3), byteOf(sum.b / 3), byteOf(sum.a / 3)}});
     }
+    return colours;
+}
+
+void makeFew(std::vector<TriangleColour>& colours)
+{
     for (unsigned short step = 2; step <= 128; step = static_cast<unsigned short>(2 * step)) {
-        auto distinct = keys;
+        auto distinct = colours;
         std::ranges::sort(distinct);
         distinct.erase(std::ranges::unique(distinct).begin(), distinct.end());
         if (distinct.size() <= MostPatches) break;
-        for (auto& key : keys)
-            for (auto& channel : key)
+        for (auto& colour : colours)
+            for (std::size_t k = 0; colour && k < colour->size(); ++k) {
+                auto& channel = (*colour)[k];
                 channel = static_cast<unsigned short>(std::min(channel / step * step + step / 2, 255));
+            }
     }
-    return keys;
 }
 
 class PatchMaker
@@ -126,21 +131,22 @@ Colour colourOf(aiColor4D const& colour)
     return {byteOf(colour.r), byteOf(colour.g), byteOf(colour.b)};
 }
 
-std::vector<MeshPatch> patchesOf(aiMesh const& mesh)
+std::vector<MeshPatch> patchesOf(aiMesh const& mesh, std::vector<TriangleColour> const& own)
 {
     if (!(mesh.mPrimitiveTypes & aiPrimitiveType_TRIANGLE)) return {};
     auto const whole = normalsOf(mesh);
     if (whole.triangles.empty()) return {};
-    std::map<ColourKey, MeshPatch> patches;
-    auto const keys = mesh.HasVertexColors(0) ? coloursOf(mesh, whole) : std::vector<ColourKey>();
+    std::map<TriangleColour, MeshPatch> patches;
+    auto colours = 3 * own.size() == whole.triangles.size() ? own : coloursOf(mesh, whole);
+    makeFew(colours);
     PatchMaker maker(mesh, whole);
     for (std::size_t i = 0; i < whole.triangles.size(); ++i)
-        maker.add(patches[keys.empty() ? ColourKey{} : keys[i / 3]], whole.triangles[i]);
+        maker.add(patches[colours.empty() ? TriangleColour() : colours[i / 3]], whole.triangles[i]);
     std::vector<MeshPatch> made;
-    for (auto& [key, patch] : patches) {
-        if (!keys.empty()) {
-            patch.colour = Colour{key[0], key[1], key[2]};
-            if (key[3] < 255) patch.alpha = key[3];
+    for (auto& [colour, patch] : patches) {
+        if (colour) {
+            patch.colour = Colour{(*colour)[0], (*colour)[1], (*colour)[2]};
+            if ((*colour)[3] < 255) patch.alpha = (*colour)[3];
         }
         made.push_back(std::move(patch));
     }

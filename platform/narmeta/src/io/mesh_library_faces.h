@@ -4,6 +4,8 @@
 
 #include <narmeta/infra/BrepBody.h>
 
+#include <array>
+
 #include <assimp/color4.h>
 
 struct aiMesh;
@@ -18,9 +20,13 @@ struct MeshPatch {
     std::optional<unsigned short> alpha;
 };
 
-/// The triangles of a mesh, with normals. Where its points have colours of their own, triangles of one mean
-/// colour make a patch each; colours that hardly differ become one if there would be too many.
-std::vector<MeshPatch> patchesOf(aiMesh const& mesh);
+/// Red, green, blue and alpha as bytes; nothing where the mesh's material holds.
+using TriangleColour = std::optional<std::array<unsigned short, 4>>;
+
+/// The triangles of a mesh, with normals. Where they or its points have colours of their own, triangles of
+/// one mean colour make a patch each; colours that hardly differ become one if there would be too many.
+/// @p colours: of the triangles, if the file has them; a list that does not fit the mesh counts for none.
+std::vector<MeshPatch> patchesOf(aiMesh const& mesh, std::vector<TriangleColour> const& colours = {});
 
 /// Lines become edges of the body, points its vertices.
 void addCurvesAndPoints(aiMesh const& mesh, BrepBody& body);

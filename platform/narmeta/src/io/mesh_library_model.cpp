@@ -144,7 +144,8 @@ BrepBody SceneTranslator::bodyOf(aiMesh const& mesh, Id id, FaceSurfaces& surfac
     body.colour = look.colour;
     body.alpha = look.alpha;
     addCurvesAndPoints(mesh, body);
-    for (auto& patch : patchesOf(mesh)) {
+    auto const colours = Colours.find(mesh.mName.C_Str());
+    for (auto& patch : colours == Colours.end() ? patchesOf(mesh) : patchesOf(mesh, colours->second)) {
         auto const face = NarMeta::HashId(id, "face", body.faces.size());
         auto& record = body.AddFace(face, patch.points, patch.normals, patch.triangles);
         record.colour = patch.colour;

@@ -3,6 +3,7 @@
 // Only for sources of this folder that see the mesh library.
 
 #include "ModelReader.h"
+#include "mesh_library_faces.h"
 #include "visualisation_nodes.h"
 
 #include <narmeta/visu/MaterialContainer.h>
@@ -28,6 +29,11 @@ public:
 
     /// In place of what the library calls nodes and meshes.
     void setNames(std::map<std::wstring, std::wstring> names) { Names = std::move(names); }
+    /// Of the triangles of meshes, by the names that the library gives these.
+    void setColours(std::map<std::string, std::vector<TriangleColour>> colours)
+    {
+        Colours = std::move(colours);
+    }
     /// False if the scene holds nothing that can be shown.
     bool translate();
     NarMetaVisu::MaterialContainer takeMaterials() { return std::move(Materials); }
@@ -65,6 +71,7 @@ private:
     std::map<unsigned, Surface> Surfaces;
     std::map<std::wstring, int> Pids;
     std::map<std::wstring, std::wstring> Names;
+    std::map<std::string, std::vector<TriangleColour>> Colours;
     NarMetaVisu::MaterialContainer Materials;
     std::vector<std::wstring> Warnings;
     std::vector<std::filesystem::path> OtherFiles;

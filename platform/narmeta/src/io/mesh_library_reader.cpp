@@ -173,6 +173,7 @@ ReadResult MeshLibraryReader::readInSession(ReadRequest const& request, ZELProdu
     SceneTranslator translator(*scene, request.path.parent_path(),
                                wideFromBytes(request.path.stem().string()), placement, model);
     translator.setNames(libraryNames(words));
+    translator.setColours(std::move(words.colours));
     {
         StageClock const clock(convert);
         if (!translator.translate())

@@ -1,8 +1,10 @@
 #include "packed_model.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstring>
+#include <functional>
 
 #include <QXmlStreamReader>
 #include <zlib.h>
@@ -50,6 +52,97 @@ double millimetresIn(QStringView unit)
         if (unit == QLatin1String(name)) return length;
     return 1.0;
 }
+
+/// Goes through the text of a model once.
+class WordScan
+{
+public:
+    explicit WordScan(QByteArray const& text)
+    {
+        QXmlStreamReader xml(text);
+        while (!xml.atEnd()) {
+            auto const token = xml.readNext();
+            if (token == QXmlStreamReader::StartElement)
+                open(xml.name(), xml.attributes());
+            else if (token == QXmlStreamReader::EndElement && xml.name() == QLatin1String("object"))
+                closeObject();
+        }
+    }
+
+    PackedModelWords words() { return std::move(Words); }
+
+private:
+    using Channels = std::array<unsigned short, 4>;
+
+    void open(QStringView name, QXmlStreamAttributes const& attributes)
+    {
+        if (name == QLatin1String("triangle")) {
+            Colours.push_back(colourOf(attributes));
+        } else if (name == QLatin1String("base")) {
+            addColour(attributes.value("displaycolor"));
+        } else if (name == QLatin1String("color")) {
+            addColour(attributes.value("color"));
+        } else if (name == QLatin1String("basematerials") || name == QLatin1String("colorgroup")) {
+            List = &Lists[attributes.value("id").toString()];
+        } else if (name == QLatin1String("model")) {
+            Words.millimetres = millimetresIn(attributes.value("unit"));
+        } else if (name == QLatin1String("object")) {
+            Object = attributes.value("id").toString().toStdString();
+            DefaultList = attributes.value("pid").toString();
+            DefaultIndex = attributes.value("pindex").toInt();
+            Colours.clear();
+            if (auto const own = attributes.value("name"); !own.isEmpty())
+                Words.names[Object] = own.toString().toStdWString();
+        }
+    }
+
+    void closeObject()
+    {
+        bool const differ = std::ranges::adjacent_find(Colours, std::ranges::not_equal_to()) != Colours.end();
+        if (differ) Words.colours[Object] = std::move(Colours);
+        Colours.clear();
+    }
+
+    // "#RRGGBB" or "#RRGGBBAA".
+    void addColour(QStringView text)
+    {
+        if (!List) return;
+        Channels channels{255, 255, 255, 255};
+        for (qsizetype i = 0; i < 4 && 2 * i + 3 <= text.size(); ++i)
+            channels[static_cast<std::size_t>(i)] = text.mid(2 * i + 1, 2).toUShort(nullptr, 16);
+        List->push_back(channels);
+    }
+
+    // The mean of the corners.
+    TriangleColour colourOf(QXmlStreamAttributes const& triangle) const
+    {
+        auto const own = triangle.value("pid");
+        auto const list = Lists.find(own.isEmpty() ? DefaultList : own.toString());
+        if (list == Lists.end()) return std::nullopt;
+        auto const indexOf = [&](char const* corner, int otherwise) {
+            auto const value = triangle.value(QLatin1String(corner));
+            return value.isEmpty() ? otherwise : value.toInt();
+        };
+        auto const first = indexOf("p1", DefaultIndex);
+        std::array<unsigned, 4> sum{};
+        for (auto const* const corner : {"p1", "p2", "p3"}) {
+            auto const index = static_cast<std::size_t>(std::max(indexOf(corner, first), 0));
+            if (index >= list->second.size()) return std::nullopt;
+            for (std::size_t k = 0; k < 4; ++k) sum[k] += list->second[index][k];
+        }
+        Channels mean;
+        for (std::size_t k = 0; k < 4; ++k) mean[k] = static_cast<unsigned short>(sum[k] / 3);
+        return mean;
+    }
+
+    PackedModelWords Words;
+    std::map<QString, std::vector<Channels>> Lists; // by number
+    std::vector<Channels>* List = nullptr;          // that is being read
+    std::string Object;
+    QString DefaultList;
+    int DefaultIndex = 0;
+    std::vector<TriangleColour> Colours; // of the object that is being read
+};
 } // namespace
 
 std::string zipEntry(std::string_view archive, std::string_view ending, std::size_t limit)
@@ -82,20 +175,7 @@ std::string zipEntry(std::string_view archive, std::string_view ending, std::siz
 
 PackedModelWords packedModelWords(std::string_view archive)
 {
-    PackedModelWords words;
     auto const text = zipEntry(archive, ".model", LargestModel);
-    QXmlStreamReader xml(QByteArray::fromRawData(text.data(), static_cast<qsizetype>(text.size())));
-    while (!xml.atEnd()) {
-        if (xml.readNext() != QXmlStreamReader::StartElement) continue;
-        auto const attributes = xml.attributes();
-        if (xml.name() == QLatin1String("model")) {
-            words.millimetres = millimetresIn(attributes.value("unit"));
-        } else if (xml.name() == QLatin1String("object")) {
-            auto const name = attributes.value("name");
-            if (!name.isEmpty())
-                words.names[attributes.value("id").toString().toStdString()] = name.toString().toStdWString();
-        }
-    }
-    return words;
+    return WordScan(QByteArray::fromRawData(text.data(), static_cast<qsizetype>(text.size()))).words();
 }
 } // namespace NarMetaInfra

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "mesh_library_faces.h"
+
 #include <map>
 #include <string>
 #include <string_view>
@@ -10,6 +12,8 @@ namespace NarMetaInfra
 struct PackedModelWords {
     double millimetres = 1.0;                  ///< in the file's unit of length
     std::map<std::string, std::wstring> names; ///< of objects, by their number
+    /// Of each triangle of an object, by its number, where they differ.
+    std::map<std::string, std::vector<TriangleColour>> colours;
 };
 
 /// Contents of the first entry of a ZIP archive whose name ends in @p ending, stored or deflated; empty if
