@@ -1,152 +1,133 @@
+#include "StepText.h"
 #include "file_counts.h"
 
-#include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
-#include <set>
-#include <string_view>
-#include <vector>
+#include <fstream>
+#include <iterator>
 
 namespace
 {
-struct Entity {
-    std::vector<std::string> types; // one, or those of a combined instance
-    std::string body;               // without strings
-    std::string strings;            // their characters
-    std::vector<int> references;
-};
-
-class StepText
+bool isCurve(std::string_view type)
 {
-public:
-    explicit StepText(std::string const& text)
-    {
-        std::string statement, strings;
-        bool inString = false, inComment = false;
-        for (std::size_t i = 0; i < text.size(); ++i) {
-            char const c = text[i];
-            if (inComment) {
-                inComment = !(c == '/' && text[i - 1] == '*');
-            } else if (c == '\'') {
-                inString = !inString;
-            } else if (inString) {
-                strings += c;
-            } else if (c == '/' && text.compare(i, 2, "/*") == 0) {
-                inComment = true;
-                ++i;
-            } else if (c == ';') {
-                enter(statement, strings);
-                statement.clear();
-                strings.clear();
-            } else if (!std::isspace(static_cast<unsigned char>(c))) {
-                statement += c;
-            }
-        }
-    }
-
-    int count(std::string_view type) const
-    {
-        return static_cast<int>(std::ranges::count_if(Entities, [&](auto const& entry) {
-            return std::ranges::find(entry.second.types, type) != entry.second.types.end();
-        }));
-    }
-    template <typename Test> int countIf(Test const& test) const
-    {
-        return static_cast<int>(std::ranges::count_if(
-            Entities, [&](auto const& entry) { return std::ranges::any_of(entry.second.types, test); }));
-    }
-
-    std::map<int, Entity> Entities;
-
-private:
-    void enter(std::string const& statement, std::string const& strings)
-    {
-        if (statement.empty() || statement[0] != '#') return;
-        auto const equals = statement.find('=');
-        if (equals == std::string::npos) return;
-        Entity entity;
-        entity.body = statement.substr(equals + 1);
-        entity.strings = strings;
-        int depth = 0;
-        int const typeDepth = entity.body[0] == '(' ? 1 : 0;
-        std::string word;
-        for (std::size_t i = 0; i < entity.body.size(); ++i) {
-            char const c = entity.body[i];
-            if (c == '(') {
-                if (depth == typeDepth && !word.empty()) entity.types.push_back(word);
-                ++depth;
-                word.clear();
-            } else if (c == ')') {
-                --depth;
-                word.clear();
-            } else if (c == '#') {
-                entity.references.push_back(std::atoi(entity.body.c_str() + i + 1));
-                word.clear();
-            } else {
-                word += c;
-            }
-        }
-        Entities[std::atoi(statement.c_str() + 1)] = std::move(entity);
-    }
-};
-
-bool isTolerance(std::string_view type)
-{
-    static constexpr std::array<std::string_view, 14> Names = {
-        "ANGULARITY_TOLERANCE",      "CIRCULAR_RUNOUT_TOLERANCE", "COAXIALITY_TOLERANCE",
-        "CONCENTRICITY_TOLERANCE",   "CYLINDRICITY_TOLERANCE",    "FLATNESS_TOLERANCE",
-        "LINE_PROFILE_TOLERANCE",    "PARALLELISM_TOLERANCE",     "PERPENDICULARITY_TOLERANCE",
-        "POSITION_TOLERANCE",        "ROUNDNESS_TOLERANCE",       "STRAIGHTNESS_TOLERANCE",
-        "SURFACE_PROFILE_TOLERANCE", "TOTAL_RUNOUT_TOLERANCE"};
-    return type == "SYMMETRY_TOLERANCE" || std::ranges::find(Names, type) != Names.end();
+    return type == "TRIMMED_CURVE" || type == "CIRCLE" || type == "POLYLINE" ||
+           type.starts_with("B_SPLINE_CURVE");
 }
 
-bool isDimension(std::string_view type)
+// What an invisibility names: styles stand for what they are put on, layers for what lies on them.
+void collectHidden(StepText const& text, int number, std::set<int>& hidden)
 {
-    return type == "DIMENSIONAL_SIZE" || type == "ANGULAR_SIZE" || type == "DIMENSIONAL_SIZE_WITH_PATH" ||
-           type == "DIMENSIONAL_LOCATION" || type == "ANGULAR_LOCATION" ||
-           type == "DIRECTED_DIMENSIONAL_LOCATION" || type == "DIMENSIONAL_LOCATION_WITH_PATH";
+    if (!text.Entities.contains(number) || !hidden.insert(number).second) return;
+    auto const& [types, body, strings, references] = text.Entities.at(number);
+    if (types.front() == "PRESENTATION_LAYER_ASSIGNMENT" || types.front() == "GEOMETRIC_CURVE_SET")
+        for (int const member : references) collectHidden(text, member, hidden);
+    if (types.front().ends_with("STYLED_ITEM") && !references.empty())
+        collectHidden(text, references.back(), hidden);
 }
 
-// Colours of surfaces that a style leads to.
-void collectColours(StepText const& text, int number, int depth, std::set<std::string>& colours)
+void countHidden(StepText const& text, std::set<int> const& hidden, Counts& counts)
 {
-    auto const found = text.Entities.find(number);
-    if (found == text.Entities.end() || depth > 12) return;
-    auto const& [types, body, strings, references] = found->second;
-    if (types.empty() || types[0] == "CURVE_STYLE" || types[0] == "POINT_STYLE") return;
-    if (types[0] == "COLOUR_RGB") {
-        double rgb[3] = {};
-        auto const comma = body.find(',');
-        if (comma != std::string::npos &&
-            std::sscanf(body.c_str() + comma, ",%lf,%lf,%lf", &rgb[0], &rgb[1], &rgb[2]) == 3)
-            colours.insert(colourText(rgb[0], rgb[1], rgb[2]));
-        return;
+    std::set<int> faces;
+    for (int const number : hidden) {
+        faces.merge(facesBelow(text, number));
+        if (text.is(number, isCurve)) ++counts["hidden curves"];
+        if (text.is(number, [](std::string_view type) { return type == "COMPOSITE_CURVE"; }))
+            counts["hidden curves"] += static_cast<int>(text.Entities.at(number).references.size());
     }
-    if (types[0] == "DRAUGHTING_PRE_DEFINED_COLOUR") {
-        static std::map<std::string, std::string> const Named = {
-            {"red", "ff0000"},     {"green", "00ff00"}, {"blue", "0000ff"},  {"yellow", "ffff00"},
-            {"magenta", "ff00ff"}, {"cyan", "00ffff"},  {"black", "000000"}, {"white", "ffffff"}};
-        if (auto const named = Named.find(strings); named != Named.end()) colours.insert(named->second);
-        return;
-    }
-    for (int const next : references) collectColours(text, next, depth + 1, colours);
+    counts["hidden faces"] = static_cast<int>(faces.size());
 }
-// Not of the points and curves that stand for themselves, nor of the lines of annotations.
-bool isStyleOfSurface(StepText const& text, Entity const& entity)
+
+void countDrawn(StepText const& text, std::set<int> const& hidden, Counts& counts)
 {
-    static constexpr std::array<std::string_view, 3> Styles = {"STYLED_ITEM", "OVER_RIDING_STYLED_ITEM",
-                                                               "CONTEXT_DEPENDENT_OVER_RIDING_STYLED_ITEM"};
-    if (entity.types.empty() || entity.references.empty()) return false;
-    if (std::ranges::find(Styles, entity.types[0]) == Styles.end()) return false;
-    auto const item = text.Entities.find(entity.references.back());
-    if (item == text.Entities.end() || item->second.types.empty()) return false;
-    std::string_view const kind = item->second.types[0];
-    return kind.ends_with("FACE") || kind.ends_with("BREP") || kind.ends_with("SHELL") ||
-           kind == "BREP_WITH_VOIDS" || kind == "SHELL_BASED_SURFACE_MODEL" || kind == "MAPPED_ITEM" ||
-           kind == "ADVANCED_BREP_SHAPE_REPRESENTATION" || kind == "SHAPE_REPRESENTATION";
+    auto const isCallout = [](std::string_view type) { return type == "DRAUGHTING_CALLOUT"; };
+    auto const isOccurrence = [](std::string_view type) { return type.ends_with("_OCCURRENCE"); };
+    auto const isPlace = [](std::string_view type) { return type.find("PLACEHOLDER") != type.npos; };
+    auto const isPlane = [](std::string_view type) { return type == "ANNOTATION_PLANE"; };
+    // A note may be tied to a feature that is that of a datum.
+    auto const isMeaning = [](std::string_view type) {
+        return isTolerance(type) || isDimension(type) || type == "GEOMETRIC_TOLERANCE" || type == "DATUM" ||
+               type.ends_with("DATUM_TARGET") || type == "PLACED_DATUM_TARGET_FEATURE";
+    };
+    auto const isDatum = [](std::string_view type) { return type == "DATUM_FEATURE"; };
+    std::set<int> held, drawn, meant, inCameras, inPlanes;
+    std::map<int, int> calloutOf;
+    for (auto const& [number, entity] : text.Entities)
+        if (text.is(number, isCallout))
+            for (int const content : entity.references) calloutOf[content] = number;
+    auto const top = [&](int number) { return calloutOf.contains(number) ? calloutOf.at(number) : number; };
+    auto const isPicture = [&](int number) {
+        return text.is(number, isOccurrence) && !text.is(number, isPlace);
+    };
+    auto const isDrawn = [&](int number) {
+        return text.is(number, isCallout)
+                   ? std::ranges::any_of(text.Entities.at(number).references, isPicture)
+                   : isPicture(number);
+    };
+    for (auto const& [number, entity] : text.Entities) {
+        bool const isModel =
+            text.is(number, [](std::string_view type) { return type == "DRAUGHTING_MODEL"; });
+        if (isModel || text.is(number, isPlane))
+            for (int const item : entity.references)
+                if (isDrawn(top(item))) drawn.insert(top(item));
+        if (text.is(number,
+                    [](std::string_view type) {
+                        return type.starts_with("DRAUGHTING_MODEL_ITEM_ASSOCIATION");
+                    }) &&
+            (text.is(entity.references.front(), isMeaning) ||
+             (entity.strings.starts_with("PMI") && text.is(entity.references.front(), isDatum))))
+            meant.insert(top(entity.references.back()));
+        bool const hasCamera =
+            isModel && std::ranges::any_of(entity.references, [&](int item) {
+                return text.is(item, [](std::string_view type) { return type.starts_with("CAMERA_MODEL"); });
+            });
+        if (hasCamera)
+            for (int const item : entity.references) inCameras.insert(top(item));
+    }
+    for (int const number : drawn) {
+        auto const& references = text.Entities.at(number).references;
+        bool const isHidden = hidden.contains(number) ||
+                              (text.is(number, isCallout) && std::ranges::any_of(references, [&](int item) {
+                                   return hidden.contains(item);
+                               }));
+        if (isHidden) ++counts["hidden drawn"];
+        if (!meant.contains(number)) ++counts["notes"];
+    }
+    counts["drawn"] = static_cast<int>(drawn.size());
+    counts["captures"] = text.count("CAMERA_MODEL_D3") + text.count("CAMERA_MODEL_D3_MULTI_CLIPPING");
+    counts["views"] = counts["captures"];
+    for (auto const& [number, entity] : text.Entities)
+        if (text.is(number, isPlane) && std::ranges::any_of(entity.references, [&](int item) {
+                return drawn.contains(item) && !inCameras.contains(item);
+            }))
+            ++counts["views"];
+}
+
+void countProducts(StepText const& text, Counts& counts)
+{
+    std::set<int> used;
+    for (auto const& [number, entity] : text.Entities)
+        if (entity.types.front() == "NEXT_ASSEMBLY_USAGE_OCCURRENCE" && entity.references.size() >= 2)
+            used.insert(entity.references[1]);
+    auto const products = text.count("PRODUCT_DEFINITION");
+    auto const uses = text.count("NEXT_ASSEMBLY_USAGE_OCCURRENCE");
+    auto const tops = products - static_cast<int>(used.size());
+    bool const hasOneTop = tops == 1 && uses > 0;
+    counts["references"] = products - (hasOneTop ? 1 : 0);
+    counts["instances"] = uses + (hasOneTop ? 0 : tops);
+}
+
+void countShapes(StepText const& text, Counts& counts, std::set<std::string>& colours)
+{
+    std::set<int> faces;
+    counts["bodies"] +=
+        text.count("MANIFOLD_SOLID_BREP") + text.count("BREP_WITH_VOIDS") + text.count("FACETED_BREP");
+    for (auto const& [number, entity] : text.Entities) {
+        if (entity.types.front() == "SHELL_BASED_SURFACE_MODEL")
+            counts["bodies"] += static_cast<int>(entity.references.size());
+        if (entity.types.front().ends_with("_SHELL")) faces.merge(facesBelow(text, number));
+    }
+    counts["faces"] += static_cast<int>(faces.size());
+    colours.merge(coloursOf(text));
 }
 } // namespace
 
@@ -160,40 +141,32 @@ std::string colourText(double red, double green, double blue)
     return text;
 }
 
-Counts countStep(std::string const& words)
+Counts countStep(std::string const& words, std::filesystem::path const& folder)
 {
     StepText const text(words);
     Counts counts;
-    std::set<int> used, faces;
     std::set<std::string> colours;
-    counts["bodies"] =
-        text.count("MANIFOLD_SOLID_BREP") + text.count("BREP_WITH_VOIDS") + text.count("FACETED_BREP");
-    for (auto const& [number, entity] : text.Entities) {
-        auto const& type = entity.types.empty() ? std::string() : entity.types[0];
-        if (type == "NEXT_ASSEMBLY_USAGE_OCCURRENCE" && entity.references.size() >= 2)
-            used.insert(entity.references[1]);
-        if (type == "SHELL_BASED_SURFACE_MODEL")
-            counts["bodies"] += static_cast<int>(entity.references.size());
-        if (type == "CLOSED_SHELL" || type == "OPEN_SHELL")
-            faces.insert(entity.references.begin(), entity.references.end());
-        if (!isStyleOfSurface(text, entity)) continue;
-        for (std::size_t i = 0; i + 1 < entity.references.size(); ++i)
-            collectColours(text, entity.references[i], 0, colours);
+    countProducts(text, counts);
+    countShapes(text, counts, colours);
+    std::set<std::string> files;
+    for (auto const& [number, entity] : text.Entities)
+        if (entity.types.front() == "DOCUMENT_FILE") files.insert(entity.strings);
+    for (auto const& file : files) {
+        std::ifstream stream(folder / file, std::ios::binary);
+        std::string const part((std::istreambuf_iterator<char>(stream)), std::istreambuf_iterator<char>());
+        countShapes(StepText(part), counts, colours);
     }
-    counts["faces"] = static_cast<int>(faces.size());
     counts["colours"] = static_cast<int>(colours.size());
-
-    auto const products = text.count("PRODUCT_DEFINITION");
-    auto const uses = text.count("NEXT_ASSEMBLY_USAGE_OCCURRENCE");
-    auto const tops = products - static_cast<int>(used.size());
-    bool const hasOneTop = tops == 1 && uses > 0;
-    counts["references"] = products - (hasOneTop ? 1 : 0);
-    counts["instances"] = uses + (hasOneTop ? 0 : tops);
 
     counts["dimensions"] = text.countIf(isDimension);
     counts["tolerances"] = text.countIf(isTolerance);
     counts["datums"] = text.count("DATUM");
     counts["datum targets"] = text.count("PLACED_DATUM_TARGET_FEATURE") + text.count("DATUM_TARGET");
-    counts["views"] = text.count("CAMERA_MODEL_D3") + text.count("CAMERA_MODEL_D3_MULTI_CLIPPING");
+    std::set<int> hidden;
+    for (auto const& [number, entity] : text.Entities)
+        if (entity.types.front() == "INVISIBILITY")
+            for (int const item : entity.references) collectHidden(text, item, hidden);
+    countHidden(text, hidden, counts);
+    countDrawn(text, hidden, counts);
     return counts;
 }
