@@ -65,9 +65,10 @@ void ViewSelection::light(HPS::KeyPathArray const& paths, std::vector<RenderId> 
     std::vector<HPS::SelectionItem> items;
     for (HPS::KeyPath const& path : paths) items.emplace_back(path, HPS::Point());
     View.SetActiveSelection(HPS::SelectionResults(std::move(items)));
-    HPS::HighlightControl lights = View.Canvas().GetWindowKey().GetHighlightControl();
-    for (HPS::KeyPathArray const* const some : {&paths, &std::as_const(Companions)})
-        if (!some->empty()) lights.Highlight(*some, View.HighlightOptionsKit());
+    HPS::KeyPathArray lit = paths;
+    lit.insert(lit.end(), Companions.begin(), Companions.end());
+    if (!lit.empty())
+        View.Canvas().GetWindowKey().GetHighlightControl().Highlight(lit, View.HighlightOptionsKit());
 }
 
 // Each node once, however many of its parts are selected.
