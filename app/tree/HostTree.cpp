@@ -32,6 +32,12 @@ void HostTree::ClearItems()
     emit rewritten();
 }
 
+void HostTree::MarkItem(RenderId const& id, bool visible)
+{
+    AViewTree::MarkItem(id, visible);
+    emit marked(id);
+}
+
 void HostTree::HighlightItem(RenderId const& id)
 {
     AViewTree::HighlightItem(id);

@@ -16,12 +16,14 @@ public:
     HostTree();
 
     void ClearItems() override;
+    void MarkItem(RenderId const& id, bool visible) override;
     void HighlightItem(RenderId const& id) override;
     void ClearHighlight() override;
 
 signals:
     /// The tree is another one now.
     void rewritten();
+    void marked(ZELVizCore::RenderId const& id);
     void highlighted(ZELVizCore::RenderId const& id);
     void highlightCleared();
 };

@@ -52,6 +52,12 @@ void TreeModel::refresh()
     endResetModel();
 }
 
+void TreeModel::refresh(TreeBuilder::RenderId const& path)
+{
+    QModelIndex const changed = indexOf(path);
+    if (changed.isValid()) emit dataChanged(changed, changed.siblingAtColumn(VisibleColumn));
+}
+
 void TreeModel::setMarked(std::vector<Position> marked)
 {
     Marked.assign(marked.empty() ? 0 : Tree.Items().size(), false);
@@ -91,6 +97,16 @@ TreeBuilder::RenderId TreeModel::pathOf(QModelIndex const& index) const
 QModelIndex TreeModel::indexOf(TreeBuilder::RenderId const& path) const
 {
     return indexOf(Tree.Find(path));
+}
+
+// What stands below a node follows it without a gap.
+QModelIndex TreeModel::findBelow(QModelIndex const& above, TreeBuilder::Id id) const
+{
+    std::vector<TreeBuilder::Item> const& items = Tree.Items();
+    Position const top = positionOf(above);
+    for (auto at = static_cast<std::size_t>(top) + 1; at < items.size() && items[at].parent >= top; ++at)
+        if (items[at].id == id) return indexOf(static_cast<Position>(at));
+    return {};
 }
 
 TreeBuilder::Item const& TreeModel::itemOf(QModelIndex const& index) const

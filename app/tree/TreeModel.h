@@ -29,6 +29,8 @@ public:
     void setToolTips(ToolTips toolTips) { Tips = std::move(toolTips); }
     /// The tree was written anew.
     void refresh();
+    /// A node was marked as shown or hidden.
+    void refresh(MoraCore::TreeBuilder::RenderId const& path);
     /// Nodes found by a search, marked in the list.
     void setMarked(std::vector<Position> marked);
 
@@ -38,6 +40,8 @@ public:
     QModelIndex indexOf(Position position) const;
     MoraCore::TreeBuilder::RenderId pathOf(QModelIndex const& index) const;
     QModelIndex indexOf(MoraCore::TreeBuilder::RenderId const& path) const;
+    /// The first node with this id anywhere below another.
+    QModelIndex findBelow(QModelIndex const& above, MoraCore::TreeBuilder::Id id) const;
     MoraCore::TreeBuilder::Item const& itemOf(QModelIndex const& index) const;
 
     QModelIndex index(int row, int column, QModelIndex const& parent = {}) const override;

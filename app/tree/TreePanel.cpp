@@ -68,6 +68,7 @@ TreePanel::TreePanel(HostTree& tree, QWidget* parent)
         if (index.isValid()) emit menuWanted(Model.pathOf(index), View->viewport()->mapToGlobal(position));
     });
     connect(&tree, &HostTree::rewritten, this, &TreePanel::refresh);
+    connect(&tree, &HostTree::marked, this, [this](RenderId const& id) { Model.refresh(id); });
     connect(&tree, &HostTree::highlighted, this, &TreePanel::mark);
     connect(&tree, &HostTree::highlightCleared, this, [this] {
         QScopedValueRollback const quiet(Silent, true);
@@ -150,8 +151,12 @@ QModelIndex TreePanel::nearest(RenderId id) const
 {
     QModelIndex index = Model.indexOf(id);
     while (!index.isValid() && id.Length() > 0) {
+        MoraCore::TreeBuilder::Id const last = id[id.Length() - 1];
         id.SetLength(id.Length() - 1);
         index = Model.indexOf(id);
+        // A picture of an annotation knows nothing of the views that list it.
+        if (index.isValid() && Model.itemOf(index).kind == MoraCore::TreeBuilder::Kind::Annotations)
+            if (QModelIndex const listed = Model.findBelow(index, last); listed.isValid()) return listed;
     }
     return index;
 }

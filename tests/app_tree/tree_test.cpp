@@ -294,6 +294,47 @@ TEST_F(Tree, whatIsOpenStaysSoWhenTheTreeIsWrittenAnew)
     EXPECT_FALSE(view->isExpanded(panel.model().indexOf(path({1, 10, 20}))));
 }
 
+TEST_F(Tree, anAnnotationIsFoundInTheViewsThatListIt)
+{
+    HostTree tree;
+    TreePanel panel(tree);
+    TreeBuilder& builder = tree.GetTreeBuilder();
+    builder.BeginTree();
+    builder.BeginRoot(1, L"");
+    builder.BeginPart(10, L"Lid");
+    builder.BeginAnnotations(5, L"Annotations");
+    builder.BeginView(6, L"Front");
+    builder.BeginItem(7, L"Depth", TreeItemStyles::Dimension);
+    builder.EndItem();
+    builder.EndView();
+    builder.EndAnnotations();
+    builder.EndPart();
+    builder.BeginPart(8, L"Base");
+    builder.EndPart();
+    builder.EndRoot();
+    builder.EndTree();
+    EXPECT_EQ(panel.nodeOf(path({1, 10, 5, 7})), path({1, 10, 5, 6, 7}));
+    EXPECT_EQ(panel.nameOf(path({1, 10, 5, 8})), "Annotations") << "what stands elsewhere is none";
+    EXPECT_EQ(panel.nameOf(path({1, 10, 7})), "Lid");
+}
+
+TEST_F(Tree, aNodeThatIsHiddenLaterClosesItsEye)
+{
+    HostTree tree;
+    TreePanel panel(tree);
+    writeMachine(tree.GetTreeBuilder());
+    QModelIndex const eye =
+        panel.model().indexOf(path({1, 10, 20})).siblingAtColumn(TreeModel::VisibleColumn);
+    QSignalSpy changed(&panel.model(), &QAbstractItemModel::dataChanged);
+    tree.MarkItem(path({1, 10, 20}), false);
+    EXPECT_EQ(eye.data(Qt::ToolTipRole), "Hidden");
+    EXPECT_EQ(changed.count(), 1);
+    tree.MarkItem(path({1, 10, 77}), false); // there is no such node
+    EXPECT_EQ(changed.count(), 1);
+    tree.MarkItem(path({1, 10, 20}), true);
+    EXPECT_EQ(eye.data(Qt::ToolTipRole), "Shown");
+}
+
 TEST_F(Tree, aChoiceInTheTreeIsTold)
 {
     TreePanel panel(Host);

@@ -2,6 +2,10 @@
 
 #include "HandMade.h"
 
+#include "ZELView3D.h"
+
+#include <QFile>
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 namespace
@@ -107,6 +111,36 @@ TEST_F(Cutting, EachModeDrawsInItsOwnWayAndNoneStays)
     }
     call("OnModeGouraud");
     EXPECT_LT(apart(shaded, picture()), 50);
+}
+
+TEST_F(Cutting, AStoredSceneIsShownInAViewWithoutADocument)
+{
+    QTemporaryDir folder;
+    std::string const model = folder.filePath("machine.zel_xml").toStdString();
+    ASSERT_TRUE(QFile::copy(QString::fromStdString(sampleFile()), QString::fromStdString(model)));
+    Window source(model);
+    ASSERT_TRUE(static_cast<ZelCad::CadDocument&>(source.document()).ExportHSF());
+
+    Window empty("");
+    auto& view = *static_cast<ZelVizBase::ZELView3D*>(empty.view().GetViewImpl());
+    double box[6];
+    EXPECT_THROW(view.TestLoadHsf(folder.filePath("nothing.hsf").toStdString()), HPS::IOException);
+    EXPECT_FALSE(empty.view().GetBbox(box[0], box[1], box[2], box[3], box[4], box[5]));
+    view.TestLoadHsf(model + ".hsf");
+    double wanted[6];
+    ASSERT_TRUE(source.view().GetBbox(wanted[0], wanted[1], wanted[2], wanted[3], wanted[4], wanted[5]));
+    ASSERT_TRUE(empty.view().GetBbox(box[0], box[1], box[2], box[3], box[4], box[5]));
+    for (int i = 0; i < 6; ++i) EXPECT_NEAR(box[i], wanted[i], 1e-3) << i;
+    HPS::Picture made;
+    ASSERT_TRUE(view.Canvas().ReadPixels(made));
+    QImage(made.pixels.data(), made.width, made.height, 4 * made.width, QImage::Format_RGBX8888)
+        .save(ZEL_BINARY_DIR "/host_stored_scene.png");
+
+    // Where a document is shown nothing happens.
+    auto& busy = *static_cast<ZelVizBase::ZELView3D*>(Shown.view().GetViewImpl());
+    QImage const before = picture();
+    busy.TestLoadHsf(folder.filePath("nothing.hsf").toStdString());
+    EXPECT_EQ(picture(), before);
 }
 
 TEST_F(Cutting, EffectsAreSwitchedOnAndOff)

@@ -136,8 +136,8 @@ TEST_F(Links, TheHandLightsThemToo)
     hand.Select({Made.id({root->GetHashedID(), Annotations, Note})});
     EXPECT_EQ(lit(), face) << "and not the whole part, on which the note stands";
     // Beside something that is selected itself.
-    hand.Select({Made.id({root->GetHashedID(), Brep, First + 1}),
-                 Made.id({root->GetHashedID(), Annotations, Note})});
+    hand.Select(
+        {Made.id({root->GetHashedID(), Brep, First + 1}), Made.id({root->GetHashedID(), Annotations, Note})});
     EXPECT_GT(lit().width(), 2 * face.width());
     hand.Select({Made.id({root->GetHashedID(), Annotations, Note})});
     float before = Pose(Made.window.camera()).distance();

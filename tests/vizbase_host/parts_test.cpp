@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <mora/Settings.h>
 #include <stdexcept>
 
 using testing::ElementsAre;
@@ -68,11 +69,17 @@ private:
 TEST(Parts, ABodyOfOneInstanceGoesAndComesBack)
 {
     HandMade made;
+    ZELVizCore::Settings::Current().DisplayBrepInTree = true;
     auto const part = twoPlates(made, L"part");
     auto const left = made.model.AddRootInstance(part, L"left");
     auto const right = made.model.AddRootInstance(part, L"right");
     right->SetTransform(translation(0, 0, 4));
     ASSERT_TRUE(made.document.Render(false));
+    ZELVizCore::Settings::Current() = ZELVizCore::Settings::Default();
+    auto const isMarkedShown = [&made](RenderId const& id) {
+        auto const& tree = made.tree.GetTreeBuilder();
+        return tree.Items().at(static_cast<std::size_t>(tree.Find(id))).visible;
+    };
     made.window.camera().Left();
     made.window.camera().ZoomAll();
     QImage const all = made.picture();
@@ -83,6 +90,8 @@ TEST(Parts, ABodyOfOneInstanceGoesAndComesBack)
     EXPECT_TRUE(made.document.ShowHideBody(first, &made.window.view()));
     EXPECT_THAT(made.conditionsOf(L"left"), ElementsAre("hide_#2000000"));
     EXPECT_THAT(made.conditionsOf(L"right"), IsEmpty());
+    EXPECT_FALSE(isMarkedShown(first));
+    EXPECT_TRUE(isMarkedShown(second));
     QImage const one = made.picture();
     int const gone = differing(all, one);
     EXPECT_GT(gone, 1000);
@@ -95,6 +104,7 @@ TEST(Parts, ABodyOfOneInstanceGoesAndComesBack)
 
     EXPECT_TRUE(made.document.ShowHideBody(first, &made.window.view()));
     EXPECT_THAT(made.conditionsOf(L"left"), ElementsAre("hide_#2000010"));
+    EXPECT_TRUE(isMarkedShown(first));
     EXPECT_TRUE(made.document.ShowHideBody(second, &made.window.view()));
     EXPECT_THAT(made.conditionsOf(L"left"), IsEmpty());
     EXPECT_EQ(made.picture(), all);

@@ -19,14 +19,16 @@ namespace
 
 constexpr wchar_t const* partExtension = L"XKRM";
 
-/// Puts a condition on a segment, or takes it off.
-void toggleCondition(HPS::SegmentKey& segment, HPS::UTF8 const& condition)
+/// Puts a condition on a segment, or takes it off; whether it stands there now.
+bool toggleCondition(HPS::SegmentKey& segment, HPS::UTF8 const& condition)
 {
     HPS::ConditionControl control = segment.GetConditionControl();
     HPS::UTF8Array conditions;
     control.ShowConditions(conditions);
-    if (std::erase(conditions, condition) == 0) conditions.push_back(condition);
+    bool const added = std::erase(conditions, condition) == 0;
+    if (added) conditions.push_back(condition);
     control.SetConditions(conditions);
+    return added;
 }
 
 } // namespace
@@ -58,7 +60,8 @@ bool ZELDocument::ShowHideBody(RenderId const& id, MoraCore::IView3DEvo* view)
         !Renderer->GetObjectMapper()->Get(pid, key))
         return false;
     HPS::SegmentKey segment(key);
-    toggleCondition(segment, HPS::UTF8(("hide_#" + std::to_string(entity.id)).c_str()));
+    bool const hidden = toggleCondition(segment, HPS::UTF8(("hide_#" + std::to_string(entity.id)).c_str()));
+    if (Tree) Tree->Mark(id, !hidden);
     view->Update(MoraCore::UpdateType::Default);
     return true;
 }

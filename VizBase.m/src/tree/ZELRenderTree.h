@@ -63,6 +63,8 @@ public:
     /// Marks the node above `id` in the view, unless the tree shows bodies or features.
     void Highlight(RenderId const& id);
     void UnHighlight();
+    /// The object of a node was hidden or shown since the tree was written.
+    void Mark(RenderId const& id, bool visible);
     /// Marks the node that a pick in the scene led to. `values`: the ids from the root instance down; they
     /// are completed to the whole path.
     void ReverseHighlight(std::vector<u64>& values);

@@ -182,6 +182,11 @@ void ZELRenderTree::UnHighlight()
     if (GetView()) GetView()->ClearHighlight();
 }
 
+void ZELRenderTree::Mark(RenderId const& id, bool visible)
+{
+    if (GetView()) GetView()->MarkItem(id, visible);
+}
+
 void ZELRenderTree::ReverseHighlight(std::vector<u64>& values)
 {
     values.insert(values.begin(), {ZELVizCore::Node::GetRootNodeId(), RootId});

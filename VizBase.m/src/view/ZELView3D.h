@@ -143,6 +143,11 @@ public:
     /// leaves the camera. False only without a camera.
     bool ZoomTo(HPS::KeyPath const& path);
 
+    /// Shows a stream file in a model of its own, as long as no document was attached; afterwards nothing
+    /// happens. What was read stays with a file that breaks off. Throws HPS::IOException for one that cannot
+    /// be read.
+    void TestLoadHsf(std::string const& file);
+
     /// Clicks, boxes and hovering. From the first call on an operator that tells clicks from drags stands in
     /// the place of the one that selects at once.
     ViewInteraction* GetInteraction();

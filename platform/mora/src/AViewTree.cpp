@@ -8,6 +8,11 @@ AViewTree::AViewTree(std::unique_ptr<TreeBuilder> builder)
 {
 }
 
+void AViewTree::MarkItem(RenderId const& id, bool visible)
+{
+    builder_->MarkItem(builder_->Find(id), visible);
+}
+
 void AViewTree::ClearItems()
 {
     builder_->Clear();

@@ -193,6 +193,11 @@ void TreeBuilder::SetItemVisible(bool const& visible)
     if (open_ != NoItem) items_[open_].visible = visible;
 }
 
+void TreeBuilder::MarkItem(std::int32_t index, bool visible)
+{
+    if (index != NoItem) items_[index].visible = visible;
+}
+
 bool TreeBuilder::GetCurrentId(RenderId& id) const
 {
     if (open_ == NoItem) return false;

@@ -21,6 +21,8 @@ public:
     virtual ~AViewTree() = default;
     /// Empties the tree and forgets the highlight.
     virtual void ClearItems();
+    /// The object of a node was hidden or shown since the tree was written.
+    virtual void MarkItem(RenderId const& id, bool visible);
     virtual void HighlightItem(RenderId const& id);
     virtual void ClearHighlight();
 

@@ -92,6 +92,8 @@ public:
     virtual void EndItem();
     /// Marks the open node; nodes are visible unless marked. Nothing without an open node.
     virtual void SetItemVisible(bool const& visible);
+    /// Marks a node of a tree that is written already; nothing for none.
+    void MarkItem(std::int32_t index, bool visible);
     /// Path of the open node, root first; false if there is none.
     virtual bool GetCurrentId(RenderId& id) const;
 
