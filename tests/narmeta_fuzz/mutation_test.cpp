@@ -8,6 +8,7 @@
 #include <fstream>
 #include <iterator>
 #include <random>
+#include <string_view>
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -20,7 +21,7 @@ constexpr unsigned SecondsPerRead = 20;
 constexpr int DefaultMutations = 40;
 
 struct Source {
-    char const* path;
+    std::string_view path; ///< of a real file, or of one of our own, which stands at the root of this project
 };
 Source const Sources[] = {{"parts/red_cube_blue_cylinder.step"},
                           {"nist/dt4sm_simple_sign.stp"},
@@ -29,11 +30,15 @@ Source const Sources[] = {{"parts/red_cube_blue_cylinder.step"},
                           {"mesh/cube_with_materials.obj"},
                           {"mesh/low_cost_robot_gripper_static_part.stl"},
                           {"iges/camera_mount.iges"},
-                          {"nist/nist_ctc_01_asme1_ap242-e1.stp"}};
+                          {"nist/nist_ctc_01_asme1_ap242-e1.stp"},
+                          {"tests/narmeta_io/data/plate.stp"},
+                          {"tests/narmeta_io/data/rig.stp"},
+                          {"tests/narmeta_io/data/rack.stp"}};
 
-std::filesystem::path models()
+std::filesystem::path fileOf(Source const& source)
 {
-    return ZEL_SOURCE_DIR "/../shared/models";
+    std::filesystem::path const root = ZEL_SOURCE_DIR;
+    return (source.path.starts_with("tests/") ? root : root / "../shared/models") / source.path;
 }
 
 std::string bytesOf(std::filesystem::path const& file)
@@ -89,12 +94,14 @@ class MutationTest : public testing::TestWithParam<Source>
 
 TEST_P(MutationTest, EndsWithAResult)
 {
-    auto const file = models() / GetParam().path;
+    auto const file = fileOf(GetParam());
     if (!std::filesystem::exists(file)) GTEST_SKIP() << "no model file " << file;
     auto const good = bytesOf(file);
     auto const folder = std::filesystem::temp_directory_path() / ("mutations-" + std::to_string(getpid()));
     std::filesystem::create_directories(folder);
     auto const target = folder / file.filename();
+    if (auto const part = file.parent_path() / "plate.stp"; std::filesystem::exists(part))
+        std::filesystem::copy_file(part, folder / "plate.stp"); // to which another one refers
     auto const* const wish = std::getenv("ZEL_MUTATIONS");
     auto const count = wish ? std::atoi(wish) : DefaultMutations;
     int endings[5] = {};

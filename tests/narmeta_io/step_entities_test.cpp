@@ -1,6 +1,8 @@
+#include "StepDrawings.h"
 #include "StepEntities.h"
 #include "StepGeometry.h"
 #include "StepPictures.h"
+#include "StepVisibility.h"
 #include "read_support.h"
 #include "step_header.h"
 #include "step_quantity.h"
@@ -302,4 +304,35 @@ TEST(StepQuantity, HasItsUnit)
          {Case{20, L"32774.128 mm\u00B3"}, Case{21, L"7850 kg/m\u00B3"}, Case{22, L"30\u00B0"},
           Case{23, L"1.5 kg"}, Case{24, L"3"}, Case{25, L"50.8 mm"}, Case{26, L""}, Case{99, L""}})
         EXPECT_EQ(stepQuantity(entities, item), words) << item;
+}
+
+// Hostile files: whoever follows everything would be at it for years.
+TEST(StepRings, OfDrawingsSymbolsLayersAndUsesEnd)
+{
+    std::string drawing = "#1=DRAUGHTING_MODEL('',(#3", symbol = "#4=REPRESENTATION('',(#5", layer = "(#1";
+    std::string uses, maps = "#2=REPRESENTATION_MAP(#90,#1);#6=REPRESENTATION_MAP(#90,#4);";
+    for (int i = 100; i < 200; ++i) {
+        drawing += ",#" + std::to_string(i);
+        symbol += ",#" + std::to_string(i + 100);
+        layer += ",#" + std::to_string(i + 200);
+        maps += "#" + std::to_string(i) + "=MAPPED_ITEM('',#2,#90);#" + std::to_string(i + 100) +
+                "=MAPPED_ITEM('',#6,#90);";
+        uses += "#" + std::to_string(i + 300) + "=NEXT_ASSEMBLY_USAGE_OCCURRENCE('','','',#50,#51,$);#" +
+                std::to_string(i + 400) + "=NEXT_ASSEMBLY_USAGE_OCCURRENCE('','','',#51,#50,$);";
+    }
+    for (int i = 300; i < 400; ++i)
+        maps += "#" + std::to_string(i) + "=PRESENTATION_LAYER_ASSIGNMENT('','',#7);";
+    auto const text =
+        file(drawing + "),#91);" + symbol + "),#91);" + maps + uses + "#7=INVISIBILITY(" + layer +
+             "));#3=ANNOTATION_SYMBOL_OCCURRENCE('',(),#100);#5=ANNOTATION_OCCURRENCE('',(),#200);");
+    StepEntities const entities(text);
+    StepProducts const products(entities);
+    StepDrawings const drawings(entities, products);
+    EXPECT_FALSE(drawings.placesOf(1).empty());
+    EXPECT_FALSE(drawings.itemsOf(1).empty());
+    StepStyles const styles(entities);
+    EXPECT_TRUE(StepPictures(entities, styles).of(5, StepGeometry(entities, 0)).isEmpty());
+    EXPECT_TRUE(StepVisibility(entities, products).isHidden(1));
+    EXPECT_LE(products.waysDown(50, 51, {}).size(), 64u);
+    EXPECT_TRUE(products.waysDown(50, 52, {}).empty());
 }

@@ -4,8 +4,8 @@ namespace NarMetaInfra
 {
 namespace
 {
-constexpr int DeepestDrawing = 8;
 constexpr std::size_t MostPlaces = 256; // of one drawing
+constexpr int MostSteps = 1024;         // to find them
 } // namespace
 
 StepDrawings::StepDrawings(StepEntities const& entities, StepProducts const& products)
@@ -56,23 +56,25 @@ int StepDrawings::mappedBy(int item) const
 std::vector<StepPlace> StepDrawings::placesOf(int drawing) const
 {
     std::vector<StepPlace> places;
-    addPlaces(drawing, {}, 0, 0, places);
+    int stepsLeft = MostSteps;
+    addPlaces(drawing, {}, stepsLeft, places);
+    if (places.empty()) places.emplace_back(); // drawings that show each other in a ring
     return places;
 }
 
-void StepDrawings::addPlaces(int drawing, StepFrame const& inner, int mapping, int depth,
+void StepDrawings::addPlaces(int drawing, StepPlace const& inner, int& stepsLeft,
                              std::vector<StepPlace>& places) const
 {
-    if (depth > DeepestDrawing || places.size() >= MostPlaces) return;
+    if (--stepsLeft < 0 || places.size() >= MostPlaces) return;
     auto const product = Products.ofRepresentation(drawing);
     auto const shown = Mappings.find(drawing);
     if (product != 0 || shown == Mappings.end()) {
-        places.push_back({product, inner, mapping});
+        places.push_back({product, inner.frame, inner.mapping});
         return;
     }
     for (auto const& [outer, item] : shown->second) {
-        auto const frame = StepGeometry(Entities, contextOf(outer)).mapping(item) * inner;
-        addPlaces(outer, frame, mapping == 0 ? item : mapping, depth + 1, places);
+        auto const frame = StepGeometry(Entities, contextOf(outer)).mapping(item) * inner.frame;
+        addPlaces(outer, {0, frame, inner.mapping == 0 ? item : inner.mapping}, stepsLeft, places);
     }
 }
 

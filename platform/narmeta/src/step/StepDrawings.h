@@ -48,8 +48,7 @@ private:
     void readPlane(StepDrawn const& drawn);
     std::vector<int> ownItemsOf(int drawing) const;
     void addItems(int drawing, std::set<int>& seen, std::vector<int>& items) const;
-    void addPlaces(int drawing, StepFrame const& inner, int mapping, int depth,
-                   std::vector<StepPlace>& places) const;
+    void addPlaces(int drawing, StepPlace const& inner, int& stepsLeft, std::vector<StepPlace>& places) const;
     int contextOf(int drawing) const { return Entities.argument(drawing, 2, "REPRESENTATION", 2).entity(); }
     int mappedBy(int item) const;
 

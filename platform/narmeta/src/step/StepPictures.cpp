@@ -7,6 +7,7 @@ namespace NarMetaInfra
 namespace
 {
 constexpr int DeepestItem = 8;
+constexpr int MostItems = 100'000; // symbols may show each other
 
 bool hasExtent(StepPolyline const& line)
 {
@@ -23,12 +24,13 @@ std::size_t argumentsBeforeIndex(std::string_view keyword)
 struct StepPictures::Pen {
     StepGeometry const& geometry;
     StepFrame frame;
+    int& itemsLeft;
     StepLook look;
     int depth = 0;
 
     Pen deeper(std::optional<StepLook> const& own) const
     {
-        return {geometry, frame, own ? look.over(*own) : look, depth + 1};
+        return {geometry, frame, itemsLeft, own ? look.over(*own) : look, depth + 1};
     }
     StepPolyline place(StepPolyline points) const
     {
@@ -40,13 +42,14 @@ struct StepPictures::Pen {
 StepPicture StepPictures::of(int annotation, StepGeometry const& geometry, StepFrame const& place) const
 {
     StepPicture picture;
-    draw(annotation, {geometry, place, {}, 0}, picture);
+    int itemsLeft = MostItems;
+    draw(annotation, {geometry, place, itemsLeft, {}, 0}, picture);
     return picture;
 }
 
 void StepPictures::draw(int item, Pen const& pen, StepPicture& picture) const
 {
-    if (pen.depth > DeepestItem) return;
+    if (pen.depth > DeepestItem || --pen.itemsLeft < 0) return;
     auto const is = [&](std::string_view keyword) { return Entities.isKind(item, keyword); };
     auto const descend = [&](StepValue const& items, Pen const& inner) {
         for (int const child : items.entities()) draw(child, inner.deeper(Styles.lookOf(child)), picture);

@@ -16,13 +16,13 @@ StepVisibility::StepVisibility(StepEntities const& entities, StepProducts const&
 
 void StepVisibility::hide(int entity, int depth)
 {
-    if (depth > DeepestItem) return;
+    if (depth > DeepestItem || !Items.insert(entity).second) return;
     auto const kind = Entities.keywordOf(entity);
     if (kind == "PRESENTATION_LAYER_ASSIGNMENT") {
         for (int const member : Entities.argument(entity, 2).entities()) hide(member, depth + 1);
     } else if (Products.isRepresentation(entity)) {
         hideRepresentation(entity, depth);
-    } else if (Items.insert(entity).second && kind.ends_with("STYLED_ITEM")) {
+    } else if (kind.ends_with("STYLED_ITEM")) {
         hideStyled(entity, depth);
     }
 }
