@@ -267,3 +267,26 @@ TEST(AssemblyAnnotations, ArriveFromFilesOfFiles)
     EXPECT_TRUE(missing->IsEmpty());
     EXPECT_EQ(missing->GetStorageName(), L"plate.stp");
 }
+
+TEST(AssemblyAnnotations, FollowAnAssemblyThatIsCopiedForOneOfItsUses)
+{
+    TemporaryFolder const folder;
+    auto text = bytesOf(data("rig.stp"));
+    text.insert(
+        text.rfind("ENDSEC;"),
+        "#2000=STYLED_ITEM('',(#1200),#64);#2001=CONTEXT_DEPENDENT_OVER_RIDING_STYLED_ITEM('',(#1200),"
+        "#64,#2000,(#51,#226));#2002=INVISIBILITY((#2001));");
+    auto const read = ReadSupport::read(folder.write("rig.stp", text));
+    std::size_t pairs = 0;
+    for (auto const& root : read->model.GetRootInstances()) {
+        auto const all = annotationsOf(root->GetReference()->GetPmi().get());
+        ASSERT_EQ(all.size(), 1u);
+        EXPECT_EQ(linkedMiddles(read->model, root->GetReference(), *all.front()),
+                  (Middles{{200, 100, 0}, {200, 100, 350}}));
+        ++pairs;
+    }
+    EXPECT_EQ(pairs, 2u);
+    auto const width = annotation(read->model.GetPMI().get(), L"Width.1");
+    ASSERT_TRUE(width);
+    EXPECT_EQ(linkedMiddles(read->model, nullptr, *width), (Middles{{0, 100, 25}, {900, 400, 325}}));
+}

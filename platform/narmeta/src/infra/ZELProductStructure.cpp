@@ -19,16 +19,25 @@ void Release(std::vector<std::shared_ptr<ZELReference>>& references)
     references.clear();
 }
 
+/// An instance inside an assembly that was copied for one use has the PID of the original and, behind this
+/// sign, that of the use.
+constexpr wchar_t CopySign = L'@';
+
 /// Follows the PIDs of a linked entity through a list of instances at a time.
 bool Resolve(std::vector<std::shared_ptr<ZELInstance>> const* level, LinkedEntity const& entity,
              std::vector<std::shared_ptr<ZELInstance>>& instances, std::shared_ptr<ZELReference>& reference)
 {
     std::vector<std::shared_ptr<ZELInstance>> path;
     for (auto const& step : entity.first) {
-        auto const found = std::find_if(level->begin(), level->end(), [&step](auto const& candidate) {
-            std::wstring pid;
-            return candidate->GetPID(pid) && pid == step;
-        });
+        auto const find = [&](auto const& isMeant) {
+            return std::find_if(level->begin(), level->end(), [&](auto const& candidate) {
+                std::wstring pid;
+                return candidate->GetPID(pid) && isMeant(pid);
+            });
+        };
+        auto found = find([&](std::wstring const& pid) { return pid == step; });
+        if (found == level->end())
+            found = find([&](std::wstring const& pid) { return pid.starts_with(step + CopySign); });
         if (found == level->end()) return false;
         path.push_back(*found);
         level = &(*found)->GetReference()->GetInstances();

@@ -12,6 +12,27 @@
 
 namespace NarMetaInfra
 {
+namespace
+{
+// What stands for the assembly as such is shared; both have it under their own names.
+void copyAnnotations(ZELReference const& from, ZELReference& to)
+{
+    std::wstring fromPid, toPid;
+    from.GetPID(fromPid);
+    to.GetPID(toPid);
+    if (from.GetPmi()) {
+        auto annotations = std::make_shared<PMIContainer>(*from.GetPmi());
+        annotations->RenameOwner(fromPid, toPid);
+        to.SetPmi(std::move(annotations));
+    }
+    std::vector<std::shared_ptr<NarMetaVisu::Node>> roots;
+    if (!from.GetSG() || !from.GetSG()->GetRootNodes(fromPid, roots)) return;
+    auto pictures = std::make_shared<SGContainer>();
+    for (auto& root : roots) pictures->AddRootNode(toPid, std::move(root));
+    to.SetSG(std::move(pictures));
+}
+} // namespace
+
 void ModelBuilder::addMaterials(NarMetaVisu::MaterialContainer& container)
 {
     Materials.addTo(container);
@@ -123,6 +144,7 @@ ModelBuilder::InstancePointer ModelBuilder::ownInstance(InstancePointer const& u
                                          assembly->GetReferenceName());
     copy->SetStorageName(assembly->GetStorageName());
     copy->SetUserProperties(assembly->GetUserProperties());
+    copyAnnotations(*assembly, *copy);
     for (auto const& instance : instances) {
         std::wstring pid;
         instance->GetPID(pid);

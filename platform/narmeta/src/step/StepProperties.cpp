@@ -59,7 +59,7 @@ NarMeta::Properties StepProperties::valuesOf(int property) const
     for (int const representation : values->second) {
         for (int const item : Entities.argument(representation, 1, "REPRESENTATION", 1).entities()) {
             auto value = valueOf(item, representation);
-            if (value.empty()) continue;
+            if (value.find_first_not_of(L" \t") == value.npos) continue;
             auto const own = Entities.argument(item, 0, "REPRESENTATION_ITEM", 0).words();
             bool const addsName = !outer.empty() && !own.empty() && own != outer;
             made.push_back({addsName ? outer + L": " + own : outer.empty() ? own : outer, std::move(value)});
