@@ -148,6 +148,15 @@ void CadRenderer::ShowAnnotations(std::span<NarMeta::Id const> ids, bool shown)
     }
 }
 
+void CadRenderer::ShowReference(ZELReference const& reference, bool shown)
+{
+    std::wstring pid;
+    HPS::Key key;
+    if (!reference.GetPID(pid) || !ObjectMapper->Get(pid, key)) return;
+    HPS::SegmentKey segment(key);
+    shown ? Show(segment) : Hide(segment);
+}
+
 void CadRenderer::insertVisuData(HPS::SegmentKey& segment, std::shared_ptr<ZELReference> const& reference)
 {
     std::wstring pid;

@@ -32,6 +32,8 @@ public:
 
     /// Shows or hides the pictures of annotations.
     void ShowAnnotations(std::span<NarMeta::Id const> ids, bool shown);
+    /// Shows or hides all places of a reference.
+    void ShowReference(NarMetaInfra::ZELReference const& reference, bool shown);
 
 protected:
     using ZELRenderer::buildProductSceneGraph;

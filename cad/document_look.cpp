@@ -66,6 +66,8 @@ void CadDocument::showSavedView(SavedView const& saved, RenderId const& id)
     HPS::SegmentKey root = Renderer->GetRootKey();
     for (NarMetaPmi::PMIClippingPlane const& plane : saved.planes)
         Cuts.push_back(root.InsertCuttingSection(planeOf(plane, placing)));
+    for (auto const& [part, shown] : shownParts(*ProductStructure, saved))
+        OwnRenderer->ShowReference(*part, shown);
     HPS::View view = GetView();
     if (saved.camera && view.Type() != HPS::Type::None) {
         MoraCore::IView3DEvo* const shown = Session().View3DEvo();

@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <set>
 
 namespace ZelCad
 {
 
+using NarMetaInfra::ZELReference;
 using NarMetaPmi::PMIAnnotationView;
 using NarMetaPmi::PMICamera;
 using NarMetaPmi::PMICapture;
@@ -56,7 +58,7 @@ bool isWithin(HPS::SimpleCuboid const& box, HPS::Point const& target, HPS::Vecto
 
 SavedView savedView(PMIAnnotationView const& view)
 {
-    SavedView saved{view.GetCamera(), {}, {}};
+    SavedView saved{view.GetCamera(), {}, {}, {}};
     forEachAnnotation(view,
                       [&saved](auto const& member) { saved.annotations.push_back(member.GetHashedID()); });
     std::ranges::sort(saved.annotations);
@@ -65,7 +67,8 @@ SavedView savedView(PMIAnnotationView const& view)
 
 SavedView savedView(PMICapture const& capture)
 {
-    SavedView saved{capture.GetCamera(), capture.GetAnnotationIds(), capture.GetClippingPlanes()};
+    SavedView saved{capture.GetCamera(), capture.GetAnnotationIds(), capture.GetClippingPlanes(),
+                    capture.GetVisibleReferences()};
     std::ranges::sort(saved.annotations);
     return saved;
 }
@@ -82,6 +85,28 @@ std::vector<NarMeta::Id> showOnly(PMIContainer const& container, SavedView const
                     all.push_back(id);
                 });
     return all;
+}
+
+std::map<ZELReference const*, bool> shownParts(NarMetaInfra::ZELProductStructure const& model,
+                                               SavedView const& saved)
+{
+    std::vector<ZELReference const*> open;
+    std::wstring pid;
+    for (auto const& reference : model.GetReferences())
+        if (saved.references.empty() ||
+            (reference->GetPID(pid) && std::ranges::find(saved.references, pid) != saved.references.end()))
+            open.push_back(reference.get());
+    std::set<ZELReference const*> shown;
+    while (!open.empty()) {
+        ZELReference const* const reference = open.back();
+        open.pop_back();
+        if (!shown.insert(reference).second) continue;
+        for (auto const& instance : reference->GetInstances()) open.push_back(instance->GetReference().get());
+    }
+    std::map<ZELReference const*, bool> parts;
+    for (auto const& reference : model.GetReferences())
+        if (reference->IsPart()) parts[reference.get()] = shown.contains(reference.get());
+    return parts;
 }
 
 HPS::CameraKit cameraOf(PMICamera const& saved, HPS::MatrixKit const& placing, HPS::View const& view,

@@ -167,6 +167,7 @@ void DocumentTab::open(RenderId const& id)
         Source.perform(MenuEntry::ActivateViewOrCapture, id);
     else
         document().ZoomTo(id, View.get());
+    emit cameraChanged();
 }
 
 void DocumentTab::apply(ViewChoice const& choice)
@@ -182,7 +183,10 @@ bool DocumentTab::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Paint && !Painted) {
         Painted = true;
-        QTimer::singleShot(0, this, [this] { placeCamera(); }); // behind the view's own handler
+        QTimer::singleShot(0, this, [this] { // behind the view's own handler
+            placeCamera();
+            emit cameraChanged();
+        });
     }
     return QWidget::eventFilter(watched, event);
 }

@@ -70,6 +70,8 @@ public:
 
 signals:
     void fileChanged();
+    /// Other than by the mouse.
+    void cameraChanged();
     void reloadWanted();
     void treeMenuWanted(ZELVizCore::RenderId const& id, QPoint const& globalPosition);
     void nodeChosen(ZELVizCore::RenderId const& id);

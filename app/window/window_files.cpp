@@ -112,6 +112,7 @@ DocumentTab* MainWindow::addTab()
 {
     auto* const tab = new DocumentTab(Source);
     connect(tab, &DocumentTab::fileChanged, this, [this, tab] { fileChanged(*tab); });
+    connect(tab, &DocumentTab::cameraChanged, this, &MainWindow::updateActions);
     connect(tab, &DocumentTab::reloadWanted, this, [this, tab] { reload(*tab); });
     connect(tab, &DocumentTab::treeMenuWanted, this,
             [this, tab](auto const& id, QPoint const& position) { showTreeMenu(*tab, id, position); });

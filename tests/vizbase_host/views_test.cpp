@@ -182,6 +182,44 @@ TEST_F(ViewsAndCaptures, AViewLooksAlongItsOwnDirectionInItsInstance)
 }
 
 // Those of this file that show the same from the same side differ in nothing.
+TEST_F(ViewsAndCaptures, ACaptureShowsOnlyTheReferencesThatItNames)
+{
+    auto const group = Made.assembly(L"group");
+    auto const inner = Made.part(L"inner");
+    inner->AddBody(plate(2'000'010, {0, 0, 4}));
+    group->AddInstance(inner, L"group.inner");
+    Made.model.AddRootInstance(group, L"group.1");
+    ASSERT_TRUE(Made.document.Render(true));
+    Made.window.camera().Left();
+    auto const isShown = [this](std::wstring const& pid) {
+        HPS::Key key;
+        EXPECT_TRUE(Made.document.GetRenderer()->GetObjectMapper()->Get(pid, key));
+        HPS::VisibilityKit kit;
+        bool faces = true;
+        HPS::SegmentKey(key).ShowVisibility(kit);
+        return !kit.ShowFaces(faces) || faces;
+    };
+    std::shared_ptr<PMICapture> closed;
+    ASSERT_TRUE(Part->GetPmi()->GetAnnotationCapture(Closed, closed));
+    struct {
+        std::vector<std::wstring> names;
+        bool part, inner;
+    } const cases[] = {{{L"group"}, false, true},
+                       {{L"part"}, true, false},
+                       {{}, true, true},
+                       {{L"inner", L"part"}, true, true}};
+    for (auto const& wanted : cases) {
+        closed->SetVisibleReferences(wanted.names);
+        ASSERT_TRUE(Made.document.ActivateViewOrCapture(node({Annotations, Captures, Closed})));
+        EXPECT_EQ(isShown(L"part"), wanted.part);
+        EXPECT_EQ(isShown(L"inner"), wanted.inner);
+    }
+    closed->SetVisibleReferences({L"group"});
+    ASSERT_TRUE(Made.document.ActivateViewOrCapture(node({Annotations, Captures, Closed})));
+    ASSERT_TRUE(Made.document.ActivateViewOrCapture(node({Annotations, Views, Side})));
+    EXPECT_TRUE(isShown(L"part")) << "a view shows all";
+}
+
 TEST(ViewsOfAFile, ShowTheirAnnotationsFromTheirSide)
 {
     std::string const file = ZEL_SOURCE_DIR "/../shared/models/nist/nist_ftc_07_asme1_ap242-e2.stp";
