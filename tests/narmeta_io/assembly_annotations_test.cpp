@@ -290,3 +290,24 @@ TEST(AssemblyAnnotations, FollowAnAssemblyThatIsCopiedForOneOfItsUses)
     ASSERT_TRUE(width);
     EXPECT_EQ(linkedMiddles(read->model, nullptr, *width), (Middles{{0, 100, 25}, {900, 400, 325}}));
 }
+
+TEST(ExternalFiles, ThatTheKernelWouldNotSurviveCountAsUnreadable)
+{
+    auto nested = bytesOf(data("plate.stp"));
+    nested.insert(nested.find("#1="), "#5000=&SCOPE\n#5001=CARTESIAN_POINT('',(0.,0.,0.));\nENDSCOPE "
+                                      "CARTESIAN_POINT('',(0.,0.,0.));\n");
+    auto const cut = nested.substr(0, nested.size() / 2);
+    for (std::string const& text : {nested, cut, std::string(), std::string("not STEP")}) {
+        TemporaryFolder const folder;
+        folder.write("plate.stp", text);
+        auto const read = ReadSupport::read(folder.write("rack.stp", bytesOf(data("rack.stp"))));
+        ASSERT_EQ(read->result.outcome, IoOutcome::Done);
+        auto const plate = named(read->model, L"plate");
+        ASSERT_TRUE(plate);
+        EXPECT_TRUE(plate->IsEmpty());
+        EXPECT_EQ(plate->GetStorageName(), L"plate.stp");
+        ASSERT_FALSE(read->result.warnings.empty());
+        EXPECT_NE(read->result.warnings.front().find(L"plate.stp"), std::wstring::npos);
+        EXPECT_EQ(annotationsOf(read->model.GetPMI().get()).size(), 1u);
+    }
+}

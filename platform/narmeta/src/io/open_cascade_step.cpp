@@ -66,6 +66,7 @@ LoadOutcome translate(std::filesystem::path const& file, KernelDocument& documen
     auto failure = guarded([&] {
         if (reader.NbRootsForTransfer() == 0) return;
         Message_ProgressScope scope(range, "transfer", 100);
+        reader.refuseFiles(document, file.parent_path());
         reader.translateAhead(document, support.mesher, file.parent_path(), scope.Next(90));
         reader.Transfer(document.document, scope.Next(10));
     });

@@ -2,6 +2,7 @@
 
 #include "open_cascade_guard.h"
 #include "place_count.h"
+#include "step_text.h"
 
 #include <algorithm>
 
@@ -50,6 +51,21 @@ StepReader::StepReader()
     SetViewMode(false);
     SetMatMode(false);
     SetPropsMode(false);
+}
+
+// The kernel remembers how reading a file of this name went, and does not try again.
+void StepReader::refuseFiles(KernelDocument& document, std::filesystem::path const& folder)
+{
+    STEPConstruct_ExternRefs references(ChangeReader().WS());
+    references.LoadExternRefs();
+    for (Standard_Integer i = 1; i <= references.NbExternRefs(); ++i) {
+        auto const* const name = references.FileName(i);
+        if (!name || !*name) continue;
+        std::string text;
+        auto const path = folder / name;
+        if (!std::filesystem::is_regular_file(path) || !checkStepFile(path, text).refusal) continue;
+        ReadExternFile(name, "", document.document, {});
+    }
 }
 
 // What fails here fails again with the whole, which reports it.
