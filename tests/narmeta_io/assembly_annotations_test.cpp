@@ -56,22 +56,22 @@ std::shared_ptr<PMIAnnotation> annotation(PMIContainer const* container, std::ws
 
 using Point = std::array<double, 3>;
 
-/// Middle of a face after all its instances.
-Point middleOf(ZELReference const& part, Id face, std::vector<std::shared_ptr<ZELInstance>> const& instances)
+/// Middle of a face, or of a body, after all its instances.
+Point middleOf(ZELReference const& part, Id entity,
+               std::vector<std::shared_ptr<ZELInstance>> const& instances)
 {
-    Point middle{};
+    Point middle{}, low{1e9, 1e9, 1e9}, high{-1e9, -1e9, -1e9};
     for (auto const& body : part.GetBodies()) {
-        for (auto const& one : body.faces) {
-            if (one.id != face) continue;
-            Point low{1e9, 1e9, 1e9}, high{-1e9, -1e9, -1e9};
-            auto const points = body.PointsOf(one);
+        for (auto const& face : body.faces) {
+            if (face.id != entity && body.id != entity) continue;
+            auto const points = body.PointsOf(face);
             for (std::size_t i = 0; i < points.size(); ++i) {
                 low[i % 3] = std::min(low[i % 3], double(points[i]));
                 high[i % 3] = std::max(high[i % 3], double(points[i]));
             }
-            for (std::size_t i = 0; i < 3; ++i) middle[i] = (low[i] + high[i]) / 2;
         }
     }
+    for (std::size_t i = 0; i < 3; ++i) middle[i] = (low[i] + high[i]) / 2;
     for (auto instance = instances.rbegin(); instance != instances.rend(); ++instance) {
         auto const& m = (*instance)->GetMatrix();
         Point moved{};
@@ -82,12 +82,13 @@ Point middleOf(ZELReference const& part, Id face, std::vector<std::shared_ptr<ZE
     return middle;
 }
 
+using Middles = std::set<std::array<long, 3>>;
+
 /// Middles of the faces that an annotation of the model, or of `start`, is linked to.
-std::set<std::array<long, 3>> linkedMiddles(ZELProductStructure const& model,
-                                            std::shared_ptr<ZELReference> const& start,
-                                            PMIAnnotation const& annotation)
+Middles linkedMiddles(ZELProductStructure const& model, std::shared_ptr<ZELReference> const& start,
+                      PMIAnnotation const& annotation)
 {
-    std::set<std::array<long, 3>> middles;
+    Middles middles;
     for (auto const& link : annotation.GetLinkedEntities()) {
         std::vector<std::shared_ptr<ZELInstance>> instances;
         auto holder = start;
@@ -107,8 +108,6 @@ std::set<std::array<long, 3>> linkedMiddles(ZELProductStructure const& model,
     }
     return middles;
 }
-
-using Middles = std::set<std::array<long, 3>>;
 
 std::multiset<std::vector<float>> linesOf(SGContainer const* scene, std::wstring const& pid)
 {
@@ -311,3 +310,74 @@ TEST(ExternalFiles, ThatTheKernelWouldNotSurviveCountAsUnreadable)
         EXPECT_EQ(annotationsOf(read->model.GetPMI().get()).size(), 1u);
     }
 }
+
+namespace
+{
+/// A size of a feature, put on the rig by statements: the feature has number 3000.
+struct WayCase {
+    char const* name;
+    char const* statements;
+    char const* owner; ///< name of a reference; empty for the model
+    Middles middles;   ///< tenths of millimetres
+};
+
+WayCase const Ways[] = {
+    {"ChainOfUsages",
+     "#3000=SHAPE_ASPECT('','',#3001,.T.);#3001=PRODUCT_DEFINITION_SHAPE('','',#3002);"
+     "#3002=SPECIFIED_HIGHER_USAGE_OCCURRENCE('','','',#5,#58,$,#234,#223);"
+     "#3003=GEOMETRIC_ITEM_SPECIFIC_USAGE('','',#3000,#63,#202);",
+     "",
+     {{900, 200, 50}}},
+    {"ChainFromBelow",
+     "#3000=SHAPE_ASPECT('','',#4,.T.);#3003=CHAIN_BASED_GEOMETRIC_ITEM_SPECIFIC_USAGE('','',#3000,#10,#202,"
+     "(#63,#36,#10),(#226,#51));",
+     "",
+     {{200, 100, 350}}},
+    {"ChainThatPassesOneUseOnly",
+     "#3000=SHAPE_ASPECT('','',#4,.T.);#3003=CHAIN_BASED_GEOMETRIC_ITEM_SPECIFIC_USAGE('','',#3000,#36,#202,"
+     "(#36,#63),(#220));",
+     "",
+     {{200, 100, 50}, {900, 200, 50}}},
+    {"PlacedRepresentation",
+     "#3000=SHAPE_ASPECT('','',#4,.T.);#3003=ITEM_IDENTIFIED_REPRESENTATION_USAGE('','',#3000,#1100,#1112);",
+     "",
+     {{200, 100, 25}, {200, 100, 325}, {900, 200, 25}, {900, 200, 325}}},
+    {"FeatureOfAUse",
+     "#3000=SHAPE_ASPECT('','',#53,.T.);#3003=CHAIN_BASED_GEOMETRIC_ITEM_SPECIFIC_USAGE('','',#3000,#36,#202,"
+     "(#36,#63),(#220));",
+     "",
+     {{200, 100, 50}}},
+    {"FeatureMadeOfOthers",
+     "#3000=COMPOSITE_SHAPE_ASPECT('','',#31,.T.);#3001=SHAPE_ASPECT_RELATIONSHIP('','',#3000,#1000);"
+     "#3002=SHAPE_ASPECT_RELATIONSHIP('','',#3000,#1002);",
+     "pair",
+     {{200, 100, 0}, {200, 100, 350}}},
+    {"PathThroughNothing",
+     "#3000=COMPONENT_PATH_SHAPE_ASPECT('','',#4,.T.,#3000,#3000);"
+     "#3002=MULTI_LEVEL_REFERENCE_DESIGNATOR('','','',#5,#58,$,(#3000,#9999));",
+     "",
+     {}},
+};
+
+class WayTest : public testing::TestWithParam<WayCase>
+{
+};
+} // namespace
+
+TEST_P(WayTest, LeadsToTheInstancesThatAreMeant)
+{
+    auto text = bytesOf(data("rig.stp"));
+    text.insert(text.rfind("ENDSEC;"),
+                std::string(GetParam().statements) + "#3010=DIMENSIONAL_SIZE(#3000,'depth');");
+    TemporaryFolder const folder;
+    auto const read = ReadSupport::read(folder.write("rig.stp", text));
+    ASSERT_EQ(read->result.outcome, IoOutcome::Done);
+    std::string const owner = GetParam().owner;
+    auto const start = owner.empty() ? nullptr : named(read->model, std::wstring(owner.begin(), owner.end()));
+    auto const size = annotation(start ? start->GetPmi().get() : read->model.GetPMI().get(), L"Dimension");
+    ASSERT_TRUE(size);
+    EXPECT_EQ(linkedMiddles(read->model, start, *size), GetParam().middles);
+}
+
+INSTANTIATE_TEST_SUITE_P(Ways, WayTest, testing::ValuesIn(Ways),
+                         [](auto const& test) { return test.param.name; });

@@ -15,8 +15,8 @@ class StepReader : public STEPCAFControl_Reader
 public:
     StepReader();
 
-    /// Has the files of external parts that the kernel would not survive count as unreadable. @p folder: of the
-    /// file.
+    /// Has the files of external parts that the kernel would not survive count as unreadable. @p folder: of
+    /// the file.
     void refuseFiles(KernelDocument& document, std::filesystem::path const& folder);
 
     /// Translates the parts of assemblies, and reads the files of external ones, each handed to @p mesher as

@@ -65,6 +65,7 @@ void StepShapeAspects::addPlaced(int item, StepShapeUse use, int aspect)
     auto const representation = Entities.argument(map, 1).entity();
     if (int const product = Products.ofRepresentation(representation); product != 0) use.product = product;
     for (int const shape : Entities.argument(representation, 1, "REPRESENTATION", 1).entities()) {
+        if (Entities.keywordOf(shape).starts_with("AXIS2_PLACEMENT")) continue;
         use.shape = shape;
         Shapes[aspect].push_back(use);
     }
@@ -91,7 +92,11 @@ std::vector<StepShapeUse> StepShapeAspects::shapesOf(int aspect) const
         if (!seen.emplace(current, through).second) continue;
         if (auto const own = Shapes.find(current); own != Shapes.end()) {
             for (auto use : own->second) {
-                if (use.through.empty()) use.through = through;
+                bool const isFurther =
+                    !through.empty() && !use.through.empty() &&
+                    Products.productOf(through.back()) == Products.ownerOf(use.through.front());
+                if (use.through.empty() || isFurther)
+                    use.through.insert(use.through.begin(), through.begin(), through.end());
                 if (use.product == 0 && !through.empty()) use.product = Products.productOf(through.back());
                 if (use.product == 0) use.product = Products.ownerOf(current);
                 shapes.insert(std::move(use));
