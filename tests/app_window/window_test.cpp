@@ -78,6 +78,34 @@ TEST_F(Window, openingAViewInTheTreeActivatesIt)
     EXPECT_THAT(calls(), Contains("entry 0 of 6"));
 }
 
+TEST_F(Window, onePlaneCutsAtATimeAndASecondPressEndsIt)
+{
+    ASSERT_TRUE(open({write("a.words", "parts 1")}));
+    auto const isChecked = [this](Command command) { return Shown->action(command)->isChecked(); };
+    press(Command::CutX);
+    EXPECT_EQ(calls().back(), "OnOperatorCuttingPlaneX");
+    press(Command::CutY);
+    EXPECT_EQ(calls().back(), "OnOperatorCuttingPlaneY");
+    EXPECT_FALSE(isChecked(Command::CutX));
+    EXPECT_TRUE(isChecked(Command::CutY));
+    EXPECT_FALSE(Shown->action(Command::CutZ)->isEnabled()) << "this view has no such slot";
+
+    // Each tab has its own.
+    ASSERT_TRUE(open({write("b.words", "parts 1")}));
+    EXPECT_FALSE(isChecked(Command::CutY));
+    press(Command::PreviousTab);
+    EXPECT_TRUE(isChecked(Command::CutY));
+
+    auto const styles = [] {
+        std::vector<std::string> const all = calls();
+        return std::ranges::count_if(all, [](auto const& call) { return call.starts_with("style"); });
+    };
+    auto const before = styles();
+    press(Command::CutY);
+    EXPECT_FALSE(isChecked(Command::CutY));
+    EXPECT_EQ(styles(), before + 1) << "the operators are set up anew";
+}
+
 TEST_F(Window, filesTakeATabOrAPlaceOfTheirOwn)
 {
     ASSERT_TRUE(open({write("a.words", "parts 1"), write("b.words", "parts 2")}));
@@ -140,7 +168,7 @@ TEST_F(Window, keysLookFromTheStandardViews)
     EXPECT_EQ(calls().size(), 2U);
     press(Command::ModeWires);
     EXPECT_EQ(calls().back(), "OnModeWires");
-    EXPECT_FALSE(Shown->action(Command::CutX)->isEnabled()) << "this view has no such slot";
+    EXPECT_FALSE(Shown->action(Command::CutZ)->isEnabled()) << "this view has no such slot";
 }
 
 TEST_F(Window, everyCommandDoesSomethingWithoutADocument)

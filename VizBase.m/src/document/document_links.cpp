@@ -111,6 +111,9 @@ HPS::KeyPathArray ZELDocument::GetCompanions(RenderId const& id, HPS::KeyPath co
 {
     if (!Tree || !Renderer) return {};
     if (Tree->IsInFeatureTree(id) || Tree->IsInTopologyTree(id)) return entityPaths(id, start);
+    bool isAnnotation = false; // thousands of other nodes may be asked for at once
+    for (int i = 2; i < id.Length(); ++i) isAnnotation |= id[i] == ToValue(EntityType::Annotations);
+    if (!isAnnotation) return {};
     HPS::KeyPath path = start;
     Target target;
     std::shared_ptr<PMIAnnotation> annotation;

@@ -18,6 +18,8 @@ public slots:
     void OnModeGouraud() { note("OnModeGouraud"); }
     void OnModeFlat() { note("OnModeFlat"); }
     void OnModeWires() { note("OnModeWires"); }
+    void OnOperatorCuttingPlaneX() { note("OnOperatorCuttingPlaneX"); }
+    void OnOperatorCuttingPlaneY() { note("OnOperatorCuttingPlaneY"); }
 };
 
 class StandInCamera final : public MoraCore::ACamera
