@@ -47,12 +47,12 @@ public:
     {
     }
 
-    std::optional<GltfTextureUse> use(QJsonValue const& reference) const
+    std::optional<TextureUse> use(QJsonValue const& reference) const
     {
         if (!reference.isObject()) return std::nullopt;
         auto const texture = reference["index"].toInt(-1);
         if (texture < 0 || texture >= Textures.size()) return std::nullopt;
-        GltfTextureUse made;
+        TextureUse made;
         auto const sampler = Textures.at(texture)["sampler"].toInt(-1);
         if (sampler >= 0 && sampler < Samplers.size()) {
             auto const values = Samplers.at(sampler).toObject();
@@ -72,32 +72,22 @@ private:
 };
 } // namespace
 
-bool GltfTextureUse::movesCoordinates() const
-{
-    return offset != std::array{0.0, 0.0} || scale != std::array{1.0, 1.0} || rotation != 0.0;
-}
-
-std::array<float, 2> GltfTextureUse::moved(float u, float v) const
-{
-    auto const x = scale[0] * u, y = scale[1] * (1.0 - v);
-    auto const c = std::cos(rotation), s = std::sin(rotation);
-    return {static_cast<float>(offset[0] + c * x + s * y),
-            static_cast<float>(1.0 - (offset[1] - s * x + c * y))};
-}
-
-std::map<std::string, GltfMaterial> readGltfMaterials(QJsonObject const& document)
+MaterialDetailMap readGltfMaterials(QJsonObject const& document)
 {
     MaterialScan const scan(document);
-    std::map<std::string, GltfMaterial> materials;
+    MaterialDetailMap materials;
     for (auto const& value : document["materials"].toArray()) {
         auto const source = value.toObject();
         auto const name = source["name"].toString().toStdString();
         if (name.empty()) continue;
         auto const metallic = source["pbrMetallicRoughness"];
-        materials.emplace(
-            name, GltfMaterial{scan.use(metallic["baseColorTexture"]), scan.use(source["normalTexture"]),
-                               scan.use(source["emissiveTexture"]), scan.use(source["occlusionTexture"]),
-                               scan.use(metallic["metallicRoughnessTexture"])});
+        MaterialDetails details;
+        details.baseColour = scan.use(metallic["baseColorTexture"]);
+        details.normal = scan.use(source["normalTexture"]);
+        details.emissive = scan.use(source["emissiveTexture"]);
+        details.occlusion = scan.use(source["occlusionTexture"]);
+        details.roughness = scan.use(metallic["metallicRoughnessTexture"]);
+        materials.emplace(name, std::move(details));
     }
     return materials;
 }

@@ -56,21 +56,6 @@ bool isStlTailWhole(std::string_view head, std::string_view tail)
     return !isText || lastLine(tail).starts_with("endsolid");
 }
 
-std::vector<std::filesystem::path> objMaterialFiles(std::filesystem::path const& file)
-{
-    constexpr std::string_view Word = "mtllib";
-    std::vector<std::filesystem::path> files;
-    std::ifstream stream(file, std::ios::binary);
-    for (std::string line; std::getline(stream, line);) {
-        if (!line.starts_with(Word)) continue;
-        std::string_view name(line);
-        name.remove_prefix(std::min(name.find_first_not_of(Blanks, Word.size()), name.size()));
-        name = name.substr(0, name.find_last_not_of(Blanks) + 1);
-        if (!name.empty()) files.push_back(file.parent_path() / name);
-    }
-    return files;
-}
-
 bool isObjTailWhole(std::string_view tail)
 {
     auto const line = lastLine(tail);

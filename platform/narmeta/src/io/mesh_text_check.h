@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace NarMetaInfra
 {
@@ -13,9 +12,6 @@ std::string tailOf(std::filesystem::path const& file);
 
 /// False if a text of triangles breaks off before its own end. A binary file has no end mark.
 bool isStlTailWhole(std::string_view head, std::string_view tail);
-
-/// The files of materials that a text of OBJ names.
-std::vector<std::filesystem::path> objMaterialFiles(std::filesystem::path const& file);
 
 /// False if the last line breaks off: a point with fewer than three numbers, a face with fewer than three
 /// corners. A file cut between two lines looks like a whole one.

@@ -3,7 +3,7 @@
 // Only for sources of this folder that see Open CASCADE.
 
 #include "StepEntities.h"
-#include "gltf_materials.h"
+#include "material_details.h"
 #include "open_cascade_tessellation.h"
 
 #include <narmeta/io/ZelIO.h>
@@ -101,8 +101,7 @@ struct KernelDocument {
     /// then those that it refers to. Empty for other formats.
     std::deque<StepSource> stepSources;
 
-    /// What the kernel does not tell about the materials of a glTF file, by name.
-    std::map<std::string, GltfMaterial> materialDetails;
+    MaterialDetailMap materialDetails;
 
     /// The file's shapes are triangles by nature.
     bool isMesh = false;

@@ -1,5 +1,7 @@
 #include "PlainGltf.h"
+#include "gltf_materials.h"
 #include "mesh_text_check.h"
+#include "obj_materials.h"
 #include "open_cascade_document.h"
 #include "open_cascade_guard.h"
 #include "stage_clock.h"
@@ -181,6 +183,7 @@ LoadOutcome loadObj(std::filesystem::path const& file, KernelDocument& document,
     auto outcome = loadMeshScene(reader, "OBJ", file, document, support, range);
     if (!outcome && !isObjTailWhole(tailOf(file))) document.warnings.push_back(endsEarly("OBJ"));
     document.otherFiles = objMaterialFiles(file);
+    for (auto const& materials : *document.otherFiles) readObjMaterials(materials, document.materialDetails);
     return outcome;
 }
 

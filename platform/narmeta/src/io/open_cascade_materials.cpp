@@ -30,6 +30,20 @@ std::string nameOf(Handle(XCAFDoc_VisMaterial) const& material)
     return TCollection_AsciiString(attribute->Get()).ToCString();
 }
 
+// A metal mirrors in its own colour and has no other; what is none mirrors a little, whatever its colour.
+void polish(Material::Settings& settings, float metallic, float roughness)
+{
+    auto const colour = settings.diffuse.colour.value_or(NarMeta::Colour{255, 255, 255});
+    auto const mirrored = [&](unsigned short channel) {
+        auto const share = DielectricReflection + (channel / 255.0f - DielectricReflection) * metallic;
+        return static_cast<unsigned short>(std::lround(255.0f * share));
+    };
+    settings.specular.colour = {mirrored(colour.red), mirrored(colour.green), mirrored(colour.blue)};
+    settings.shininess = 1.0f - roughness;
+    settings.metallic = metallic;
+    settings.roughness = roughness;
+}
+
 bool isBlack(NarMeta::Colour const& colour)
 {
     return colour == NarMeta::Colour{0, 0, 0};
@@ -42,8 +56,9 @@ std::shared_ptr<Material> MaterialMaker::of(Handle(XCAFDoc_VisMaterial) const& m
     auto& made = Materials[material.get()];
     if (made) return made;
     auto const* const details = detailsOf(material);
-    auto settings = material->HasPbrMaterial() ? metallic(*material, details ? *details : GltfMaterial())
-                                               : common(material->CommonMaterial());
+    auto const known = details ? *details : MaterialDetails();
+    auto settings =
+        material->HasPbrMaterial() ? metallic(*material, known) : common(material->CommonMaterial(), known);
     settings.isDoubleSided = material->FaceCulling() == Graphic3d_TypeOfBackfacingModel_DoubleSided;
     if (material->AlphaMode() == Graphic3d_AlphaMode_Mask) settings.alphaCutoff = material->AlphaCutOff();
     if (material->AlphaMode() == Graphic3d_AlphaMode_Opaque) settings.transparency.coefficient = 1.0f;
@@ -52,7 +67,7 @@ std::shared_ptr<Material> MaterialMaker::of(Handle(XCAFDoc_VisMaterial) const& m
     return made;
 }
 
-GltfTextureUse const* MaterialMaker::coordinateUse(Handle(XCAFDoc_VisMaterial) const& material) const
+TextureUse const* MaterialMaker::coordinateUse(Handle(XCAFDoc_VisMaterial) const& material) const
 {
     auto const* const details = material.IsNull() ? nullptr : detailsOf(material);
     if (!details || !details->baseColour || !details->baseColour->movesCoordinates()) return nullptr;
@@ -65,28 +80,20 @@ void MaterialMaker::addTo(NarMetaVisu::MaterialContainer& container) const
     for (auto const& [kernel, material] : Materials) container.Add(material);
 }
 
-GltfMaterial const* MaterialMaker::detailsOf(Handle(XCAFDoc_VisMaterial) const& material) const
+MaterialDetails const* MaterialMaker::detailsOf(Handle(XCAFDoc_VisMaterial) const& material) const
 {
     auto const found = Details.find(nameOf(material));
     return found == Details.end() ? nullptr : &found->second;
 }
 
-// A metal mirrors in its own colour and has no other; what is none mirrors a little, whatever its colour.
-Material::Settings MaterialMaker::metallic(XCAFDoc_VisMaterial const& material, GltfMaterial const& details)
+Material::Settings MaterialMaker::metallic(XCAFDoc_VisMaterial const& material,
+                                           MaterialDetails const& details)
 {
     auto const& source = material.PbrMaterial();
-    auto const colour = colourOf(source.BaseColor.GetRGB());
-    auto const mirrored = [&](unsigned short channel) {
-        auto const share = DielectricReflection + (channel / 255.0f - DielectricReflection) * source.Metallic;
-        return static_cast<unsigned short>(std::lround(255.0f * share));
-    };
     Material::Settings settings;
-    settings.diffuse.colour = colour;
+    settings.diffuse.colour = colourOf(source.BaseColor.GetRGB());
     settings.transparency.coefficient = source.BaseColor.Alpha();
-    settings.specular.colour = {mirrored(colour.red), mirrored(colour.green), mirrored(colour.blue)};
-    settings.shininess = 1.0f - source.Roughness;
-    settings.metallic = source.Metallic;
-    settings.roughness = source.Roughness;
+    polish(settings, source.Metallic, source.Roughness);
     auto const& glow = source.EmissiveFactor;
     auto const glowing = colourOf(Quantity_Color(glow));
     if (!isBlack(glowing)) settings.emission.colour = glowing;
@@ -102,7 +109,8 @@ Material::Settings MaterialMaker::metallic(XCAFDoc_VisMaterial const& material, 
     return settings;
 }
 
-Material::Settings MaterialMaker::common(XCAFDoc_VisMaterialCommon const& source)
+Material::Settings MaterialMaker::common(XCAFDoc_VisMaterialCommon const& source,
+                                         MaterialDetails const& details)
 {
     Material::Settings settings;
     if (!source.IsDefined) return settings;
@@ -111,20 +119,33 @@ Material::Settings MaterialMaker::common(XCAFDoc_VisMaterialCommon const& source
     settings.transparency.coefficient = 1.0f - source.Transparency;
     settings.shininess = source.Shininess;
     if (auto const glow = colourOf(source.EmissiveColor); !isBlack(glow)) settings.emission.colour = glow;
-    add(settings.diffuseColorTextures, source.DiffuseTexture, std::nullopt);
+    if (details.metallicShare || details.roughnessShare)
+        polish(settings, details.metallicShare.value_or(0.0f), details.roughnessShare.value_or(1.0f));
+    add(settings.diffuseColorTextures, source.DiffuseTexture, details.baseColour, Channel::All,
+        details.opacity);
+    add(settings.normalTextures, nullptr, details.normal);
+    add(settings.emissiveColorTextures, nullptr, details.emissive);
+    add(settings.specularColorTextures, nullptr, details.specular);
+    add(settings.bumpCoeffTextures, nullptr, details.bump, Channel::Red);
+    add(settings.specularCoeffTextures, nullptr, details.roughness, Channel::Smoothness);
     return settings;
 }
 
-void MaterialMaker::add(Material::Textures& list, Handle(Image_Texture) const& source,
-                        std::optional<GltfTextureUse> const& use, Channel channel)
+void MaterialMaker::add(Material::Textures& list, Handle(Image_Texture) const& known,
+                        std::optional<TextureUse> const& use, Channel channel,
+                        std::optional<TextureUse> const& opacity)
 {
+    auto const lies = use.value_or(TextureUse());
+    auto const source =
+        lies.image.empty() ? known : Handle(Image_Texture)(new Image_Texture(lies.image.c_str()));
     if (source.IsNull()) return;
-    auto const whole = imageOf(source);
+    auto whole = imageOf(source);
     if (!whole) return;
-    auto const lies = use.value_or(GltfTextureUse());
+    if (opacity) whole = transparentOf(whole, *opacity);
     static constexpr char const* Suffixes[] = {"", "#red", "#smoothness"};
     auto const* const suffix = Suffixes[static_cast<std::size_t>(channel)];
     auto key = source->TextureId().ToCString() + std::string(suffix);
+    if (opacity) key += "+" + opacity->image.string();
     for (auto const mode : lies.wrap) key += "." + std::to_string(static_cast<int>(mode));
     auto& texture = Textures[key];
     if (!texture) {
@@ -154,6 +175,16 @@ MaterialMaker::ImagePointer MaterialMaker::imageOf(Handle(Image_Texture) const& 
     if (!entry->second)
         Warnings.push_back("the image \"" + id + "\" of a texture is missing or can't be read");
     return entry->second;
+}
+
+MaterialMaker::ImagePointer MaterialMaker::transparentOf(ImagePointer const& image, TextureUse const& opacity)
+{
+    auto const mask = imageOf(new Image_Texture(opacity.image.c_str()));
+    auto const made = mask ? withOpacity(*image, *mask) : nullptr;
+    if (mask && !made)
+        Warnings.push_back("the image \"" + opacity.image.string() +
+                           "\" of an opacity has not the size of the one that it belongs to");
+    return made ? made : image;
 }
 
 QByteArray MaterialMaker::bytesOf(Handle(Image_Texture) const& source) const

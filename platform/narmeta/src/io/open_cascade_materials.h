@@ -2,9 +2,8 @@
 
 // Only for sources of this folder that see Open CASCADE.
 
-#include "gltf_materials.h"
+#include "material_details.h"
 
-#include <filesystem>
 #include <narmeta/visu/MaterialContainer.h>
 
 #include <unordered_map>
@@ -21,13 +20,12 @@ namespace NarMetaInfra
 class MaterialMaker
 {
 public:
-    /// @p details: of a glTF file, else empty.
-    explicit MaterialMaker(std::map<std::string, GltfMaterial> details = {}) : Details(std::move(details)) {}
+    explicit MaterialMaker(MaterialDetailMap details = {}) : Details(std::move(details)) {}
 
     /// Null for a null material.
     std::shared_ptr<NarMetaVisu::Material> of(Handle(XCAFDoc_VisMaterial) const& material);
     /// What the coordinates of faces with this material have to go through; null for nothing.
-    GltfTextureUse const* coordinateUse(Handle(XCAFDoc_VisMaterial) const& material) const;
+    TextureUse const* coordinateUse(Handle(XCAFDoc_VisMaterial) const& material) const;
 
     void addTo(NarMetaVisu::MaterialContainer& container) const;
     /// Images that lie in files of their own.
@@ -41,16 +39,19 @@ private:
     enum class Channel { All, Red, Smoothness };
 
     NarMetaVisu::Material::Settings metallic(XCAFDoc_VisMaterial const& material,
-                                             GltfMaterial const& details);
-    NarMetaVisu::Material::Settings common(XCAFDoc_VisMaterialCommon const& material);
+                                             MaterialDetails const& details);
+    NarMetaVisu::Material::Settings common(XCAFDoc_VisMaterialCommon const& material,
+                                           MaterialDetails const& details);
     void add(NarMetaVisu::Material::Textures& list, Handle(Image_Texture) const& source,
-             std::optional<GltfTextureUse> const& use, Channel channel = Channel::All);
+             std::optional<TextureUse> const& use, Channel channel = Channel::All,
+             std::optional<TextureUse> const& opacity = {});
     ImagePointer imageOf(Handle(Image_Texture) const& source);
+    ImagePointer transparentOf(ImagePointer const& image, TextureUse const& opacity);
     QByteArray bytesOf(Handle(Image_Texture) const& source) const;
     std::wstring unique(std::wstring name);
-    GltfMaterial const* detailsOf(Handle(XCAFDoc_VisMaterial) const& material) const;
+    MaterialDetails const* detailsOf(Handle(XCAFDoc_VisMaterial) const& material) const;
 
-    std::map<std::string, GltfMaterial> Details;
+    MaterialDetailMap Details;
     std::unordered_map<XCAFDoc_VisMaterial const*, std::shared_ptr<NarMetaVisu::Material>> Materials;
     std::map<std::string, ImagePointer> Images;
     std::map<std::string, TexturePointer> Textures; // by image, channel and wrapping

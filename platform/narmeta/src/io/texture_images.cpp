@@ -33,6 +33,20 @@ std::shared_ptr<TextureImage> decodeImage(QByteArray const& encoded)
     return made;
 }
 
+std::shared_ptr<TextureImage> withOpacity(TextureImage const& image, TextureImage const& opacity)
+{
+    unsigned char const *colours = nullptr, *mask = nullptr;
+    std::size_t size = 0, maskSize = 0;
+    if (image.GetWidth() != opacity.GetWidth() || !image.GetMipmap(0, colours, size) ||
+        !opacity.GetMipmap(0, mask, maskSize) || size != maskSize)
+        return nullptr;
+    std::vector<unsigned char> pixels(colours, colours + size);
+    for (std::size_t i = 0; i + 3 < size; i += 4) pixels[i + 3] = mask[i];
+    auto made = std::make_shared<TextureImage>(image.GetWidth(), image.GetHeight(), ImagePixelFormat::RGBA);
+    made->AddMipmap(std::move(pixels));
+    return made;
+}
+
 std::shared_ptr<TextureImage> channelOf(TextureImage const& image, int channel, bool inverted)
 {
     unsigned char const* data = nullptr;

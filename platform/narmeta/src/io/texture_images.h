@@ -14,6 +14,10 @@ namespace NarMetaInfra
 /// be decoded or has more than 2^26 pixels.
 std::shared_ptr<NarMetaVisu::TextureImage> decodeImage(QByteArray const& encoded);
 
+/// An RGBA image with the red of another one of its size as alpha; null if the sizes differ.
+std::shared_ptr<NarMetaVisu::TextureImage> withOpacity(NarMetaVisu::TextureImage const& image,
+                                                       NarMetaVisu::TextureImage const& opacity);
+
 /// A grey image of one channel (0 red, 1 green, 2 blue) of an RGBA one.
 std::shared_ptr<NarMetaVisu::TextureImage> channelOf(NarMetaVisu::TextureImage const& image, int channel,
                                                      bool inverted = false);
