@@ -172,6 +172,54 @@ TEST_F(Links, TheTopologyOfABodyLightsUpBelowIt)
     EXPECT_FALSE(Made.document.ZoomTo(Made.id({root->GetHashedID(), Topology, Brep}), &Made.window.view()));
 }
 
+TEST_F(Links, IdsBecomePathsAndPathsIds)
+{
+    Part->SetPmi(noteOf(L"part", {}));
+    auto const group = Made.assembly(L"group");
+    auto const inner = group->AddInstance(Part, L"inner");
+    auto const root = Made.model.AddRootInstance(group, L"root");
+    show();
+    auto const keyOf = [this](auto const& name) {
+        HPS::Key key;
+        EXPECT_TRUE(Made.document.GetRenderer()->GetObjectMapper()->Get(name, key));
+        return key;
+    };
+    HPS::Key body;
+    ASSERT_TRUE(Part->GetObjectMapper()->Get(Second, body));
+    std::wstring const part = L"part", assembly = L"group";
+    unsigned long long const a = root->GetHashedID(), b = inner->GetHashedID();
+    struct {
+        std::vector<unsigned long long> values;
+        HPS::Key front;
+    } const cases[] = {
+        {{}, Made.document.GetRenderer()->GetRootKey()},
+        {{a}, keyOf(assembly)},
+        {{a, b}, keyOf(part)},
+        {{a, b, Brep}, keyOf(part)},
+        {{a, b, Annotations}, keyOf(part)},
+        {{a, b, Annotations, Note}, keyOf(part)}, // without a picture
+        {{a, b, Brep, Second}, body},
+    };
+    for (auto const& wanted : cases) {
+        SCOPED_TRACE(wanted.values.size());
+        HPS::KeyPath path;
+        ASSERT_TRUE(Made.document.Convert(Made.id(wanted.values), path));
+        EXPECT_EQ(path.Front(), wanted.front);
+    }
+    HPS::KeyPath path;
+    RenderId const whole = Made.id({a, b, Brep, Second});
+    RenderId back;
+    ASSERT_TRUE(Made.document.Convert(whole, path));
+    ASSERT_TRUE(Made.document.Convert(path, back));
+    EXPECT_EQ(back, whole);
+    for (std::vector<unsigned long long> const& values : std::vector<std::vector<unsigned long long>>{
+             {7}, {a, 7}, {a, Brep, Second}, {a, b, Brep, 7}, {a, b, 10006, 7}, {Brep, Second}})
+        EXPECT_FALSE(Made.document.Convert(Made.id(values), path));
+    EXPECT_FALSE(Made.document.Convert(RenderId({1}, RenderId::OriginEnum::Visualisation), path));
+    Made.session().SetView3DEvo(nullptr);
+    EXPECT_FALSE(Made.document.Convert(whole, path)) << "nobody shows it";
+}
+
 TEST(LinksOfAFile, MostAnnotationsLightSomething)
 {
     std::string const file = ZEL_SOURCE_DIR "/../shared/models/nist/nist_ctc_01_asme1_ap242-e1.stp";
