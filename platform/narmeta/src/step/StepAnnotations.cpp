@@ -100,7 +100,7 @@ private:
             auto const pictureName = Callouts.pictureNameOf(item);
             auto const shown = name.empty() ? decodeStepText(pictureName) : name;
             add(owned, item, makeAnnotation(pictureName, id, shown), aspects);
-            base(owned.entries.back().annotation).SetText(Callouts.textOf(item));
+            base(owned.entries.back().annotation).SetText(textOf(item, picture));
         }
         for (auto const* const meaning : meanings) {
             auto const number = static_cast<NarMeta::Id>(meaning->entity);
@@ -115,6 +115,15 @@ private:
                 base(owned.entries[i].annotation).SetHidden(true);
         if (!picture.isEmpty())
             addPicture(owned, makeStepPicture(picture, id, base(owned.entries[first].annotation).GetName()));
+    }
+
+    // What a viewer has to set is there to be read, unlike strokes.
+    std::wstring textOf(int item, StepPicture const& picture) const
+    {
+        auto text = Callouts.textOf(item);
+        if (!text.empty()) return text;
+        for (auto const& drawn : picture.texts) text += (text.empty() ? L"" : L" ") + drawn.words;
+        return text;
     }
 
     // Annotations are tied to the features that they speak of as well as to what they mean, and a feature may
