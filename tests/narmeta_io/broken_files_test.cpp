@@ -33,6 +33,23 @@ std::string endlessGltf(int levels, bool isRing)
     return text + (isRing ? "{\"children\":[0]}" : "{\"mesh\":0}") + "],\"meshes\":[]}";
 }
 
+// A triangle as the mesh of nodes.
+std::string gltfOf(std::string const& scenes, std::string const& nodes)
+{
+    return R"({"asset":{"version":"2.0"},"scene":0,"scenes":)" + scenes + R"(,"nodes":)" + nodes +
+           R"(,"meshes":[{"primitives":[{"attributes":{"POSITION":0}}]}],
+"accessors":[{"bufferView":0,"componentType":5126,"count":3,"type":"VEC3","min":[0,0,0],"max":[1,1,0]}],
+"bufferViews":[{"buffer":0,"byteLength":36}],"buffers":[{"byteLength":36,"uri":"data:application/octet-stream;base64,)" +
+           "AAAAAAAAAAAAAAAAAACAPwAAAAAAAAAAAAAAAAAAgD8AAAAA" + "\"}]}";
+}
+
+std::string deepGltf(int levels)
+{
+    std::string nodes = "[";
+    for (int i = 1; i <= levels; ++i) nodes += "{\"mesh\":0,\"children\":[" + std::to_string(i) + "]},";
+    return gltfOf(R"([{"nodes":[0]}])", nodes + "{\"mesh\":0}]");
+}
+
 std::string endlessStep(int levels, bool isRing)
 {
     auto text = Header + "#1=APPLICATION_CONTEXT('');\n#2=PRODUCT_CONTEXT('',#1,'');\n"
@@ -67,6 +84,14 @@ BrokenFile const BrokenFiles[] = {
      IoOutcome::Damaged},
     {"gltf of too many places", endlessGltf(40, false), IoOutcome::Damaged},
     {"gltf that contains itself", endlessGltf(3, true), IoOutcome::Damaged},
+    {"gltf with a ring beside its roots",
+     gltfOf(R"([{"nodes":[1]}])", R"([{"mesh":0},{"children":[2]},{"mesh":0,"children":[1]}])"),
+     IoOutcome::Damaged},
+    {"gltf with a ring of numbers as text",
+     gltfOf(R"([{"nodes":["0"]}])", R"([{"mesh":0,"children":["0"]}])"), IoOutcome::Damaged},
+    {"gltf with a ring of names", gltfOf(R"({"0":{"nodes":["a"]}})", R"({"a":{"mesh":0,"children":["a"]}})"),
+     IoOutcome::Damaged},
+    {"gltf that nests without end", deepGltf(60'000), IoOutcome::Damaged},
     {"step of too many places", endlessStep(40, false), IoOutcome::Damaged},
     {"step that contains itself", endlessStep(3, true), IoOutcome::Damaged},
     {"iges header only", "                                                                        S      1\n",
@@ -97,6 +122,13 @@ INSTANTIATE_TEST_SUITE_P(Files, BrokenFileTest, testing::ValuesIn(BrokenFiles), 
     std::ranges::replace(name, ' ', '_');
     return name;
 });
+
+TEST(BrokenFiles, NestingAsDeepAsThatOfAnyMachineIsNone)
+{
+    TemporaryFolder const folder;
+    auto const read = ReadSupport::read(folder.write("deep.gltf", deepGltf(100)));
+    EXPECT_EQ(read->result.outcome, IoOutcome::Done);
+}
 
 TEST(BrokenFiles, CollectedOnesHaveAClearOutcome)
 {

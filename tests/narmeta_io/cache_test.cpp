@@ -146,3 +146,18 @@ TEST(ModelCache, KnowsTheOtherFilesOfAModel)
         EXPECT_TRUE(isTaken());
     }
 }
+
+TEST(ModelCache, KeepsNothingWithoutAFolderAndNothingOfDevices)
+{
+    TemporaryFolder const folder;
+    ModelCache::Key const key{"without_folder", folder.write("a.step", "text"),
+                              std::filesystem::file_time_type::clock::now() + std::chrono::hours(1)};
+    std::string_view const piece = "model";
+    ModelCache({}, Plenty).store(key, {}, {piece});
+    EXPECT_FALSE(std::filesystem::remove("without_folder.model"));
+    ModelCache const cache(folder.path() / "kept", Plenty);
+    cache.store(key, {"/dev/zero"}, {piece});
+    EXPECT_FALSE(std::filesystem::exists(folder.path() / "kept"));
+    cache.store(key, {key.file}, {piece});
+    EXPECT_TRUE(std::filesystem::exists(folder.path() / "kept/without_folder.model"));
+}

@@ -2,6 +2,7 @@
 #include "StepEntities.h"
 #include "StepGeometry.h"
 #include "StepPictures.h"
+#include "StepProducts.h"
 #include "StepVisibility.h"
 #include "read_support.h"
 #include "step_header.h"
@@ -118,6 +119,14 @@ TEST(StepGeometry, DrawsCurvesInMillimetres)
     EXPECT_NEAR(length(geometry.curve(23)), 2 * 25.4, 1e-9);
     EXPECT_NEAR(length(geometry.curve(24)), quarter, 0.1);           // rational: a quarter of a circle
     EXPECT_NEAR(length(geometry.curve(25)), 9 * 2 * 25.4, 9 * 50.8); // contains itself, and ends all the same
+}
+
+TEST(StepProducts, AChainOfUsagesThatContainsItselfEnds)
+{
+    auto const text = file("#1=SPECIFIED_HIGHER_USAGE_OCCURRENCE('','','',#8,#9,$,#2,#7);"
+                           "#2=SPECIFIED_HIGHER_USAGE_OCCURRENCE('','','',#8,#9,$,#1,#7);");
+    StepEntities const entities(text);
+    EXPECT_TRUE(StepProducts(entities).usesOf(1).empty());
 }
 
 TEST(StepPictures, KeepColoursPatternsAndHoles)

@@ -96,13 +96,13 @@ QByteArray GltfFile::bytesOf(int buffer, qint64 offset, qint64 length) const
     if (name.startsWith("data:")) {
         auto& bytes = Inline[buffer];
         if (bytes.isEmpty()) bytes = QByteArray::fromBase64(name.mid(name.indexOf(',') + 1).toLatin1());
-        return offset + length <= bytes.size() ? bytes.mid(offset, length) : QByteArray();
+        return offset <= bytes.size() - length ? bytes.mid(offset, length) : QByteArray();
     }
     if (name.isEmpty() && BinaryPart == 0) return {};
     QFile file(QFile::decodeName((name.isEmpty() ? Path : fileOf(name)).c_str()));
     if (!file.open(QIODevice::ReadOnly)) return {};
-    auto const start = offset + (name.isEmpty() ? BinaryPart : 0);
-    if (start > file.size() - length || !file.seek(start)) return {};
+    auto const start = name.isEmpty() ? BinaryPart : 0;
+    if (offset > file.size() - start - length || !file.seek(start + offset)) return {};
     auto bytes = file.read(length);
     return bytes.size() == length ? bytes : QByteArray();
 }

@@ -18,6 +18,7 @@ namespace
 {
 constexpr int FloatType = 5126, IndexType = 5125;
 constexpr qsizetype MostInstances = 1'000'000;
+constexpr qsizetype MostAdded = qsizetype{1} << 31; // bytes
 constexpr QLatin1String Meshopt("EXT_meshopt_compression");
 constexpr QLatin1String Draco("KHR_draco_mesh_compression");
 constexpr QLatin1String Quantised("KHR_mesh_quantization");
@@ -152,8 +153,8 @@ void PlainGltf::unpackViews()
         auto const made = unpackView(settings, File.bytesOf(settings.value("buffer").toInt(-1),
                                                             settings.value("byteOffset").toInteger(),
                                                             settings.value("byteLength").toInteger(-1)));
-        if (!made) {
-            Refusal = "a compressed part of it is damaged";
+        if (!made || made->size() > MostAdded - Added.size()) {
+            Refusal = "a compressed part of it is damaged or too large";
             return;
         }
         auto view = Views.at(i).toObject();

@@ -1,5 +1,7 @@
 #include "gltf_compression.h"
 
+#include <algorithm>
+
 #include <draco/compression/decode.h>
 #include <meshoptimizer.h>
 
@@ -8,6 +10,7 @@ namespace NarMetaInfra
 namespace
 {
 constexpr std::size_t LargestView = std::size_t{1} << 31;
+constexpr std::size_t MostGain = 64; // bytes for a packed one: two bits may stand for sixteen of them
 
 bool isFiltered(QString const& filter, QByteArray& bytes, std::size_t count, std::size_t stride)
 {
@@ -26,16 +29,18 @@ bool isFiltered(QString const& filter, QByteArray& bytes, std::size_t count, std
 
 std::optional<QByteArray> unpackView(QJsonObject const& settings, QByteArray const& bytes)
 {
-    auto const count = static_cast<std::size_t>(std::max(settings["count"].toDouble(), 0.0));
+    auto const count = static_cast<std::size_t>(
+        std::clamp(settings["count"].toDouble(), 0.0, static_cast<double>(LargestView)));
     auto const stride = static_cast<std::size_t>(std::max(settings["byteStride"].toInt(), 0));
     auto const mode = settings["mode"].toString();
     bool const isPoints = mode == "ATTRIBUTES";
     bool const isStride =
         isPoints ? stride % 4 == 0 && stride >= 4 && stride <= 256 : stride == 2 || stride == 4;
     if (count == 0 || !isStride || count > LargestView / stride) return std::nullopt;
+    auto const size = static_cast<std::size_t>(bytes.size());
+    if (count * stride / MostGain > size) return std::nullopt;
     QByteArray made(static_cast<qsizetype>(count * stride), '\0');
     auto const* const source = reinterpret_cast<unsigned char const*>(bytes.constData());
-    auto const size = static_cast<std::size_t>(bytes.size());
     int failure = -1;
     if (isPoints)
         failure = meshopt_decodeVertexBuffer(made.data(), count, stride, source, size);

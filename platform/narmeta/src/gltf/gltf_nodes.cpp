@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include <QHash>
 #include <QJsonArray>
 #include <QJsonObject>
 
@@ -14,7 +15,6 @@ namespace
 {
 using Matrix4 = std::array<double, 16>;
 
-constexpr int DepthLimit = 200;
 constexpr double MillimetresPerMetre = 1000.0;
 
 template <std::size_t Count> std::optional<std::array<double, Count>> numbers(QJsonValue const& value)
@@ -67,10 +67,10 @@ Matrix4 inModelSpace(Matrix4 const& file)
 
 // Nodes form a forest, so that a walk meets each of them once at most: `unmet` counts them down. A file that
 // shares nodes could otherwise ask for twice as many at each level.
-std::optional<std::vector<GltfNode>> nodesOf(QJsonArray const& indices, QJsonArray const& all, int depth,
-                                             qsizetype& unmet)
+std::optional<std::vector<GltfNode>> nodesOf(QJsonArray const& indices, QJsonArray const& all,
+                                             std::size_t depth, qsizetype& unmet)
 {
-    if (depth > DepthLimit) return std::nullopt;
+    if (depth >= MostLevels) return std::nullopt;
     std::vector<GltfNode> nodes;
     for (auto const& index : indices) {
         auto const number = index.toInt(-1);
@@ -84,6 +84,14 @@ std::optional<std::vector<GltfNode>> nodesOf(QJsonArray const& indices, QJsonArr
     }
     return nodes;
 }
+
+template <class Visit> void forEachEntry(QJsonValue const& entries, Visit visit)
+{
+    auto const listed = entries.toArray();
+    for (qsizetype i = 0; i < listed.size(); ++i) visit(QString::number(i), listed.at(i).toObject());
+    auto const named = entries.toObject();
+    for (auto entry = named.begin(); entry != named.end(); ++entry) visit(entry.key(), entry->toObject());
+}
 } // namespace
 
 std::optional<std::vector<GltfNode>> readGltfNodes(QJsonObject const& document)
@@ -94,25 +102,27 @@ std::optional<std::vector<GltfNode>> readGltfNodes(QJsonObject const& document)
     return nodesOf(scene["nodes"].toArray(), nodes, 0, unmet);
 }
 
+// The kernel follows numbers that are written as text, and entries that have names in place of numbers, too.
 std::string refusalOfGltf(QJsonObject const& document)
 {
-    auto const nodes = document["nodes"].toArray();
-    auto const count = static_cast<std::size_t>(nodes.size());
-    UseGraph uses(count);
-    std::vector<bool> isUsed(count);
-    for (std::size_t i = 0; i < count; ++i) {
-        for (auto const& child : nodes.at(static_cast<qsizetype>(i)).toObject()["children"].toArray()) {
-            auto const number = static_cast<std::size_t>(std::max(child.toInt(-1), -1));
-            if (number >= count) continue;
-            uses[i].push_back(number);
-            isUsed[number] = true;
+    QHash<QString, std::size_t> numbers;
+    std::vector<QJsonObject> nodes;
+    forEachEntry(document["nodes"], [&](QString const& key, QJsonObject const& node) {
+        numbers.insert(key, nodes.size());
+        nodes.push_back(node);
+    });
+    auto const addNamed = [&](QJsonValue const& keys, std::vector<std::size_t>& found) {
+        for (auto const& key : keys.toArray()) {
+            auto const node =
+                numbers.constFind(key.isString() ? key.toString() : QString::number(key.toInt(-1)));
+            if (node != numbers.constEnd()) found.push_back(*node);
         }
-    }
+    };
+    UseGraph uses(nodes.size());
+    for (std::size_t i = 0; i < nodes.size(); ++i) addNamed(nodes[i]["children"], uses[i]);
     std::vector<std::size_t> roots;
-    for (std::size_t i = 0; i < count; ++i)
-        if (!isUsed[i]) roots.push_back(i);
-    // A ring has no beginning.
-    if (roots.empty() && count > 0) roots.push_back(0);
+    forEachEntry(document["scenes"],
+                 [&](QString const&, QJsonObject const& scene) { addNamed(scene["nodes"], roots); });
     return refusalOfPlaces(uses, roots);
 }
 } // namespace NarMetaInfra

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,11 +11,10 @@ using UseGraph = std::vector<std::vector<std::size_t>>;
 
 /// More places than this can't be shown; real assemblies have some hundred thousand at most.
 inline constexpr std::uint64_t MostPlaces = 4'000'000;
+/// Whoever follows the uses calls himself at each level; real assemblies have some dozens at most.
+inline constexpr std::size_t MostLevels = 200;
 
-/// How many places there are below @p roots, themselves among them, without going through them one by one;
-/// the largest number if there are more than it holds. Nothing if something contains itself.
-std::optional<std::uint64_t> countPlaces(UseGraph const& uses, std::vector<std::size_t> const& roots);
-
-/// Why a file with these uses must not be expanded, in words for the user; empty if it may be.
+/// Why what stands below @p roots must not be expanded, in words for the user; empty if it may be. The places
+/// are not gone through one by one: there may be more than can be counted.
 std::string refusalOfPlaces(UseGraph const& uses, std::vector<std::size_t> const& roots);
 } // namespace NarMetaInfra

@@ -30,11 +30,14 @@ std::string readerBuild()
     return error ? std::string() : std::to_string(written.time_since_epoch().count());
 }
 
-/// Of a file's contents and a word beside them, as 64 hexadecimal digits; empty if it can't be read.
+/// Of a file's contents and a word beside them, as 64 hexadecimal digits; empty if it can't be read, or is no
+/// file: a device may have no end.
 std::string hashOf(std::filesystem::path const& path, std::string_view word)
 {
     QFile file(nameOf(path));
     QCryptographicHash hash(QCryptographicHash::Sha256);
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(path, error)) return {};
     if (!file.open(QIODevice::ReadOnly) || !hash.addData(&file)) return {};
     hash.addData(QByteArrayView(word.data(), static_cast<qsizetype>(word.size())));
     return hash.result().toHex().toStdString();
@@ -104,7 +107,7 @@ std::optional<ReadResult> ModelCache::load(Key const& key, ReadRequest const& re
                                            ZELProductStructure& model) const
 {
     QFile file(nameOf(fileOf(key)));
-    if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
+    if (Folder.empty() || !file.open(QIODevice::ReadOnly)) return std::nullopt;
     auto const size = static_cast<std::size_t>(file.size());
     auto* const bytes = file.map(0, file.size());
     std::string_view piece(reinterpret_cast<char const*>(bytes), bytes ? size : 0);
@@ -127,17 +130,18 @@ std::optional<ReadResult> ModelCache::load(Key const& key, ReadRequest const& re
 void ModelCache::store(Key const& key, std::vector<std::filesystem::path> const& otherFiles,
                        PackedModel::Pieces const& pieces) const
 {
-    if (key.name.empty() || !isOlder(key.file, key.time)) return;
+    if (Folder.empty() || key.name.empty() || !isOlder(key.file, key.time)) return;
+    std::error_code error;
     std::string list;
     for (auto const& other : otherFiles) {
         auto const hash = hashOf(other, {});
         if (hash.empty() || !isOlder(other, key.time)) return;
-        list += hash + std::filesystem::proximate(other, key.file.parent_path()).string() + '\0';
+        list += hash + std::filesystem::proximate(other, key.file.parent_path(), error).string() + '\0';
+        if (error) return;
     }
     std::uint64_t const listSize = list.size();
     std::uintmax_t sum = sizeof Mark + sizeof listSize + listSize;
     for (auto const piece : pieces) sum += piece.size();
-    std::error_code error;
     if (sum > Limit) return;
     std::filesystem::create_directories(Folder, error);
     QSaveFile file(nameOf(fileOf(key)));

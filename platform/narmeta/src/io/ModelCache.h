@@ -9,7 +9,8 @@ namespace NarMetaInfra
 class ModelCache
 {
 public:
-    /// @p folder: made when first written to. @p limit: bytes of all files together.
+    /// @p folder: made when first written to; nothing is kept without one. @p limit: bytes of all files
+    /// together.
     ModelCache(std::filesystem::path folder, std::uintmax_t limit) : Folder(std::move(folder)), Limit(limit)
     {
     }

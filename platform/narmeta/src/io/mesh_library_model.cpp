@@ -9,7 +9,6 @@
 #include <cmath>
 
 #include <QByteArray>
-#include <QFile>
 
 #include <assimp/material.h>
 #include <assimp/scene.h>
@@ -18,8 +17,6 @@ namespace NarMetaInfra
 {
 namespace
 {
-constexpr qint64 LargestImage = qint64{1} << 28; // bytes
-
 std::wstring textOf(aiString const& text)
 {
     return trimmed(wideFromBytes({text.C_Str(), text.length}));
@@ -189,8 +186,7 @@ std::shared_ptr<NarMetaVisu::Material> SceneTranslator::textured(unsigned number
             QByteArray(reinterpret_cast<char const*>(inside->pcData), static_cast<qsizetype>(inside->mWidth));
     } else {
         OtherFiles.push_back(Folder / path.C_Str());
-        QFile file(QFile::decodeName(OtherFiles.back().c_str()));
-        if (file.open(QIODevice::ReadOnly) && file.size() <= LargestImage) bytes = file.readAll();
+        bytes = imageBytes(OtherFiles.back());
     }
     auto image = decodeImage(bytes);
     if (!image) {

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <fstream>
+#include <set>
 
 namespace NarMetaInfra
 {
@@ -35,7 +37,8 @@ std::optional<double> numberOf(std::string_view word)
 {
     double number = 0;
     auto const [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
-    if (error != std::errc() || end != word.data() + word.size()) return std::nullopt;
+    if (error != std::errc() || end != word.data() + word.size() || !std::isfinite(number))
+        return std::nullopt;
     return number;
 }
 
@@ -103,20 +106,31 @@ constexpr ImageWord ImageWords[] = {
     {"map_Kn", &MaterialDetails::normal},     {"map_bump", &MaterialDetails::bump},
     {"map_Bump", &MaterialDetails::bump},     {"bump", &MaterialDetails::bump}};
 
-template <class Take> void forEachLine(std::filesystem::path const& file, Take take)
+/// Of lines with a word in them, and nothing of what is no file: a device or a pipe may have no end.
+template <class Take>
+void forEachLine(std::filesystem::path const& file, Take take, std::string_view with = {})
 {
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(file, error)) return;
     std::ifstream stream(file, std::ios::binary);
-    for (std::string line; std::getline(stream, line);)
+    for (std::string line; std::getline(stream, line);) {
+        if (line.find(with) == line.npos) continue;
         if (auto const words = wordsOf(line); words.size() > 1) take(std::string_view(line), words);
+    }
 }
 } // namespace
 
 std::vector<std::filesystem::path> objMaterialFiles(std::filesystem::path const& file)
 {
+    constexpr std::string_view Keyword = "mtllib";
     std::vector<std::filesystem::path> files;
-    forEachLine(file, [&](std::string_view line, Words const& words) {
-        if (words[0] == "mtllib") files.push_back(pathOf(file.parent_path(), restFrom(line, words[1])));
-    });
+    std::set<std::filesystem::path> known;
+    auto const take = [&](std::string_view line, Words const& words) {
+        if (words[0] != Keyword) return;
+        auto named = pathOf(file.parent_path(), restFrom(line, words[1]));
+        if (known.insert(named).second) files.push_back(std::move(named));
+    };
+    forEachLine(file, take, Keyword);
     return files;
 }
 

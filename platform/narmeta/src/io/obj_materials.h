@@ -6,7 +6,7 @@
 
 namespace NarMetaInfra
 {
-/// The files of materials that a text of OBJ names.
+/// The files of materials that a text of OBJ names, each once.
 std::vector<std::filesystem::path> objMaterialFiles(std::filesystem::path const& file);
 
 /// Adds what a file of materials says beyond plain colours: images, how they lie, and shares of metal and

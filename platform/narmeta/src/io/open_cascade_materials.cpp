@@ -7,7 +7,6 @@
 #include <cmath>
 
 #include <QByteArray>
-#include <QFile>
 
 #include <TDataStd_Name.hxx>
 
@@ -19,7 +18,6 @@ using NarMetaVisu::Material;
 using NarMetaVisu::Texture;
 
 constexpr float DielectricReflection = 0.04f; // share of light that any surface mirrors straight on
-constexpr qint64 LargestImage = qint64{1} << 28;
 
 std::string nameOf(Handle(XCAFDoc_VisMaterial) const& material)
 {
@@ -191,10 +189,8 @@ QByteArray MaterialMaker::bytesOf(Handle(Image_Texture) const& source) const
 {
     if (auto const& buffer = source->DataBuffer(); !buffer.IsNull())
         return {reinterpret_cast<char const*>(buffer->Data()), static_cast<qsizetype>(buffer->Size())};
-    QFile file(QString::fromUtf8(source->FilePath().ToCString()));
-    if (!file.open(QIODevice::ReadOnly) || !file.seek(std::max<qint64>(source->FileOffset(), 0))) return {};
-    auto const length = source->FileLength() > 0 ? source->FileLength() : file.size();
-    return length > LargestImage ? QByteArray() : file.read(length);
+    return imageBytes(source->FilePath().ToCString(), std::max<qint64>(source->FileOffset(), 0),
+                      std::max<qint64>(source->FileLength(), 0));
 }
 
 std::wstring MaterialMaker::unique(std::wstring name)

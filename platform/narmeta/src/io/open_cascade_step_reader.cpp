@@ -63,8 +63,10 @@ void StepReader::refuseFiles(KernelDocument& document, std::filesystem::path con
         if (!name || !*name) continue;
         std::string text;
         auto const path = folder / name;
-        if (!std::filesystem::is_regular_file(path) || !checkStepFile(path, text).refusal) continue;
-        ReadExternFile(name, "", document.document, {});
+        std::error_code error;
+        if (!std::filesystem::exists(path, error)) continue;
+        bool const isFile = std::filesystem::is_regular_file(path, error);
+        if (!isFile || checkStepFile(path, text).refusal) ReadExternFile(name, "", document.document, {});
     }
 }
 
@@ -138,7 +140,8 @@ void StepReader::readExternal(std::string const& name, KernelDocument& document,
                               std::filesystem::path const& folder, Message_ProgressRange const& range)
 {
     auto const path = folder / name;
-    if (!std::filesystem::is_regular_file(path)) return;
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(path, error)) return;
     ReadExternFile(name.c_str(), path.c_str(), document.document, range);
     TDF_LabelSequence labels;
     document.shapes()->GetShapes(labels);

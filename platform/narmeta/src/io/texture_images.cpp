@@ -1,6 +1,7 @@
 #include "texture_images.h"
 
 #include <QBuffer>
+#include <QFile>
 #include <QImageReader>
 
 namespace NarMetaInfra
@@ -11,7 +12,19 @@ using NarMetaVisu::ImagePixelFormat;
 using NarMetaVisu::TextureImage;
 
 constexpr qint64 MostPixels = qint64{1} << 26;
+constexpr qint64 LargestImage = qint64{1} << 28; // bytes
 } // namespace
+
+QByteArray imageBytes(std::filesystem::path const& path, qint64 offset, qint64 length)
+{
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(path, error))
+        return {}; // opening a pipe would wait for its other end
+    QFile file(QFile::decodeName(path.c_str()));
+    if (!file.open(QIODevice::ReadOnly) || !file.seek(offset)) return {};
+    if (length == 0) length = file.size();
+    return length > LargestImage ? QByteArray() : file.read(length);
+}
 
 std::shared_ptr<TextureImage> decodeImage(QByteArray const& encoded)
 {

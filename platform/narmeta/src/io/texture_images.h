@@ -2,14 +2,17 @@
 
 #include <narmeta/visu/TextureImage.h>
 
+#include <filesystem>
 #include <memory>
-#include <string>
-#include <vector>
 
-class QByteArray;
+#include <QByteArray>
 
 namespace NarMetaInfra
 {
+/// Bytes of an image in a file or, from @p offset on, in a part of it of @p length; 0: up to its end. Empty
+/// if they can't be read, are more than 2^28, or if what has the name is no file.
+QByteArray imageBytes(std::filesystem::path const& path, qint64 offset = 0, qint64 length = 0);
+
 /// Pixels of an encoded image (PNG, JPEG, ... whatever Qt reads) as RGBA, the top row first; null if it can't
 /// be decoded or has more than 2^26 pixels.
 std::shared_ptr<NarMetaVisu::TextureImage> decodeImage(QByteArray const& encoded);

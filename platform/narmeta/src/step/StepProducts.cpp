@@ -107,7 +107,8 @@ StepProducts::Way StepProducts::usesOf(int usage) const
         return uses;
     }
     // A chain is written from its last link on.
-    while (Entities.keywordOf(usage) == "SPECIFIED_HIGHER_USAGE_OCCURRENCE" && uses.size() < DeepestWay) {
+    for (std::size_t step = 0;
+         step < DeepestWay && Entities.keywordOf(usage) == "SPECIFIED_HIGHER_USAGE_OCCURRENCE"; ++step) {
         auto const next = Entities.argument(usage, 7).entity();
         if (Uses.contains(next)) uses.insert(uses.begin(), next);
         usage = Entities.argument(usage, 6).entity();
