@@ -35,6 +35,8 @@ TEST(Recognition, TheExtensionPlaysNoPart)
 
 TEST(Recognition, LooksAtTheStartOnly)
 {
+    std::string zeros = R"({"asset":{"version":"2.0"},"scene":0,"nodes":[)";
+    for (int i = 0; i < 1000; ++i) zeros += "0, ";
     struct {
         std::string_view head;
         bool wholeFile;
@@ -45,6 +47,7 @@ TEST(Recognition, LooksAtTheStartOnly)
         {"\n\nDBRep_DrawableShape\n", true, ModelFormat::Brep},
         {"glTF\2", true, ModelFormat::Gltf},
         {"\xEF\xBB\xBF { \"asset\" : {} }", true, ModelFormat::Gltf},
+        {zeros, false, ModelFormat::Gltf},
         {"{\"name\":\"package\"}", true, ModelFormat::Unknown},
         {"solid x\n facet normal 0 0 1\n", true, ModelFormat::Stl},
         {"solid advice for cooks\nTake an egg.\n", true, ModelFormat::Unknown},

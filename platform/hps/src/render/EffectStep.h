@@ -6,8 +6,7 @@
 namespace HPS::render
 {
 
-/// The place of effects on the picture as a whole: they will work on what is drawn between the two calls.
-/// There are none yet.
+/// The effects on the picture as a whole: they work on what is drawn between the two calls.
 class EffectStep
 {
 public:

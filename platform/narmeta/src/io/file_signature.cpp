@@ -138,8 +138,8 @@ ModelFormat recogniseFormat(std::string_view head, bool wholeFile)
     if (isStlText(head)) return ModelFormat::Stl;
     if (isStep(head)) return ModelFormat::Step;
     if (isIges(head)) return ModelFormat::Iges;
+    if (isGltfText(head, wholeFile)) return ModelFormat::Gltf; // its characters may be good numbers, too
     if (isStlBinary(head, wholeFile)) return ModelFormat::Stl;
-    if (isGltfText(head, wholeFile)) return ModelFormat::Gltf;
     if (isObj(head, wholeFile)) return ModelFormat::Obj;
     return ModelFormat::Unknown;
 }

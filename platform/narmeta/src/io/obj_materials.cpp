@@ -1,8 +1,8 @@
 #include "obj_materials.h"
 
+#include "number_text.h"
+
 #include <algorithm>
-#include <charconv>
-#include <cmath>
 #include <fstream>
 #include <set>
 
@@ -33,15 +33,6 @@ std::string_view restFrom(std::string_view line, std::string_view word)
     return line.substr(start, line.find_last_not_of(Blanks) + 1 - start);
 }
 
-std::optional<double> numberOf(std::string_view word)
-{
-    double number = 0;
-    auto const [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
-    if (error != std::errc() || end != word.data() + word.size() || !std::isfinite(number))
-        return std::nullopt;
-    return number;
-}
-
 std::filesystem::path pathOf(std::filesystem::path const& folder, std::string_view name)
 {
     std::string text(name);
@@ -62,7 +53,7 @@ constexpr ImageOption ImageOptions[] = {
 void apply(std::string_view option, Words const& values, TextureUse& use)
 {
     auto const number = [&](std::size_t i) {
-        return i < values.size() ? numberOf(values[i]) : std::optional<double>();
+        return i < values.size() ? ParseNumber<double>(values[i]) : std::optional<double>();
     };
     for (std::size_t i = 0; i < 2; ++i) {
         if (option == "-o") use.offset[i] = number(i).value_or(use.offset[i]);
@@ -82,7 +73,7 @@ std::optional<TextureUse> imageOf(std::filesystem::path const& folder, std::stri
         if (option == std::end(ImageOptions)) break;
         Words values;
         for (++i; i < words.size() && values.size() < option->most; ++i) {
-            if (values.size() >= option->least && !numberOf(words[i])) break;
+            if (values.size() >= option->least && !ParseNumber<double>(words[i])) break;
             values.push_back(words[i]);
         }
         if (values.size() < option->least) return std::nullopt;
@@ -141,7 +132,7 @@ void readObjMaterials(std::filesystem::path const& file, MaterialDetailMap& mate
         if (words[0] == "newmtl") current = &materials[std::string(restFrom(line, words[1]))];
         if (!current) return;
         auto const share = [&] {
-            auto const number = numberOf(words[1]);
+            auto const number = ParseNumber<double>(words[1]);
             return number ? std::optional(static_cast<float>(std::clamp(*number, 0.0, 1.0))) : std::nullopt;
         };
         if (words[0] == "Pr") current->roughnessShare = share();
