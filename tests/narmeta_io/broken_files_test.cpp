@@ -91,6 +91,12 @@ BrokenFile const BrokenFiles[] = {
      gltfOf(R"([{"nodes":["0"]}])", R"([{"mesh":0,"children":["0"]}])"), IoOutcome::Damaged},
     {"gltf with a ring of names", gltfOf(R"({"0":{"nodes":["a"]}})", R"({"a":{"mesh":0,"children":["a"]}})"),
      IoOutcome::Damaged},
+    {"gltf of more corners than bytes",
+     [] {
+         auto text = gltfOf(R"([{"nodes":[0]}])", R"([{"mesh":0}])");
+         return text.replace(text.find("\"count\":3"), 9, "\"count\":4294967295");
+     }(),
+     IoOutcome::Damaged},
     {"gltf that nests without end", deepGltf(60'000), IoOutcome::Damaged},
     {"step of too many places", endlessStep(40, false), IoOutcome::Damaged},
     {"step that contains itself", endlessStep(3, true), IoOutcome::Damaged},

@@ -89,6 +89,30 @@ std::vector<std::filesystem::path> GltfFile::otherFiles() const
     return files;
 }
 
+std::optional<qint64> GltfFile::sizeOf(QString const& bufferName) const
+{
+    if (bufferName.startsWith("data:")) return bufferName.size();
+    QFile const file(QFile::decodeName((bufferName.isEmpty() ? Path : fileOf(bufferName)).c_str()));
+    return file.exists() ? std::optional(file.size()) : std::nullopt;
+}
+
+bool GltfFile::promisesTooMuch() const
+{
+    std::vector<std::optional<qint64>> sizes;
+    for (auto const& buffer : Buffers) sizes.push_back(sizeOf(buffer.toObject()["uri"].toString()));
+    return std::ranges::any_of(Accessors, [&](QJsonValue const& accessor) {
+        auto const number = accessor["bufferView"].toInt(-1);
+        if (number < 0 || number >= BufferViews.size()) return false;
+        auto const view = BufferViews.at(number).toObject();
+        QJsonValue const packed = view["extensions"].toObject()["EXT_meshopt_compression"];
+        auto const buffer = static_cast<std::size_t>(view["buffer"].toInt(-1));
+        if (!packed.isObject() && (buffer >= sizes.size() || !sizes[buffer])) return false;
+        auto const most = packed.isObject() ? packed["count"].toDouble() * packed["byteStride"].toDouble()
+                                            : static_cast<double>(*sizes[buffer]);
+        return accessor["count"].toDouble() > most;
+    });
+}
+
 QByteArray GltfFile::bytesOf(int buffer, qint64 offset, qint64 length) const
 {
     if (buffer < 0 || buffer >= Buffers.size() || offset < 0 || length < 0 || length > LargestRead) return {};

@@ -27,6 +27,8 @@ public:
     /// Where the binary part of a .glb file begins; 0 for .gltf.
     qint64 binaryPart() const { return BinaryPart; }
 
+    /// Whether an accessor has more elements than there are bytes for it: the kernel would make room for all.
+    bool promisesTooMuch() const;
     /// Bytes of a buffer; empty if they are not all there.
     QByteArray bytesOf(int buffer, qint64 offset, qint64 length) const;
     /// Replaces the bytes of a view, which stand compressed in the file.
@@ -37,6 +39,9 @@ public:
     std::optional<std::vector<float>> floatsOf(int accessor, int components) const;
 
 private:
+    /// At most so many bytes; nothing if the buffer's file can't be found.
+    std::optional<qint64> sizeOf(QString const& bufferName) const;
+
     std::filesystem::path Path;
     QJsonObject Document;
     qint64 BinaryPart = 0;

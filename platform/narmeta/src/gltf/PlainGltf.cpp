@@ -65,7 +65,7 @@ template <class Change> void changePrimitives(QJsonObject& document, Change chan
 
 PlainGltf::PlainGltf(std::filesystem::path const& file) : File(file), Path(file), Document(File.document())
 {
-    Refusal = refusalOfGltf(Document);
+    Refusal = File.promisesTooMuch() ? "it has more numbers than bytes" : refusalOfGltf(Document);
     warnOfExtensions();
     if (!Refusal.empty() || isPlain()) return;
     Buffers = Document.value("buffers").toArray();
