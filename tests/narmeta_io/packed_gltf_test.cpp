@@ -321,7 +321,7 @@ TEST_P(PackedGltfTest, DamageIsAnErrorOrAModelAndNothingElse)
         if (turn % 3 == 0) damaged.resize(random() % damaged.size());
         auto const path = folder.write("damaged.glb", damaged);
         ZelIO io;
-        io.SetReadIsolated(true, 60, std::uint64_t{8} << 30);
+        io.SetReadIsolated(true, 60);
         ZELProductStructure model;
         bool const read = io.Read(path.wstring().c_str(), &model, nullptr);
         EXPECT_EQ(read, io.GetErrorMessage().empty()) << turn;
