@@ -47,7 +47,7 @@ TEST(ObjMaterials, HaveImagesForAllThatTheyAreMadeOf)
                  "norm .\\normal.ppm\nmap_Bump -bm 0.2 bump.ppm\nmap_Pr rough.ppm\nmap_Ks gone.ppm\n");
     auto const read = ReadSupport::read(
         folder.write("sheet.obj", "mtllib paint.mtl\nv 0 0 0\nv 1 0 0\nv 0 1 0\nvt 0 0\nvt 1 0\nvt 0 1\n"
-                                  "usemtl paint\nf 1/1 2/2 3/3\n"));
+                                  "usemtl paint\nf 1/1 2/2 3/3"));
     ASSERT_EQ(read->result.outcome, IoOutcome::Done);
     ASSERT_EQ(read->result.warnings.size(), 1u);
     EXPECT_NE(read->result.warnings[0].find(L"gone.ppm"), std::wstring::npos);

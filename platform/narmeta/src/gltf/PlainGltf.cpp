@@ -6,11 +6,9 @@
 #include <algorithm>
 #include <array>
 
+#include <QFile>
 #include <QJsonDocument>
 #include <QStringList>
-
-#include <sys/mman.h>
-#include <unistd.h>
 
 namespace NarMetaInfra
 {
@@ -39,10 +37,9 @@ bool isHandled(QString const& extension)
     return own.contains(extension);
 }
 
-bool isMemoryFile(int descriptor, QByteArray const& bytes)
+QString nameFromCopy(std::filesystem::path const& file)
 {
-    return descriptor >= 0 &&
-           write(descriptor, bytes.constData(), static_cast<std::size_t>(bytes.size())) == bytes.size();
+    return QFile::decodeName(MemoryFile::nameOf(file).c_str());
 }
 
 // Changes every primitive of every mesh by `change`, which gives false to leave it out.
@@ -79,11 +76,6 @@ PlainGltf::PlainGltf(std::filesystem::path const& file) : File(file), Path(file)
     if (Refusal.empty()) writeCopy();
 }
 
-PlainGltf::~PlainGltf()
-{
-    for (int const descriptor : Descriptors) close(descriptor);
-}
-
 bool PlainGltf::isPlain() const
 {
     for (auto const& extension : Document.value("extensionsUsed").toArray())
@@ -106,14 +98,8 @@ void PlainGltf::warnOfExtensions()
                                "\", which is not supported; it may look different");
 }
 
-// The kernel looks for other files from the folder of the copy, which is that of this process's descriptors.
 void PlainGltf::nameFiles()
 {
-    auto const nameFromCopy = [&](std::filesystem::path const& file) {
-        std::error_code error;
-        auto const whole = std::filesystem::absolute(file, error);
-        return QString::fromStdString("../../.." + whole.string());
-    };
     for (qsizetype i = 0; i < Buffers.size(); ++i) {
         auto buffer = Buffers.at(i).toObject();
         auto const name = buffer.value("uri").toString();
@@ -306,13 +292,11 @@ void PlainGltf::spreadInstances()
 
 void PlainGltf::writeCopy()
 {
-    auto const inMemory = [&](char const* name) {
-        auto const descriptor = memfd_create(name, MFD_CLOEXEC);
-        if (descriptor >= 0) Descriptors.push_back(descriptor);
-        return descriptor;
+    auto const bytesIn = [](QByteArray const& bytes) {
+        return std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size()));
     };
-    auto const added = inMemory("buffer");
-    auto const addedName = QString::number(added);
+    AddedFile = std::make_unique<MemoryFile>(bytesIn(Added));
+    auto const addedName = nameFromCopy(AddedFile->path());
     for (qsizetype i = 0; i < Buffers.size(); ++i) { // the place of what was compressed has no bytes
         auto buffer = Buffers.at(i).toObject();
         if (buffer.value("uri").isUndefined()) buffer["uri"] = addedName;
@@ -323,11 +307,8 @@ void PlainGltf::writeCopy()
     Document["bufferViews"] = Views;
     Document["accessors"] = Accessors;
     Document.remove("extensionsRequired");
-    auto const copy = inMemory("model.gltf");
-    if (isMemoryFile(added, Added) &&
-        isMemoryFile(copy, QJsonDocument(Document).toJson(QJsonDocument::Compact)))
-        Path = "/proc/self/fd/" + std::to_string(copy);
-    else
-        Refusal = "there is no memory for its unpacked form";
+    Copy = std::make_unique<MemoryFile>(bytesIn(QJsonDocument(Document).toJson(QJsonDocument::Compact)));
+    Path = Copy->path();
+    if (Path.empty() || AddedFile->path().empty()) Refusal = "there is no memory for its unpacked form";
 }
 } // namespace NarMetaInfra

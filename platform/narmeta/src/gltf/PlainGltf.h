@@ -1,7 +1,9 @@
 #pragma once
 
 #include "GltfFile.h"
+#include "MemoryFile.h"
 
+#include <memory>
 #include <string>
 
 namespace NarMetaInfra
@@ -13,9 +15,6 @@ class PlainGltf
 {
 public:
     explicit PlainGltf(std::filesystem::path const& file);
-    ~PlainGltf();
-    PlainGltf(PlainGltf const&) = delete;
-    PlainGltf& operator=(PlainGltf const&) = delete;
 
     /// Why the file can't be shown, in words for the user; empty if it can.
     std::string const& refusal() const { return Refusal; }
@@ -47,6 +46,6 @@ private:
     QByteArray Added; ///< the bytes of a buffer behind the file's own
     std::string Refusal;
     std::vector<std::string> Warnings;
-    std::vector<int> Descriptors;
+    std::unique_ptr<MemoryFile> AddedFile, Copy;
 };
 } // namespace NarMetaInfra

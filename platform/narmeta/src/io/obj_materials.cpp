@@ -1,5 +1,6 @@
 #include "obj_materials.h"
 
+#include "MemoryFile.h"
 #include "number_text.h"
 
 #include <algorithm>
@@ -123,6 +124,23 @@ std::vector<std::filesystem::path> objMaterialFiles(std::filesystem::path const&
     };
     forEachLine(file, take, Keyword);
     return files;
+}
+
+std::optional<std::string> endedObj(std::filesystem::path const& file)
+{
+    std::ifstream stream(file, std::ios::binary);
+    char last = '\n';
+    if (!stream.seekg(-1, std::ios::end) || !stream.get(last) || last == '\n') return std::nullopt;
+    stream.seekg(0);
+    std::string text;
+    for (std::string line; std::getline(stream, line);) {
+        auto const words = wordsOf(line);
+        if (words.size() > 1 && words[0] == "mtllib")
+            line =
+                "mtllib " + MemoryFile::nameOf(pathOf(file.parent_path(), restFrom(line, words[1]))).string();
+        text += line + '\n';
+    }
+    return text;
 }
 
 void readObjMaterials(std::filesystem::path const& file, MaterialDetailMap& materials)

@@ -1,3 +1,4 @@
+#include "MemoryFile.h"
 #include "PlainGltf.h"
 #include "gltf_materials.h"
 #include "mesh_text_check.h"
@@ -61,10 +62,14 @@ bool isIgesComplete(std::filesystem::path const& file)
     return !last.empty() && last[72] == 'T';
 }
 
+void nameLabel(TDF_Label const& label, KernelDocument const& document)
+{
+    TDataStd_Name::Set(label, TCollection_ExtendedString(utf8FromWide(document.title).c_str(), true));
+}
+
 void addShape(KernelDocument& document, TopoDS_Shape const& shape)
 {
-    auto const label = document.shapes()->AddShape(shape, false);
-    TDataStd_Name::Set(label, TCollection_ExtendedString(utf8FromWide(document.title).c_str(), true));
+    nameLabel(document.shapes()->AddShape(shape, false), document);
 }
 
 // A mesh node without a transform stands in the document as the mesh itself, and if other nodes share that
@@ -180,8 +185,13 @@ LoadOutcome loadObj(std::filesystem::path const& file, KernelDocument& document,
 {
     // The format states neither unit nor direction: numbers are taken as they are.
     RWObj_CafReader reader;
-    auto outcome = loadMeshScene(reader, "OBJ", file, document, support, range);
+    auto const ended = endedObj(file);
+    MemoryFile const copy(ended.value_or(std::string()));
+    auto outcome = loadMeshScene(reader, "OBJ", ended ? copy.path() : file, document, support, range);
     if (!outcome && !isObjTailWhole(tailOf(file))) document.warnings.push_back(endsEarly("OBJ"));
+    // The whole bears the name of the file that the kernel saw.
+    auto const roots = document.rootLabels();
+    if (!outcome && roots.size() == 1) nameLabel(roots.front(), document);
     document.otherFiles = objMaterialFiles(file);
     for (auto const& materials : *document.otherFiles) readObjMaterials(materials, document.materialDetails);
     return outcome;
