@@ -13,7 +13,6 @@ namespace
 struct Exchange {
     std::atomic<double> done = 0;
     std::atomic<bool> cancel = false;
-    std::atomic<bool> ended = false;
     std::atomic<bool> good = false;
 };
 
@@ -37,10 +36,7 @@ Loader::Loader(Plugin const& plugin, ReadGuard const& guard, QObject* parent)
     : QObject(parent), Source(plugin), Guard(guard)
 {
     Poll.setInterval(PollMilliseconds);
-    connect(&Poll, &QTimer::timeout, this, [this] {
-        emit progressed(exchange().done);
-        if (exchange().ended) collect();
-    });
+    connect(&Poll, &QTimer::timeout, this, [this] { emit progressed(exchange().done); });
 }
 
 Loader::~Loader()
@@ -69,16 +65,15 @@ void Loader::next()
     Reading = std::make_shared<OpenDocument>(Source, Current.path);
     exchange().done = 0;
     exchange().cancel = false;
-    exchange().ended = false;
     emit started(Current.path);
-    Worker = std::thread([&source = Source, &document = *Reading->document,
+    Worker = std::thread([this, &source = Source, &document = *Reading->document,
                           path = Current.path.toStdWString(), guard = Guard] {
         try {
             exchange().good = source.readAhead(document, path, guard, takeProgress);
         } catch (std::exception const&) {
             exchange().good = false; // a reader tells its own faults by its result; this one had no memory
         }
-        exchange().ended = true;
+        QMetaObject::invokeMethod(this, &Loader::collect, Qt::QueuedConnection);
     });
     Poll.start();
 }

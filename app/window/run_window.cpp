@@ -78,10 +78,10 @@ ExitCode runWindow(Options const& options, Console const& console)
     for (std::wstring const& warning : warnings)
         MoraCore::SessionMgr::Instance().CurrentSession().PrintMessage(warning,
                                                                        MoraCore::MessageType::Warning);
-    window.show();
     QStringList files;
     for (std::string const& file : options.files) files << QString::fromStdString(file);
-    window.open(files, Placement::NewTab);
+    window.open(files, Placement::NewTab); // read beside this thread, while the window comes up
+    window.show();
     return QApplication::exec() == 0 ? ExitCode::Good : ExitCode::Stopped;
 }
 
