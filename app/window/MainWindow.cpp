@@ -228,7 +228,11 @@ void MainWindow::tabChanged()
         Trees->setCurrentWidget(tab->treePanel());
         unsigned long long parts = 0, bodies = 0;
         tab->document().GetContentCounts(parts, bodies);
-        Counts->setText(tr("%1 parts, %2 bodies").arg(parts).arg(bodies));
+        Counts->setText(QStringLiteral("%1 %2, %3 %4")
+                            .arg(parts)
+                            .arg(parts == 1 ? tr("part") : tr("parts"))
+                            .arg(bodies)
+                            .arg(bodies == 1 ? tr("body") : tr("bodies")));
         setWindowTitle(QFileInfo(tab->path()).fileName() + QStringLiteral(" – zelview"));
         setWindowFilePath(tab->path());
     } else {
