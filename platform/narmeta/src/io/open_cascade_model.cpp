@@ -235,8 +235,11 @@ void ModelBuilder::addPart(std::vector<TDF_Label> labels, ReferencePointer refer
 
 std::wstring ModelBuilder::unique(std::wstring pid)
 {
-    auto const base = pid;
-    for (int repeat = 2; !Pids.insert(pid).second; ++repeat) pid = base + L"~" + std::to_wstring(repeat);
+    auto& repeats = Pids.try_emplace(pid, 0).first->second;
+    if (repeats++ == 0) return pid;
+    // From where the last search ended: a file may use one part a hundred thousand times.
+    for (auto const base = pid; !Pids.try_emplace(pid = base + L"~" + std::to_wstring(repeats), 1).second;)
+        ++repeats;
     return pid;
 }
 

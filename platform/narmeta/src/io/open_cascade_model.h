@@ -9,7 +9,6 @@
 
 #include <narmeta/infra/ZELProductStructure.h>
 
-#include <unordered_set>
 
 namespace NarMetaInfra
 {
@@ -114,7 +113,7 @@ private:
     TDF_Label Top; // the assembly that the model itself stands for; may be null
     std::vector<OccurrenceColour> OccurrenceColours;
     std::unordered_map<ZELReference const*, OwnColours> PartColours;
-    std::unordered_set<std::wstring> Pids;
+    std::unordered_map<std::wstring, int> Pids; // and how often each was asked for
     bool HasContents = false;
 };
 } // namespace NarMetaInfra
