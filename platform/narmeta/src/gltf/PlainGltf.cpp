@@ -8,7 +8,6 @@
 
 #include <QFile>
 #include <QJsonDocument>
-#include <QStringList>
 
 namespace NarMetaInfra
 {
@@ -30,11 +29,16 @@ struct AttributeKind {
 constexpr AttributeKind Attributes[] = {{"POSITION", 3}, {"NORMAL", 3}, {"TEXCOORD_0", 2}};
 constexpr char const* Types[] = {"", "SCALAR", "VEC2", "VEC3", "VEC4"};
 
+// What the kernel can't read, and the copy does without.
+bool isUnpacked(QString const& extension)
+{
+    return extension == Meshopt || extension == Draco || extension == Quantised || extension == Instancing;
+}
+
 bool isHandled(QString const& extension)
 {
-    if (extension.startsWith("KHR_materials_") || extension == "KHR_texture_transform") return true;
-    static QStringList const own = {Meshopt, Draco, Quantised, Instancing};
-    return own.contains(extension);
+    return isUnpacked(extension) || extension.startsWith("KHR_materials_") ||
+           extension == "KHR_texture_transform";
 }
 
 QString nameFromCopy(std::filesystem::path const& file)
@@ -79,9 +83,7 @@ PlainGltf::PlainGltf(std::filesystem::path const& file) : File(file), Path(file)
 bool PlainGltf::isPlain() const
 {
     for (auto const& extension : Document.value("extensionsUsed").toArray())
-        if (auto const name = extension.toString();
-            name == Meshopt || name == Draco || name == Quantised || name == Instancing)
-            return false;
+        if (isUnpacked(extension.toString())) return false;
     auto const hasEscape = [](QJsonValue const& entry) {
         auto const name = entry.toObject().value("uri").toString();
         return !name.startsWith("data:") && name.contains('%');
